@@ -1,0 +1,22 @@
+// Opening a binary TYP: one pass that never stops on an error. What cannot be
+// read goes into ReadErrorLog and reading goes on with the next field.
+#pragma once
+
+#include <string>
+
+#include "document/document.h"
+
+namespace mirvane {
+
+// Resets `doc` and reads `file` into it. `path` names the file for the
+// document's path fields and the listing; it is not opened.
+void ReadBinaryTyp(Document& doc, const Bytes& file, const std::string& path = {});
+
+// Reads the whole file into memory and then as above. False, with `doc`
+// untouched, when the file cannot be read at all.
+bool OpenBinaryTyp(Document& doc, const std::string& path);
+
+// Whole file into memory; no value when it cannot be read.
+bool ReadWholeFile(const std::string& path, Bytes& out);
+
+}  // namespace mirvane

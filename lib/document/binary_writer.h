@@ -1,0 +1,35 @@
+// Writing a binary TYP from the records alone, with every offset computed afresh.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "document/document.h"
+
+namespace mirvane {
+
+struct SaveTime {
+    int Year = 2000, Month = 1, Day = 1, Hour = 0, Minute = 0, Second = 0;
+    static SaveTime Now();
+};
+
+// Why a save failed, as the run-time would number it (6 overflow, 9 out of
+// range, 13 type mismatch, 75 path/file access error).
+struct SaveFailure {
+    int ErrorNumber = 0;
+    std::string Description;
+};
+
+// Builds the file's bytes. Changes `doc` as a save does: record order, record
+// offsets, header fields and the canonical draw order rows.
+std::optional<SaveFailure> BuildBinaryTyp(Document& doc, Bytes& out, const SaveTime& time);
+
+// Builds and writes through a temporary file renamed over `path`, so a failed
+// save never destroys the file that was there. Clears the modified flags.
+std::optional<SaveFailure> SaveBinaryTyp(Document& doc, const std::string& path,
+                                         const SaveTime& time = SaveTime::Now());
+
+// The message box text of a failed save.
+std::string SaveFailureMessage(const SaveFailure& failure);
+
+}  // namespace mirvane

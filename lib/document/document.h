@@ -1,0 +1,72 @@
+// One TYP document, shared by every view of the program.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "document/records.h"
+
+namespace mirvane {
+
+enum class DocumentState { None, New, Loaded };
+
+// What the main window's identity fields hold. The writer takes its header
+// values from here, so a document read from one file can be saved with
+// another FID, code page or header size.
+struct IdentityFields {
+    std::string txtFID;
+    std::string txtProductCode;
+    int CodePageIndex = -1;   // cbbCodepage: CodePage - 1250, -1 when none is selected
+    int HeaderSizeIndex = -1; // cbbHeadersize: 0..4 known sizes, 5 for an added item
+    std::string HeaderSizeText;  // the combo's text, "120 octets : format inconnu" for an added item
+};
+
+struct Document {
+    TypHeader Header;
+    HeaderExtra1 Extra1;
+    HeaderExtra2 Extra2;
+    HeaderExtra3 Extra3;
+    HeaderExtra4 Extra4;
+
+    std::vector<PolygonRecord> Polygons;
+    // Regular polylines first, then the ExtraPolylineCount ones of the extra index.
+    std::vector<PolylineRecord> Polylines;
+    std::vector<PoiRecord> Pois;
+    std::vector<ExtraPoiRecord> ExtraPois;
+
+    int PolylineCount = 0;
+    int ExtraPolylineCount = 0;
+    int ExtraPoiCount = 0;
+    int LabelCount = 0;
+
+    Bytes ExtraPoiDataBytes, ExtraPoiIndexBytes;
+    Bytes LabelTextBytes, LabelTable1Bytes, LabelTable2Bytes;
+    Bytes HeaderGapBytes;  // between header and first section; the TYP's comment text
+
+    std::int32_t PoiDataBase = 0, PolygonDataBase = 0, PolylineDataBase = 0, DrawOrderBase = 0;
+
+    std::string FilePath, FileName, FileFolder;
+    std::string FileLengthText = "0";
+
+    std::string ReadErrorLog;
+    bool ReadErrorFlag = false;
+
+    // The rows of ListDraworder are the store of the draw order:
+    // "Type=0x10f,SubType=0x01,3" or "Type=0x003,1".
+    std::vector<std::string> DrawOrderRows;
+
+    IdentityFields Identity;
+    DocumentState State = DocumentState::None;
+    bool FromText = false;  // loaded from the text form rather than a binary file
+    bool ModifiedFlag = false;
+    bool TextAppliedFlag = false;
+
+    int PolygonCount() const { return static_cast<int>(Polygons.size()); }
+    int PoiCount() const { return static_cast<int>(Pois.size()); }
+
+    // Back to the empty state of a closed document.
+    void Reset() { *this = Document{}; }
+};
+
+}  // namespace mirvane

@@ -1,0 +1,144 @@
+#include "document/encoding.h"
+
+#include <cstdio>
+
+namespace mirvane {
+
+std::optional<int> ColourCountOf(std::uint8_t flagsByte) {
+    switch (flagsByte & 7) {
+    case 0: return 2;
+    case 1: return 4;
+    case 3: return 3;
+    case 5: return 3;
+    case 6: return 1;
+    case 7: return 2;
+    default: return std::nullopt;
+    }
+}
+
+int PaletteByteLength(int colourCount, int colourMode) {
+    if (colourMode == 32) return (colourCount * 7 + 1) / 2;  // whole part of n * 3.5 + 0.5
+    return colourCount * 3;
+}
+
+std::optional<int> BitsPerPixel(int colourMode, int colourCount) {
+    if (colourMode != 0 && colourMode != 16 && colourMode != 32) return std::nullopt;
+    const bool mode16 = colourMode == 16;
+    if (colourCount == 0) return 1;
+    if (colourCount == 1) return mode16 ? 2 : 1;
+    if (colourCount == 2) return 2;
+    if (colourCount == 3) return mode16 ? 4 : 2;
+    if (colourCount <= 14) return 4;
+    if (colourCount == 15) return mode16 ? 8 : 4;
+    return 8;
+}
+
+int PaddedRowWidth(int width, int bitsPerPixel) {
+    const int perByte = 8 / bitsPerPixel;
+    if (width % perByte == 0) return width;
+    return (width / perByte + 1) * perByte;
+}
+
+int PalettePixelByteLength(int width, int height, int bitsPerPixel) {
+    return PaddedRowWidth(width, bitsPerPixel) * height * bitsPerPixel / 8;
+}
+
+std::optional<int> TrueColourPixelByteLength(int width, int height, int colourMode) {
+    const int pixels = width * height;
+    switch (colourMode) {
+    case 0: return pixels * 3;
+    case 16: return pixels * 3 + 3;
+    case 32: return (pixels * 7 + 1) / 2;
+    default: return std::nullopt;
+    }
+}
+
+int PolygonRecordLength(const PolygonRecord& r) {
+    int length = 1 + static_cast<int>(r.ColourBytes.size());
+    if (r.Flags & 0x08) length += 128;
+    if (r.Flags & 0x10) length += static_cast<int>(r.LabelBytes.size());
+    if (r.Flags & 0x20) length += static_cast<int>(r.ExtendedLabelBytes.size());
+    return length;
+}
+
+int PolylineRecordLength(const PolylineRecord& r) {
+    int length = 2 + static_cast<int>(r.ColourBytes.size() + r.PatternBytes.size());
+    if (r.Flags2 & 0x01) length += static_cast<int>(r.LabelBytes.size());
+    if (r.Flags2 & 0x04) length += static_cast<int>(r.ExtendedLabelBytes.size());
+    return length;
+}
+
+// Keeps the reader's slip: the day palette of a POI of size 0 is not counted,
+// though the reader read it.
+int PoiRecordLength(const PoiRecord& r) {
+    int length = 5;
+    const bool sized = r.Width > 0 && r.Height > 0;
+    const PoiBitmap& day = r.Bitmaps[0];
+    const PoiBitmap& night = r.Bitmaps[1];
+    if (sized) {
+        if (day.ColourCount > 0) length += static_cast<int>(day.PaletteBytes.size());
+        length += static_cast<int>(day.PixelBytes.size());
+    }
+    if (r.Flags & 0x02) {
+        length += 2;
+        if (sized) {
+            if (night.ColourCount > 0) length += static_cast<int>(night.PaletteBytes.size());
+            if (r.Flags & 0x01) length += static_cast<int>(night.PixelBytes.size());
+        }
+    }
+    if (r.Flags & 0x04) length += static_cast<int>(r.LabelBytes.size());
+    if (r.Flags & 0x08) length += static_cast<int>(r.ExtendedLabelBytes.size());
+    return length;
+}
+
+bool LabelPrefixIsOneByte(std::uint8_t first) { return (first & 1) != 0; }
+
+int LabelBlockLength(std::uint8_t first, std::uint8_t second) {
+    if (LabelPrefixIsOneByte(first)) return 1 + (first - 1) / 2;
+    const int w = first | (second << 8);
+    return 2 + (w - 2) / 4;
+}
+
+int ExtendedLabelBlockLength(std::uint8_t first) {
+    switch (first >> 3) {
+    case 0: return 1;
+    case 1:
+    case 2: return 4;
+    case 3: return 7;
+    default: return first;  // damaged data: the byte itself is taken as the length
+    }
+}
+
+int HexValue(std::string_view text) {
+    int value = 0;
+    for (char c : text) {
+        int digit;
+        if (c >= '0' && c <= '9') digit = c - '0';
+        else if (c >= 'a' && c <= 'f') digit = c - 'a' + 10;
+        else if (c >= 'A' && c <= 'F') digit = c - 'A' + 10;
+        else break;
+        if (value > 0x7FFFFFF) break;  // keeps an absurd text from overflowing
+        value = value * 16 + digit;
+    }
+    return value;
+}
+
+static std::string PaddedHex(int value, int digits) {
+    char buffer[16];
+    std::snprintf(buffer, sizeof buffer, "%0*x", digits, static_cast<unsigned>(value));
+    std::string text(buffer);
+    return text.substr(text.size() - digits);
+}
+
+std::string TypeText(int typeNumber) { return PaddedHex(typeNumber, 3); }
+std::string SubTypeText(int subTypeNumber) { return PaddedHex(subTypeNumber, 2); }
+
+std::string ListRowText(const std::string& type, const std::string& subType) {
+    return "Type=0x" + type + " - SubType=0x" + subType;
+}
+
+int TypeKey(const std::string& type, const std::string& subType) {
+    return HexValue(type) * 32 + HexValue(subType);
+}
+
+}  // namespace mirvane

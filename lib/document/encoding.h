@@ -1,0 +1,56 @@
+// Sizes and small encodings of the object records on disk.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "document/records.h"
+
+namespace mirvane {
+
+// Colours of a polygon or polyline from the low three bits of its first byte;
+// layouts 2 and 4 have no colour count.
+std::optional<int> ColourCountOf(std::uint8_t flagsByte);
+
+// Palette size in bytes; mode 32 packs 28 bits an entry.
+int PaletteByteLength(int colourCount, int colourMode);
+
+// Bits per palette pixel; no value for modes other than 0, 16 and 32.
+std::optional<int> BitsPerPixel(int colourMode, int colourCount);
+
+// Width rounded up to whole bytes of pixels.
+int PaddedRowWidth(int width, int bitsPerPixel);
+
+// Bytes of a palette-coded bitmap.
+int PalettePixelByteLength(int width, int height, int bitsPerPixel);
+
+// Bytes of a true colour bitmap; no value for unknown modes.
+std::optional<int> TrueColourPixelByteLength(int width, int height, int colourMode);
+
+int PolygonRecordLength(const PolygonRecord& record);
+int PolylineRecordLength(const PolylineRecord& record);
+int PoiRecordLength(const PoiRecord& record);
+
+// Whole length of a label block (prefix included) from its first one or two bytes.
+int LabelBlockLength(std::uint8_t first, std::uint8_t second);
+bool LabelPrefixIsOneByte(std::uint8_t first);
+
+// Whole length of an extended label block from its first byte.
+int ExtendedLabelBlockLength(std::uint8_t first);
+
+// Hexadecimal value of a Type or SubType text; what cannot be read counts as 0.
+int HexValue(std::string_view text);
+
+// "10f", "01": lowercase, zero padded, cut to the rightmost digits.
+std::string TypeText(int typeNumber);
+std::string SubTypeText(int subTypeNumber);
+
+// Row of ListPolygone, ListPolyline, ListPOI and ListExtraPOI.
+std::string ListRowText(const std::string& type, const std::string& subType);
+
+// Numeric sort key: type * 32 + subtype, as in the index rows.
+int TypeKey(const std::string& type, const std::string& subType);
+
+}  // namespace mirvane

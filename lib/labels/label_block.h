@@ -1,0 +1,44 @@
+// Label blocks (LabelBytes) and extended label blocks (ExtendedLabelBytes).
+// Text stays bytes in the document's code page.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "document/records.h"
+
+namespace mirvane {
+
+struct LabelText {
+    std::uint8_t LanguageCode = 0;
+    std::string Text;  // bytes in the document's code page, no terminator
+    bool operator==(const LabelText&) const = default;
+};
+
+// Decodes a whole block, prefix included. No value for a bad block (first
+// byte below 2, or a block that ends inside its prefix).
+std::optional<std::vector<LabelText>> DecodeLabelBlock(const Bytes& block);
+
+// One-byte prefix (L * 2 + 1) below 128 payload bytes, two bytes (L * 4 + 2) from 128.
+Bytes EncodeLabelBlock(const std::vector<LabelText>& texts);
+
+struct ExtendedLabelStyle {
+    int FontStyle = 0;    // bits 0-2: 0 Default .. 4 LargeFont
+    int CustomColor = 0;  // bits 3-4: 0 No, 1 Day, 2 Night, 3 DayAndNight
+    std::uint32_t DayColour = 0;    // 0x00BBGGRR
+    std::uint32_t NightColour = 0;  // 0x00BBGGRR
+    bool operator==(const ExtendedLabelStyle&) const = default;
+};
+
+// Reads what the block holds; colours missing from a short block stay 0.
+ExtendedLabelStyle DecodeExtendedLabelBlock(const Bytes& block);
+Bytes EncodeExtendedLabelBlock(const ExtendedLabelStyle& style);
+
+// "Default", "NoLabel (invisible)", "SmallFont", "NormalFont", "LargeFont"; empty past 4.
+std::string FontStyleText(int fontStyle);
+// "No", "Day", "Night", "DayAndNight".
+std::string CustomColorText(int customColor);
+
+}  // namespace mirvane

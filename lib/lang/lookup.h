@@ -1,0 +1,30 @@
+// Texts in the current language. The built-in language is French: every call
+// carries its French default, so the program runs without any language file.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mirvane {
+
+// The built-in language, which needs no file.
+inline constexpr const char* kBuiltInLanguage = "Francais";
+
+// Folder holding the .lng files ("Langues" beside the program).
+void SetLanguageFolder(std::string folder);
+const std::string& LanguageFolder();
+
+void SetLanguageName(std::string name);
+const std::string& LanguageName();
+
+// The value of `key` in `section` of the current language's file, or
+// `defaultText` when the file or the key is absent. At most 254 characters.
+std::string LookupText(std::string_view section, std::string_view defaultText, std::string_view key);
+
+bool LanguageExists(std::string_view name);
+
+// Base names of the .lng files of the language folder.
+std::vector<std::string> ListLanguages();
+
+}  // namespace mirvane
