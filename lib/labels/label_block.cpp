@@ -1,0 +1,97 @@
+#include "labels/label_block.h"
+
+#include "document/encoding.h"
+
+namespace mirvane {
+
+std::optional<std::vector<LabelText>> DecodeLabelBlock(const Bytes& block) {
+    if (block.empty() || block[0] < 2) return std::nullopt;
+    const std::size_t prefix = LabelPrefixIsOneByte(block[0]) ? 1 : 2;
+    if (block.size() < prefix) return std::nullopt;
+    std::vector<LabelText> texts;
+    std::size_t pos = prefix;
+    // Stops before the block's last byte, which is the last text's terminator.
+    while (pos + 1 < block.size()) {
+        LabelText label;
+        label.LanguageCode = block[pos++];
+        while (pos < block.size() && block[pos] != 0) label.Text += static_cast<char>(block[pos++]);
+        ++pos;
+        texts.push_back(std::move(label));
+    }
+    return texts;
+}
+
+Bytes EncodeLabelBlock(const std::vector<LabelText>& texts) {
+    Bytes payload;
+    for (const auto& label : texts) {
+        payload.push_back(label.LanguageCode);
+        payload.insert(payload.end(), label.Text.begin(), label.Text.end());
+        payload.push_back(0);
+    }
+    const std::size_t length = payload.size();
+    Bytes block;
+    block.reserve(length + 2);
+    if (length < 128) {
+        block.push_back(static_cast<std::uint8_t>(length * 2 + 1));
+    } else {
+        const std::size_t w = length * 4 + 2;
+        block.push_back(static_cast<std::uint8_t>(w & 0xFF));
+        block.push_back(static_cast<std::uint8_t>((w >> 8) & 0xFF));
+    }
+    block.insert(block.end(), payload.begin(), payload.end());
+    return block;
+}
+
+namespace {
+
+std::uint32_t ColourAt(const Bytes& block, std::size_t pos) {
+    std::uint32_t colour = 0;  // disk order blue, green, red; memory 0x00BBGGRR
+    if (pos + 2 < block.size())
+        colour = block[pos + 2] | (block[pos + 1] << 8) | (static_cast<std::uint32_t>(block[pos]) << 16);
+    return colour;
+}
+
+void AppendColour(Bytes& block, std::uint32_t colour) {
+    block.push_back(static_cast<std::uint8_t>((colour >> 16) & 0xFF));  // blue
+    block.push_back(static_cast<std::uint8_t>((colour >> 8) & 0xFF));   // green
+    block.push_back(static_cast<std::uint8_t>(colour & 0xFF));          // red
+}
+
+}  // namespace
+
+ExtendedLabelStyle DecodeExtendedLabelBlock(const Bytes& block) {
+    ExtendedLabelStyle style;
+    if (block.empty()) return style;
+    style.FontStyle = block[0] & 7;
+    style.CustomColor = (block[0] >> 3) & 3;
+    switch (style.CustomColor) {
+    case 1: style.DayColour = ColourAt(block, 1); break;
+    case 2: style.NightColour = ColourAt(block, 1); break;
+    case 3:
+        style.DayColour = ColourAt(block, 1);
+        style.NightColour = ColourAt(block, 4);
+        break;
+    default: break;
+    }
+    return style;
+}
+
+Bytes EncodeExtendedLabelBlock(const ExtendedLabelStyle& style) {
+    Bytes block;
+    block.push_back(static_cast<std::uint8_t>((style.CustomColor & 3) * 8 + (style.FontStyle & 7)));
+    if (style.CustomColor & 1) AppendColour(block, style.DayColour);
+    if (style.CustomColor & 2) AppendColour(block, style.NightColour);
+    return block;
+}
+
+std::string FontStyleText(int fontStyle) {
+    static const char* const kNames[] = {"Default", "NoLabel (invisible)", "SmallFont", "NormalFont", "LargeFont"};
+    return fontStyle >= 0 && fontStyle < 5 ? kNames[fontStyle] : "";
+}
+
+std::string CustomColorText(int customColor) {
+    static const char* const kNames[] = {"No", "Day", "Night", "DayAndNight"};
+    return customColor >= 0 && customColor < 4 ? kNames[customColor] : "";
+}
+
+}  // namespace mirvane
