@@ -179,7 +179,10 @@ void BinaryTypReader::FillIdentity() {
     id.txtProductCode = std::to_string(static_cast<std::uint16_t>(doc_.Header.ProductCode));
     const int index = doc_.Header.CodePage - 1250;
     if (index >= 0 && index <= 8) id.CodePageIndex = index;
-    else LogRunTimeError(kErrInvalidPropertyValue);  // the combo refuses the selection
+    else {
+        id.UnlistedCodePage = doc_.Header.CodePage;
+        LogRunTimeError(kErrInvalidPropertyValue);  // the combo refuses the selection
+    }
     SelectHeaderSize(id, doc_.Header.HeaderSize);
 }
 

@@ -338,7 +338,7 @@ void BinaryTypWriter::SetHeader() {
     h.Hour = static_cast<std::uint8_t>(time_.Hour);
     h.Minute = static_cast<std::uint8_t>(time_.Minute);
     h.Second = static_cast<std::uint8_t>(time_.Second);
-    h.CodePage = static_cast<std::uint16_t>(1250 + id.CodePageIndex);
+    h.CodePage = static_cast<std::uint16_t>(id.CodePageIndex >= 0 ? 1250 + id.CodePageIndex : id.UnlistedCodePage);
     h.FamilyId = IdentityValue(id.txtFID);
     h.ProductCode = IdentityValue(id.txtProductCode);
 }
@@ -474,7 +474,7 @@ std::optional<SaveFailure> BuildBinaryTyp(Document& doc, Bytes& out, const SaveT
         return SaveFailure{0, LookupText("Main", "Il faut indiquer le Product Code.", "msgPID1"),
                            LookupText("Main", "Product Code absent", "msgPID2")};
     if (id.HeaderSizeIndex < 0) SelectHeaderSize(id, kKnownHeaderSizes[0]);
-    if (id.CodePageIndex < 0) id.CodePageIndex = 2;
+    if (id.CodePageIndex < 0 && id.UnlistedCodePage == 0) id.CodePageIndex = 2;
     std::optional<SaveFailure> failure;
     try {
         out = BinaryTypWriter(doc, time).Write();
