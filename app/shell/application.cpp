@@ -1,0 +1,94 @@
+#include "shell/application.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QPixmap>
+#include <QTimer>
+#include <cstdio>
+
+#include "document/document.h"
+#include "editors/main_window_model.h"
+#include "editors/startup.h"
+#include "lang/lookup.h"
+#include "shell/dialog_prompts.h"
+#include "shell/main_window.h"
+#include "shell/qt_settings_store.h"
+
+namespace mirvane::app {
+
+std::string ProgramVersionText() {
+    return AppVersionText(MIRVANE_VERSION_MAJOR, MIRVANE_VERSION_MINOR, MIRVANE_VERSION_PATCH);
+}
+
+QString FindLanguageFolder() {
+    const QString beside = QDir(QCoreApplication::applicationDirPath()).filePath("Langues");
+    if (QFileInfo(beside).isDir()) return beside;
+    return QDir(MIRVANE_DATA_DIR).filePath("Langues");
+}
+
+namespace {
+
+// Wires the parts of the program that are built in. The listing and the text
+// parser join here when they are.
+void ConnectTextRoute(MainWindow& /*window*/, MainWindowModel& /*model*/) {}
+
+int TakeScreenshot(const QString& out, const QString& file) {
+    MemorySettingsStore settings;  // leaves the user's settings alone
+    SilentPrompts prompts;
+    Document doc;
+    MainWindowModel model(doc, prompts, settings, ProgramVersionText());
+    MainWindow window(model);
+    ConnectTextRoute(window, model);
+    window.resize(1280, 800);
+    if (!file.isEmpty()) model.OpenAny(CommandLinePath(file.toStdString()));
+    window.show();
+    QApplication::processEvents();
+    if (!window.grab().save(out)) {
+        std::fprintf(stderr, "mirvane: cannot write %s\n", qPrintable(out));
+        return 1;
+    }
+    return 0;
+}
+
+}  // namespace
+
+int RunMirvane(const QStringList& arguments) {
+    QCoreApplication::setApplicationName("Mirvane");
+    QCoreApplication::setOrganizationName("Mirvane");
+    SetLanguageFolder(FindLanguageFolder().toStdString());
+
+    QStringList args = arguments;
+    const int shot = args.indexOf("--screenshot");
+    if (shot >= 0) {
+        if (shot + 1 >= args.size()) {
+            std::fprintf(stderr, "usage: mirvane --screenshot OUT.png [FILE]\n");
+            return 2;
+        }
+        const QString out = args[shot + 1];
+        args.remove(shot, 2);
+        return TakeScreenshot(out, args.value(0));
+    }
+
+    QtSettingsStore settings;
+    SettleLanguage(settings);
+    // The update check is not built in: the setting is kept as it stands.
+    SettleUpdateCheck(settings);
+    RemoveLeftOverBackup(QCoreApplication::applicationDirPath().toStdString());
+
+    DialogPrompts prompts;
+    Document doc;
+    MainWindowModel model(doc, prompts, settings, ProgramVersionText());
+    MainWindow window(model);
+    prompts.SetParent(&window);
+    ConnectTextRoute(window, model);
+    window.SetAutoSaveChecked(AutoSaveSetting(settings));
+    window.show();
+
+    const QString pending = args.value(0);
+    if (!pending.isEmpty())
+        QTimer::singleShot(0, &window, [&model, pending] { model.OpenAny(CommandLinePath(pending.toStdString())); });
+    return QApplication::exec();
+}
+
+}  // namespace mirvane::app

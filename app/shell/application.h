@@ -1,0 +1,22 @@
+// Start-up of the desktop program: settings, language, the main window, the
+// command line.
+#pragma once
+
+#include <QStringList>
+#include <string>
+
+namespace mirvane::app {
+
+// "v0.1.0": the version behind the word Mirvane in the title.
+std::string ProgramVersionText();
+
+// The "Langues" folder beside the program, else the installed data folder.
+QString FindLanguageFolder();
+
+// Runs the program on the arguments (without the program name):
+//   [FILE]                       opens FILE
+//   --screenshot OUT.png [FILE]  draws the main window offscreen into OUT.png and ends
+// Needs a QApplication.
+int RunMirvane(const QStringList& arguments);
+
+}  // namespace mirvane::app

@@ -1,0 +1,434 @@
+#include "shell/main_window.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "document/presentation.h"
+#include "shell/texts.h"
+
+namespace mirvane::app {
+
+namespace {
+
+QAction* MakeAction(QWidget* owner, const char* name, const QString& caption, const QKeySequence& keys = {}) {
+    auto* action = new QAction(caption, owner);
+    action->setObjectName(name);
+    if (!keys.isEmpty()) action->setShortcut(keys);
+    return action;
+}
+
+QPushButton* MakeButton(QWidget* parent, const QString& name, const QString& caption) {
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(name);
+    return button;
+}
+
+void FillList(QListWidget* list, const std::vector<std::string>& rows) {
+    const int current = list->currentRow();
+    list->clear();
+    for (const auto& row : rows) list->addItem(Q(row));
+    if (current >= 0 && list->count() > 0) list->setCurrentRow(std::min(current, list->count() - 1));
+}
+
+bool IsOpenableFile(const QString& path) {
+    return path.endsWith(".typ", Qt::CaseInsensitive) || path.endsWith(".txt", Qt::CaseInsensitive);
+}
+
+}  // namespace
+
+MainWindow::MainWindow(MainWindowModel& model, QWidget* parent) : QMainWindow(parent), model_(model) {
+    setObjectName("frmMain");
+    setAcceptDrops(true);
+    BuildMenus();
+
+    auto* lists = new QSplitter(Qt::Vertical);
+    lists->setObjectName("splitObjets");
+    fraPolygone_ = BuildObjectFrame("fraPolygone", "ListPolygone", "Polygone", ListPolygone_, ObjectKind::Polygon);
+    frapolyline_ = BuildObjectFrame("frapolyline", "ListPolyline", "Polyline", ListPolyline_, ObjectKind::Polyline);
+    fraPOI_ = BuildObjectFrame("fraPOI", "ListPOI", "POI", ListPOI_, ObjectKind::Poi);
+    lists->addWidget(fraPolygone_);
+    lists->addWidget(frapolyline_);
+    lists->addWidget(fraPOI_);
+
+    auto* split = new QSplitter(Qt::Horizontal);
+    split->setObjectName("splitPrincipal");
+    split->addWidget(BuildHeaderPanel());
+    split->addWidget(lists);
+    split->addWidget(BuildTextPanel());
+    split->setStretchFactor(0, 0);
+    split->setStretchFactor(1, 1);
+    split->setStretchFactor(2, 3);
+    split->setSizes({300, 300, 680});
+    split->setChildrenCollapsible(false);
+    auto* central = new QWidget;
+    auto* margins = new QVBoxLayout(central);
+    margins->setContentsMargins(6, 4, 6, 2);
+    margins->addWidget(split);
+    setCentralWidget(central);
+    statusBar()->setObjectName("barreEtat");
+    resize(1280, 800);
+
+    model_.SetChangedHandler([this] { Refresh(); });
+    Refresh();
+}
+
+void MainWindow::BuildMenus() {
+    QMenu* file = menuBar()->addMenu(MainTr("&Fichier", "mnuFichier"));
+    file->setObjectName("mnuFichier");
+    mnuNouveau_ = MakeAction(this, "mnuNouveau", MainTr("&Nouveau", "mnuNouveau"), QKeySequence::New);
+    mnuOuvrirTYP_ = MakeAction(this, "mnuOuvrirTYP", MainTr("&Ouvrir un TYP...", "mnuOuvrirTYP"), QKeySequence::Open);
+    mnuouvrirtxt_ = MakeAction(this, "mnuouvrirtxt", MainTr("Ouvrir un fichier &texte...", "mnuouvrirtxt"),
+                               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O));
+    mnuOuvrirTypMapset_ = MakeAction(this, "mnuOuvrirTypMapset",
+                                     MainTr("Ouvrir le TYP d'un &mapset...", "mnuOuvrirTypMapset"));
+    mnufermer_ = MakeAction(this, "mnufermer", MainTr("&Fermer", "mnufermer"), QKeySequence::Close);
+    mnuEnregistrerTyp_ = MakeAction(this, "mnuEnregistrerTyp", MainTr("&Enregistrer le TYP...", "mnuEnregistrerTyp"),
+                                    QKeySequence::Save);
+    mnuEnregistrerTxt_ = MakeAction(this, "mnuEnregistrerTxt",
+                                    MainTr("Enregistrer le te&xte...", "mnuEnregistrerTxt"),
+                                    QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    mnuquitter_ = MakeAction(this, "mnuquitter", MainTr("&Quitter", "mnuquitter"), QKeySequence(Qt::CTRL | Qt::Key_Q));
+    file->addActions({mnuNouveau_, mnuOuvrirTYP_, mnuouvrirtxt_, mnuOuvrirTypMapset_});
+    file->addSeparator();
+    file->addActions({mnufermer_, mnuEnregistrerTyp_, mnuEnregistrerTxt_});
+    file->addSeparator();
+    recentMenu_ = file->addMenu(MainTr("Fichiers &récents", "mnuRecents"));
+    recentMenu_->setObjectName("mnuRecents");
+    file->addSeparator();
+    file->addAction(mnuquitter_);
+
+    QMenu* tools = menuBar()->addMenu(MainTr("&Outils", "mnuOutils"));
+    tools->setObjectName("mnuOutils");
+    mnuSauvegardeAuto_ = MakeAction(this, "mnuSauvegardeAuto", MainTr("Sauvegarde &automatique", "mnuSauvegardeAuto"));
+    mnuSauvegardeAuto_->setCheckable(true);
+    mnuSauvegardeAuto_->setChecked(true);
+    mnuTypSpeciaux_ = MakeAction(this, "mnuTypSpeciaux", MainTr("TYP &spéciaux...", "mnuTypSpeciaux"));
+    mnuTypSpeciaux_->setEnabled(false);
+    mnuOuvrirTypMapset_->setEnabled(false);
+    tools->addActions({mnuSauvegardeAuto_, mnuTypSpeciaux_});
+
+    connect(mnuNouveau_, &QAction::triggered, this, [this] { model_.New(); });
+    connect(mnuOuvrirTYP_, &QAction::triggered, this, [this] {
+        model_.OpenTyp();
+        cmdAppliquerModif_->hide();
+    });
+    connect(mnuouvrirtxt_, &QAction::triggered, this, [this] { model_.OpenText(); });
+    connect(mnufermer_, &QAction::triggered, this, [this] { model_.Close(); });
+    connect(mnuEnregistrerTyp_, &QAction::triggered, this, [this] { model_.SaveTyp(); });
+    connect(mnuquitter_, &QAction::triggered, this, &QWidget::close);
+}
+
+QWidget* MainWindow::BuildHeaderPanel() {
+    auto* panel = new QWidget;
+    panel->setObjectName("panneauEntete");
+    auto* header = new QGroupBox(MainTr("Fichier TYP", "fraEntete"), panel);
+    header->setObjectName("fraEntete");
+
+    lblNomTyp_ = new QLabel(header);
+    lblNomTyp_->setObjectName("lblNomTyp");
+    lblNomTyp_->setWordWrap(true);
+    lblNomTyp_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    lblNomTyp_->setMinimumHeight(lblNomTyp_->fontMetrics().lineSpacing() * 2);
+    lblDateCreation_ = new QLabel(header);
+    lblDateCreation_->setObjectName("lblDateCreation");
+    lblLongueur_ = new QLabel(header);
+    lblLongueur_->setObjectName("lblLongueur");
+
+    auto* digits = new QRegularExpressionValidator(QRegularExpression("[0-9]*"), this);
+    txtFID_ = new QLineEdit(header);
+    txtFID_->setObjectName("txtFID");
+    txtFID_->setValidator(digits);  // keys other than digits are dropped
+    txtProductCode_ = new QLineEdit(header);
+    txtProductCode_->setObjectName("txtProductCode");
+    txtProductCode_->setValidator(digits);
+    cbbCodepage_ = new QComboBox(header);
+    cbbCodepage_->setObjectName("cbbCodepage");
+    for (int page = 1250; page <= 1258; ++page) cbbCodepage_->addItem(QString::number(page));
+    cbbHeadersize_ = new QComboBox(header);
+    cbbHeadersize_->setObjectName("cbbHeadersize");
+
+    auto* form = new QFormLayout(header);
+    form->addRow(lblNomTyp_);
+    form->addRow(MainTr("Date :", "lblDate"), lblDateCreation_);
+    form->addRow(MainTr("Longueur :", "lblTaille"), lblLongueur_);
+    form->addRow(MainTr("FID :", "lblFID"), txtFID_);
+    form->addRow(MainTr("Product Code :", "lblProductCode"), txtProductCode_);
+    form->addRow(MainTr("Code page :", "lblCodepage"), cbbCodepage_);
+    form->addRow(MainTr("Taille de l'entête :", "lblHeadersize"), cbbHeadersize_);
+
+    cmdCreerTYP_ = MakeButton(header, "cmdCreerTYP", MainTr("Créer le TYP", "cmdCreerTYP"));
+    cmdDraworder_ = MakeButton(header, "cmdDraworder", MainTr("Draw order...", "cmdDraworder"));
+    cmdIcones_ = MakeButton(header, "cmdIcones", MainTr("Icônes", "cmdIcones"));
+    cmdLabels_ = MakeButton(header, "cmdLabels", MainTr("Labels...", "cmdLabels"));
+    notYetBuilt_ << cmdDraworder_ << cmdIcones_ << cmdLabels_;
+    auto* tools = new QHBoxLayout;
+    tools->addWidget(cmdDraworder_);
+    tools->addWidget(cmdIcones_);
+    tools->addWidget(cmdLabels_);
+    form->addRow(tools);
+    form->addRow(cmdCreerTYP_);
+
+    fraDraworder_ = new QGroupBox(panel);
+    fraDraworder_->setObjectName("fraDraworder");
+    ListDraworder_ = new QListWidget(fraDraworder_);
+    ListDraworder_->setObjectName("ListDraworder");
+    (new QVBoxLayout(fraDraworder_))->addWidget(ListDraworder_);
+
+    fraExtraPOI_ = new QGroupBox(panel);
+    fraExtraPOI_->setObjectName("fraExtraPOI");
+    ListExtraPOI_ = new QListWidget(fraExtraPOI_);
+    ListExtraPOI_->setObjectName("ListExtraPOI");
+    (new QVBoxLayout(fraExtraPOI_))->addWidget(ListExtraPOI_);
+
+    auto* lower = new QSplitter(Qt::Vertical, panel);
+    lower->addWidget(fraDraworder_);
+    lower->addWidget(fraExtraPOI_);
+    lower->setSizes({300, 150});
+
+    auto* layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(header);
+    layout->addWidget(lower, 1);
+    panel->setMinimumWidth(260);
+
+    connect(txtFID_, &QLineEdit::editingFinished, this, [this] { FinishIdentityField(txtFID_, true); });
+    connect(txtProductCode_, &QLineEdit::editingFinished, this,
+            [this] { FinishIdentityField(txtProductCode_, false); });
+    connect(cbbCodepage_, &QComboBox::currentIndexChanged, this, [this](int index) {
+        if (!refreshing_) model_.SetCodePageIndex(index);
+    });
+    connect(cbbHeadersize_, &QComboBox::currentIndexChanged, this, [this](int index) {
+        if (!refreshing_) model_.SetHeaderSizeIndex(index);
+    });
+    connect(cmdCreerTYP_, &QPushButton::clicked, this, [this] { model_.SaveTyp(); });
+    return panel;
+}
+
+QGroupBox* MainWindow::BuildObjectFrame(const char* frameName, const char* listName, const char* kindWord,
+                                        QListWidget*& list, ObjectKind kind) {
+    auto* frame = new QGroupBox;
+    frame->setObjectName(frameName);
+    list = new QListWidget(frame);
+    list->setObjectName(listName);
+    list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    const QString word = kindWord;
+    auto* add = MakeButton(frame, "cmdAdd" + word, MainTr("Ajouter", "cmdAjouter"));
+    auto* edit = MakeButton(frame, "cmdModifier" + word, MainTr("Modifier", "cmdModifier"));
+    auto* remove = MakeButton(frame, "cmdSupprimer" + word, MainTr("Supprimer", "cmdSupprimer"));
+    remove->setShortcut(QKeySequence::Delete);
+    notYetBuilt_ << add << edit;
+    deleteButtons_[static_cast<int>(kind) - 1] = remove;
+    connect(remove, &QPushButton::clicked, this, [this, kind] { DeleteSelected(kind); });
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(add);
+    buttons->addWidget(edit);
+    buttons->addWidget(remove);
+    auto* layout = new QVBoxLayout(frame);
+    layout->addWidget(list, 1);
+    layout->addLayout(buttons);
+    return frame;
+}
+
+QWidget* MainWindow::BuildTextPanel() {
+    auto* panel = new QWidget;
+    panel->setObjectName("panneauTexte");
+    BoxVisualisation_ = new QPlainTextEdit(panel);
+    BoxVisualisation_->setObjectName("BoxVisualisation");
+    BoxVisualisation_->setReadOnly(true);  // editable once the text can be applied
+    BoxVisualisation_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    BoxVisualisation_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    BoxVisualisation_->setPlaceholderText(
+        MainTr("Le texte du TYP s'affichera ici.", "BoxVisualisationVide"));
+
+    cmdvoirtxt_ = MakeButton(panel, "cmdvoirtxt", MainTr("Voir le texte", "cmdvoirtxt"));
+    cmdEnregistrer_ = MakeButton(panel, "cmdEnregistrer", MainTr("Enregistrer le texte", "cmdEnregistrer"));
+    cmdAppliquerModif_ = MakeButton(panel, "cmdAppliquerModif", MainTr("Appliquer les modifications",
+                                                                       "cmdAppliquerModif"));
+    cmdAppliquerModif_->hide();
+    connect(cmdvoirtxt_, &QPushButton::clicked, this, [this] { RefreshTextPane(); });
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdvoirtxt_);
+    buttons->addWidget(cmdEnregistrer_);
+    buttons->addStretch();
+    buttons->addWidget(cmdAppliquerModif_);
+    auto* layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(BoxVisualisation_, 1);
+    layout->addLayout(buttons);
+    return panel;
+}
+
+void MainWindow::SetListingFunction(ListingFunction listing) {
+    listing_ = std::move(listing);
+    Refresh();
+}
+
+void MainWindow::SetAutoSaveChecked(bool checked) { mnuSauvegardeAuto_->setChecked(checked); }
+
+void MainWindow::Refresh() {
+    refreshing_ = true;
+    setWindowTitle(Q(model_.Title()));
+    lblNomTyp_->setText(Q(model_.NameCaption()));
+    lblDateCreation_->setText(Q(model_.DateText()));
+    lblLongueur_->setText(Q(model_.LengthText()));
+    RefreshIdentity();
+    RefreshLists();
+    RefreshRecentMenu();
+    RefreshEnables();
+    RefreshTextPane();
+    refreshing_ = false;
+}
+
+void MainWindow::RefreshLists() {
+    const Document& doc = model_.Doc();
+    FillList(ListPolygone_, PolygonListRows(doc));
+    FillList(ListPolyline_, PolylineListRows(doc));
+    FillList(ListPOI_, PoiListRows(doc));
+    FillList(ListExtraPOI_, ExtraPoiListRows(doc));
+    FillList(ListDraworder_, doc.DrawOrderRows);
+    fraPolygone_->setTitle(Q(model_.PolygonCaption()));
+    frapolyline_->setTitle(Q(model_.PolylineCaption()));
+    fraPOI_->setTitle(Q(model_.PoiCaption()));
+    fraExtraPOI_->setTitle(Q(model_.ExtraPoiCaption()));
+    fraDraworder_->setTitle(Q(model_.DrawOrderCaptionText()));
+}
+
+void MainWindow::RefreshIdentity() {
+    const IdentityFields& id = model_.Doc().Identity;
+    if (!txtFID_->hasFocus()) txtFID_->setText(Q(id.txtFID));
+    if (!txtProductCode_->hasFocus()) txtProductCode_->setText(Q(id.txtProductCode));
+    cbbCodepage_->setCurrentIndex(id.CodePageIndex >= 0 && id.CodePageIndex <= 8 ? id.CodePageIndex : -1);
+    // A code page the combo cannot select is still shown, greyed, and kept on saving.
+    cbbCodepage_->setPlaceholderText(id.UnlistedCodePage ? QString::number(id.UnlistedCodePage) : QString());
+
+    cbbHeadersize_->clear();
+    if (!model_.HasDocument()) return;
+    for (const auto& item : HeaderSizeItems()) cbbHeadersize_->addItem(Q(item));
+    if (id.HeaderSizeIndex >= 5) cbbHeadersize_->addItem(Q(id.HeaderSizeText));  // a size the combo does not know
+    cbbHeadersize_->setCurrentIndex(id.HeaderSizeIndex);
+    cbbHeadersize_->setToolTip(id.HeaderSizeIndex >= 0 ? Q(HeaderSizeTip(id)) : QString());
+}
+
+void MainWindow::RefreshRecentMenu() {
+    recentMenu_->clear();
+    const auto& items = model_.Recent().Items();
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        QAction* action = recentMenu_->addAction(QString("&%1  %2").arg(i + 1).arg(Q(items[i])));
+        action->setObjectName("mnuMRU");
+        action->setData(static_cast<int>(i));
+        connect(action, &QAction::triggered, this, [this, i] {
+            // The menu is rebuilt by the command; run it once the menu is done.
+            QTimer::singleShot(0, this, [this, i] { model_.OpenRecent(i); });
+        });
+    }
+    recentMenu_->setEnabled(!items.empty());
+}
+
+void MainWindow::RefreshEnables() {
+    const EnableState state = model_.Enables();
+    for (QPushButton* button : deleteButtons_) button->setEnabled(state.ObjectCommands);
+    for (QPushButton* button : notYetBuilt_) button->setEnabled(false);
+    txtFID_->setEnabled(state.IdentityFields);
+    txtProductCode_->setEnabled(state.IdentityFields);
+    cbbCodepage_->setEnabled(state.Combos);
+    cbbHeadersize_->setEnabled(state.Combos);
+    cmdCreerTYP_->setEnabled(state.CreateTyp);
+    mnuEnregistrerTyp_->setEnabled(state.CreateTyp);
+    mnufermer_->setEnabled(state.Close);
+    mnuouvrirtxt_->setEnabled(state.OpenText);
+    mnuEnregistrerTxt_->setEnabled(state.SaveText);
+    cmdEnregistrer_->setEnabled(state.SaveText);
+    cmdvoirtxt_->setEnabled(state.ViewText && static_cast<bool>(listing_));
+}
+
+void MainWindow::RefreshTextPane() {
+    if (!listing_ || !model_.HasDocument()) {
+        BoxVisualisation_->clear();
+        return;
+    }
+    const Document& doc = model_.Doc();
+    BoxVisualisation_->setPlainText(
+        DecodeDocumentText(listing_(doc), SelectedCodePage(doc.Identity)).replace("\r\n", "\n"));
+}
+
+void MainWindow::FinishIdentityField(QLineEdit* field, bool fid) {
+    if (refreshing_ || checkingIdentity_ || !model_.HasDocument()) return;
+    const std::string text = field->text().toStdString();
+    const std::string& stored = fid ? model_.Doc().Identity.txtFID : model_.Doc().Identity.txtProductCode;
+    if (text == stored) return;
+    checkingIdentity_ = true;
+    const bool valid = model_.CheckIdentityValue(text);
+    checkingIdentity_ = false;
+    if (!valid) {
+        // Stay in the field with the text selected.
+        QTimer::singleShot(0, field, [field] {
+            field->setFocus();
+            field->selectAll();
+        });
+        return;
+    }
+    if (fid) model_.SetFid(text);
+    else model_.SetProductCode(text);
+}
+
+QListWidget* MainWindow::ListOf(ObjectKind kind) const {
+    switch (kind) {
+        case ObjectKind::Polygon: return ListPolygone_;
+        case ObjectKind::Polyline: return ListPolyline_;
+        case ObjectKind::Poi: break;
+    }
+    return ListPOI_;
+}
+
+void MainWindow::DeleteSelected(ObjectKind kind) {
+    QListWidget* list = ListOf(kind);
+    const int row = list->currentItem() && list->currentItem()->isSelected() ? list->currentRow() : -1;
+    model_.DeleteObject(kind, row);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (model_.RequestQuit(mnuSauvegardeAuto_->isChecked())) event->accept();
+    else event->ignore();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    const auto urls = event->mimeData()->urls();
+    if (urls.size() == 1 && urls[0].isLocalFile() && IsOpenableFile(urls[0].toLocalFile()))
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const auto urls = event->mimeData()->urls();
+    if (urls.isEmpty()) return;
+    const QString path = urls[0].toLocalFile();
+    event->acceptProposedAction();
+    // Opening asks questions: let the drag end first.
+    QTimer::singleShot(0, this, [this, path] {
+        if (path.endsWith(".txt", Qt::CaseInsensitive) && !model_.HasTextRoute()) return;
+        model_.OpenAny(path.toStdString());
+    });
+}
+
+}  // namespace mirvane::app

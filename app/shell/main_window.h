@@ -1,0 +1,79 @@
+// frmMain: binds the widgets to the main window model and draws it.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <string>
+
+#include "document/document.h"
+#include "editors/main_window_model.h"
+
+class QAction;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QMenu;
+class QPlainTextEdit;
+class QPushButton;
+
+namespace mirvane::app {
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    // Writes the document as text for BoxVisualisation (the listing).
+    using ListingFunction = std::function<std::string(const Document&)>;
+
+    MainWindow(MainWindowModel& model, QWidget* parent = nullptr);
+
+    MainWindowModel& Model() { return model_; }
+    void SetListingFunction(ListingFunction listing);
+    void SetAutoSaveChecked(bool checked);
+
+    // Redraws every widget from the model.
+    void Refresh();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void BuildMenus();
+    QWidget* BuildHeaderPanel();
+    QGroupBox* BuildObjectFrame(const char* frameName, const char* listName, const char* kindWord,
+                                QListWidget*& list, ObjectKind kind);
+    QWidget* BuildTextPanel();
+    void RefreshLists();
+    void RefreshIdentity();
+    void RefreshRecentMenu();
+    void RefreshEnables();
+    void RefreshTextPane();
+    void FinishIdentityField(QLineEdit* field, bool fid);
+    void DeleteSelected(ObjectKind kind);
+    QListWidget* ListOf(ObjectKind kind) const;
+
+    MainWindowModel& model_;
+    ListingFunction listing_;
+    bool refreshing_ = false;
+    bool checkingIdentity_ = false;
+
+    QAction *mnuNouveau_, *mnuOuvrirTYP_, *mnuouvrirtxt_, *mnuOuvrirTypMapset_, *mnufermer_;
+    QAction *mnuEnregistrerTyp_, *mnuEnregistrerTxt_, *mnuSauvegardeAuto_, *mnuTypSpeciaux_, *mnuquitter_;
+    QMenu* recentMenu_;
+
+    QLabel *lblNomTyp_, *lblDateCreation_, *lblLongueur_;
+    QLineEdit *txtFID_, *txtProductCode_;
+    QComboBox *cbbCodepage_, *cbbHeadersize_;
+    QPushButton *cmdCreerTYP_, *cmdDraworder_, *cmdIcones_, *cmdLabels_;
+    QGroupBox *fraPolygone_, *frapolyline_, *fraPOI_, *fraDraworder_, *fraExtraPOI_;
+    QListWidget *ListPolygone_, *ListPolyline_, *ListPOI_, *ListDraworder_, *ListExtraPOI_;
+    QPushButton* deleteButtons_[3];
+    QList<QPushButton*> notYetBuilt_;
+    QPlainTextEdit* BoxVisualisation_;
+    QPushButton *cmdvoirtxt_, *cmdEnregistrer_, *cmdAppliquerModif_;
+};
+
+}  // namespace mirvane::app

@@ -1,0 +1,24 @@
+// Texts of the program as QString: the lookups and the label bytes.
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+#include "lang/lookup.h"
+
+namespace mirvane::app {
+
+inline QString Tr(std::string_view section, std::string_view defaultText, std::string_view key) {
+    return QString::fromStdString(LookupText(section, defaultText, key));
+}
+
+inline QString MainTr(std::string_view defaultText, std::string_view key) { return Tr("Main", defaultText, key); }
+
+inline QString Q(const std::string& utf8) { return QString::fromStdString(utf8); }
+
+// Text bytes of the document (labels, the listing) in its code page, for the
+// widgets. Latin-1 stands in until the code page tables are built in.
+QString DecodeDocumentText(const std::string& bytes, int codePage);
+
+}  // namespace mirvane::app
