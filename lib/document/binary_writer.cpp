@@ -58,6 +58,7 @@ public:
     void Raw(const std::array<std::uint8_t, N>& bytes) {
         for (std::uint8_t b : bytes) U8(b);
     }
+    void Reserve(std::size_t size) { bytes_.reserve(size); }
     Bytes Take() { return std::move(bytes_); }
 
 private:
@@ -105,6 +106,7 @@ public:
     Bytes Write() {
         SortRecords();
         headerSize_ = ChosenHeaderSize(doc_.Identity);
+        out_.Reserve(EstimatedSize());
         out_.Seek(headerSize_);
         out_.Append(doc_.HeaderGapBytes);
         WritePolygons();
@@ -123,6 +125,19 @@ private:
         if (doc_.PolygonCount() > 1) SortPolygons(doc_.Polygons);
         if (doc_.PolylineCount > 1) SortPolylinesForWriting(doc_.Polylines);
         if (doc_.PoiCount() > 1) SortPois(doc_.Pois);
+    }
+
+    // Room for the whole file up front, so a large document is not copied
+    // over and over while it grows.
+    std::size_t EstimatedSize() const {
+        std::size_t size = static_cast<std::size_t>(headerSize_) + doc_.HeaderGapBytes.size();
+        for (const auto& r : doc_.Polygons) size += static_cast<std::size_t>(PolygonRecordLength(r)) + 5;
+        for (const auto& r : doc_.Polylines) size += static_cast<std::size_t>(PolylineRecordLength(r)) + 7;
+        for (const auto& r : doc_.Pois)
+            size += static_cast<std::size_t>(PoiRecordLength(r)) + r.Bitmaps[0].PaletteBytes.size() + 5;
+        size += doc_.DrawOrderRows.size() * 10 + doc_.ExtraPoiDataBytes.size() + doc_.ExtraPoiIndexBytes.size() +
+                doc_.LabelTextBytes.size() + doc_.LabelTable1Bytes.size() + doc_.LabelTable2Bytes.size();
+        return size;
     }
 
     struct Section {
