@@ -370,7 +370,8 @@ void MainWindow::RefreshTextPane() {
     }
     const Document& doc = model_.Doc();
     BoxVisualisation_->setPlainText(
-        DecodeDocumentText(listing_(doc), SelectedCodePage(doc.Identity)).replace("\r\n", "\n"));
+        DecodeDocumentText(listing_(doc), doc.Identity.UnlistedCodePage ? doc.Identity.UnlistedCodePage
+                                                                           : SelectedCodePage(doc.Identity)).replace("\r\n", "\n"));
 }
 
 void MainWindow::FinishIdentityField(QLineEdit* field, bool fid) {

@@ -1,9 +1,11 @@
 #include "shell/texts.h"
 
+#include "labels/codepage.h"
+
 namespace mirvane::app {
 
-QString DecodeDocumentText(const std::string& bytes, int /*codePage*/) {
-    return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
+QString DecodeDocumentText(const std::string& bytes, int codePage) {
+    return QString::fromStdString(DecodeCodePage(bytes, codePage));
 }
 
 }  // namespace mirvane::app

@@ -18,7 +18,7 @@ inline QString MainTr(std::string_view defaultText, std::string_view key) { retu
 inline QString Q(const std::string& utf8) { return QString::fromStdString(utf8); }
 
 // Text bytes of the document (labels, the listing) in its code page, for the
-// widgets. Latin-1 stands in until the code page tables are built in.
+// widgets. Unknown code pages are read as 1252.
 QString DecodeDocumentText(const std::string& bytes, int codePage);
 
 }  // namespace mirvane::app
