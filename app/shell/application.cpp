@@ -29,8 +29,10 @@ QString FindLanguageFolder() {
 
 namespace {
 
-// Wires the parts of the program that are built in. The listing and the text
-// parser join here when they are.
+// Wires the text route: the listing shown in BoxVisualisation
+// (window.SetListingFunction) and the reading of .txt files
+// (model.SetTextOpener, which also enables "open text" and the .txt drops).
+// Neither is built in yet, so the pane stays empty and those menus disabled.
 void ConnectTextRoute(MainWindow& /*window*/, MainWindowModel& /*model*/) {}
 
 int TakeScreenshot(const QString& out, const QString& file) {

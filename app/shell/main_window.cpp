@@ -10,6 +10,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -90,6 +91,7 @@ MainWindow::MainWindow(MainWindowModel& model, QWidget* parent) : QMainWindow(pa
 
     model_.SetChangedHandler([this] { Refresh(); });
     Refresh();
+    ListPolygone_->setFocus();
 }
 
 void MainWindow::BuildMenus() {
@@ -192,12 +194,14 @@ QWidget* MainWindow::BuildHeaderPanel() {
     fraDraworder_->setObjectName("fraDraworder");
     ListDraworder_ = new QListWidget(fraDraworder_);
     ListDraworder_->setObjectName("ListDraworder");
+    ListDraworder_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     (new QVBoxLayout(fraDraworder_))->addWidget(ListDraworder_);
 
     fraExtraPOI_ = new QGroupBox(panel);
     fraExtraPOI_->setObjectName("fraExtraPOI");
     ListExtraPOI_ = new QListWidget(fraExtraPOI_);
     ListExtraPOI_->setObjectName("ListExtraPOI");
+    ListExtraPOI_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     (new QVBoxLayout(fraExtraPOI_))->addWidget(ListExtraPOI_);
 
     auto* lower = new QSplitter(Qt::Vertical, panel);
@@ -235,10 +239,10 @@ QGroupBox* MainWindow::BuildObjectFrame(const char* frameName, const char* listN
     auto* add = MakeButton(frame, "cmdAdd" + word, MainTr("Ajouter", "cmdAjouter"));
     auto* edit = MakeButton(frame, "cmdModifier" + word, MainTr("Modifier", "cmdModifier"));
     auto* remove = MakeButton(frame, "cmdSupprimer" + word, MainTr("Supprimer", "cmdSupprimer"));
-    remove->setShortcut(QKeySequence::Delete);
     notYetBuilt_ << add << edit;
     deleteButtons_[static_cast<int>(kind) - 1] = remove;
     connect(remove, &QPushButton::clicked, this, [this, kind] { DeleteSelected(kind); });
+    list->installEventFilter(this);  // the Delete key in the list
 
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(add);
@@ -368,7 +372,7 @@ void MainWindow::RefreshTextPane() {
         BoxVisualisation_->clear();
         return;
     }
-    const Document& doc = model_.Doc();
+    Document& doc = model_.Doc();
     BoxVisualisation_->setPlainText(
         DecodeDocumentText(listing_(doc), doc.Identity.UnlistedCodePage ? doc.Identity.UnlistedCodePage
                                                                            : SelectedCodePage(doc.Identity)).replace("\r\n", "\n"));
@@ -407,6 +411,17 @@ void MainWindow::DeleteSelected(ObjectKind kind) {
     QListWidget* list = ListOf(kind);
     const int row = list->currentItem() && list->currentItem()->isSelected() ? list->currentRow() : -1;
     model_.DeleteObject(kind, row);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Delete)) {
+        for (ObjectKind kind : {ObjectKind::Polygon, ObjectKind::Polyline, ObjectKind::Poi}) {
+            if (watched != ListOf(kind)) continue;
+            if (deleteButtons_[static_cast<int>(kind) - 1]->isEnabled()) DeleteSelected(kind);
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -23,8 +23,9 @@ namespace mirvane::app {
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
-    // Writes the document as text for BoxVisualisation (the listing).
-    using ListingFunction = std::function<std::string(const Document&)>;
+    // Writes the document as text for BoxVisualisation (the listing), in the
+    // document's code page; it may log broken objects in the document.
+    using ListingFunction = std::function<std::string(Document&)>;
 
     MainWindow(MainWindowModel& model, QWidget* parent = nullptr);
 
@@ -36,6 +37,7 @@ public:
     void Refresh();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;

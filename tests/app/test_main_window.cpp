@@ -220,6 +220,10 @@ private slots:
         QCOMPARE(Caption("fraPolygone"), QString("Liste des polygones  (1)"));
         DeleteFirstPolygon(false);
         QCOMPARE(Find<QListWidget>("ListPolygone")->count(), 1);
+        // The Delete key in the list asks the same question.
+        prompts_->Answers.push_back(false);
+        QTest::keyClick(Find<QListWidget>("ListPolygone"), Qt::Key_Delete);
+        QCOMPARE(prompts_->Questions.size(), 2u);
         DeleteFirstPolygon(true);
         QCOMPARE(Find<QListWidget>("ListPolygone")->count(), 0);
         QCOMPARE(Caption("fraPolygone"), QString("Liste des polygones  (0)"));
