@@ -262,8 +262,6 @@ QWidget* MainWindow::BuildTextPanel() {
     BoxVisualisation_->setReadOnly(true);  // editable once the text can be applied
     BoxVisualisation_->setLineWrapMode(QPlainTextEdit::NoWrap);
     BoxVisualisation_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    BoxVisualisation_->setPlaceholderText(
-        MainTr("Le texte du TYP s'affichera ici.", "BoxVisualisationVide"));
 
     cmdvoirtxt_ = MakeButton(panel, "cmdvoirtxt", MainTr("Voir le texte", "cmdvoirtxt"));
     cmdEnregistrer_ = MakeButton(panel, "cmdEnregistrer", MainTr("Enregistrer le texte", "cmdEnregistrer"));
@@ -368,6 +366,10 @@ void MainWindow::RefreshEnables() {
 }
 
 void MainWindow::RefreshTextPane() {
+    BoxVisualisation_->setPlaceholderText(
+        model_.HasDocument()
+            ? MainTr("Le texte du TYP s'affichera ici.", "BoxVisualisationVide")
+            : MainTr("Ouvrez un fichier TYP (Ctrl+O) ou déposez-le sur cette fenêtre.", "BoxVisualisationAide"));
     if (!listing_ || !model_.HasDocument()) {
         BoxVisualisation_->clear();
         return;

@@ -1,0 +1,49 @@
+// The settings go to an INI file under the application name, with the
+// sections and keys the program has always used.
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "editors/recent_files.h"
+#include "editors/startup.h"
+#include "shell/qt_settings_store.h"
+
+using namespace mirvane;
+
+class SettingsStoreTest : public QObject {
+    Q_OBJECT
+    QTemporaryDir folder_;
+
+private slots:
+    void initTestCase() {
+        QVERIFY(folder_.isValid());
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder_.path());
+    }
+
+    void firstRunWritesTheDefaultsToTheIniFile() {
+        {
+            app::QtSettingsStore store;
+            QVERIFY(!store.Get(kSettingsSection, "Langue"));
+            SettleLanguage(store);
+            SettleUpdateCheck(store);
+            RecentFiles recent;
+            recent.Add("/cartes/a.typ");
+            recent.Add("/cartes/b.typ");
+            recent.Store(store);
+        }
+        QSettings ini(folder_.filePath("Mirvane/Mirvane.ini"), QSettings::IniFormat);
+        QCOMPARE(ini.value("Paramètres/Langue").toString(), QString("Francais"));
+        QCOMPARE(ini.value("Paramètres/MajAuto").toString(), QString("0"));
+        QCOMPARE(ini.value("MRUFiles/1").toString(), QString("/cartes/a.typ"));
+
+        app::QtSettingsStore again;
+        RecentFiles restored;
+        restored.Load(again);
+        QCOMPARE(restored.Items().front(), std::string("/cartes/b.typ"));
+        again.Remove(kRecentFilesSection, "2");
+        QVERIFY(!again.Get(kRecentFilesSection, "2"));
+    }
+};
+
+QTEST_MAIN(SettingsStoreTest)
+#include "test_settings_store.moc"
