@@ -25,15 +25,13 @@ std::vector<std::int64_t> TypeKeys(const std::vector<Record>& records) {
     return keys;
 }
 
-const auto kGreater = [](std::int64_t a, std::int64_t b) { return a > b; };
-
 }  // namespace
 
 void SortPolygons(std::vector<PolygonRecord>& polygons) {
-    SortLikeExchangeSort(polygons, TypeKeys(polygons), kGreater, true);
+    SortLikeExchangeSort(polygons, TypeKeys(polygons));
 }
 
-void SortPois(std::vector<PoiRecord>& pois) { SortLikeExchangeSort(pois, TypeKeys(pois), kGreater, true); }
+void SortPois(std::vector<PoiRecord>& pois) { SortLikeExchangeSort(pois, TypeKeys(pois)); }
 
 void SortPolylinesForDisplay(std::vector<PolylineRecord>& polylines) {
     std::vector<std::int64_t> keys;
@@ -42,7 +40,7 @@ void SortPolylinesForDisplay(std::vector<PolylineRecord>& polylines) {
         const std::int64_t extra = r.ExtraIndexBytes[0] * 256 + r.ExtraIndexBytes[1];
         keys.push_back((extra << 40) | TypeAndSubTypeKey(r.Type, r.SubType));
     }
-    SortLikeExchangeSort(polylines, keys, kGreater, true);
+    SortLikeExchangeSort(polylines, keys);
 }
 
 // Equal types: the later record goes first when its extra key is smaller, or
@@ -69,15 +67,15 @@ void SortPolylinesForWriting(std::vector<PolylineRecord>& polylines) {
         if (a.Type != b.Type) return a.Type > b.Type;
         return b.Extra < a.Extra || a.Extra == 0;
     };
-    if (typesDistinct) SortLikeExchangeSort(polylines, typeKeys, kGreater, true);
-    else SortLikeExchangeSort(polylines, keys, mustSwap, false);
+    if (typesDistinct) SortLikeExchangeSort(polylines, typeKeys);
+    else ExchangeSort(polylines, keys, mustSwap);
 }
 
 void SortExtraPolylineIndex(std::vector<ExtraPolylineIndexRow>& rows) {
     std::vector<std::int64_t> keys;
     keys.reserve(rows.size());
     for (const auto& r : rows) keys.push_back(Packed(r.Key, r.ExtraKey));
-    SortLikeExchangeSort(rows, keys, kGreater, true);
+    SortLikeExchangeSort(rows, keys);
 }
 
 }  // namespace mirvane
