@@ -621,7 +621,7 @@ std::string DrawOrderLine(const std::string& row) {
 }
 
 void DrawOrderSection(const Document& doc, ListingText& text) {
-    text.Break(4);
+    text.Break(5);
     text.Comment(";=========== POLYGONES : PRIORITE DANS L'AFFICHAGE ======");
     text.Break();
     text.Add(PieceRole::DrawOrderHead, "[_drawOrder]");

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "document/document.h"
-#include "text/date_caption.h"
+#include "text/listing_clock.h"
 #include "text/listing_preview.h"
 #include "text/listing_text.h"
 
@@ -21,7 +21,7 @@ struct ListingFault : std::runtime_error {
 
 // What the whole listing takes from the main window beside the document.
 struct ListingContext {
-    std::string DateCreation;  // caption of lblDateCreation, see DateCreationCaption
+    std::string DateCreation;  // caption of lblDateCreation (DateCreationCaption)
     ListingClock Now;          // for "; Décompilé le ... à ..."
 };
 

@@ -1,4 +1,4 @@
-#include "text/date_caption.h"
+#include "text/listing_clock.h"
 
 #include <chrono>
 #include <cstdio>
@@ -27,13 +27,6 @@ std::string LongTimeText(const ListingClock& clock) {
     char buffer[32];
     std::snprintf(buffer, sizeof buffer, "%02d:%02d:%02d", clock.Hour, clock.Minute, clock.Second);
     return buffer;
-}
-
-std::string DateCreationCaption(const TypHeader& header) {
-    ListingClock date{header.Year, header.Month, header.Day, header.Hour, header.Minute, header.Second};
-    if (date.Year < 2000) date.Year += 1900;
-    if (date.Month > 12) date.Month = 12;
-    return "    " + ShortDateText(date) + "     " + LongTimeText(date);
 }
 
 }  // namespace mirvane

@@ -1,9 +1,7 @@
-// Dates as the main window shows them.
+// The clock reading of the "; Décompilé le ... à ..." line.
 #pragma once
 
 #include <string>
-
-#include "document/records.h"
 
 namespace mirvane {
 
@@ -13,10 +11,6 @@ struct ListingClock {
     int Year = 2000, Month = 1, Day = 1, Hour = 0, Minute = 0, Second = 0;
     static ListingClock Now();
 };
-
-// lblDateCreation: four blanks, "dd/mm/yyyy", five blanks, "hh:mm:ss", from
-// the header date. A year below 2000 counts from 1900, a month above 12 is 12.
-std::string DateCreationCaption(const TypHeader& header);
 
 // "dd/mm/yyyy" and "hh:mm:ss" of a clock reading.
 std::string ShortDateText(const ListingClock& clock);
