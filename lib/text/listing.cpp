@@ -610,13 +610,18 @@ void CommentsSection(const Document& doc, ListingText& text) {
     text.Head("[End]");
 }
 
+// Characters from `start` (0-based), as many as there are up to `count`.
+std::string_view Mid(std::string_view text, std::size_t start, std::size_t count = std::string_view::npos) {
+    return start < text.size() ? text.substr(start, count) : std::string_view();
+}
+
 // "Type=0x10e,SubType=0x01,3" prints as "Type=0x10e01,3"; other rows unchanged.
 std::string DrawOrderLine(const std::string& row) {
-    if (row.size() < 18 || row.compare(11, 7, "SubType") != 0) return row;
-    std::string line = row.substr(0, 10);
-    line += row.substr(21, 2);
+    if (Mid(row, 11, 7) != "SubType") return row;
+    std::string line(Mid(row, 0, 10));
+    line += Mid(row, 21, 2);
     line += ',';
-    if (row.size() > 24) line += row.substr(24);
+    line += Mid(row, 24);
     return line;
 }
 

@@ -67,10 +67,10 @@ TEST(Listing, CommentTextAndDrawOrderRows) {
     Document doc = LoadedDocument();
     const std::string comment = "first\r\nsecond\nthird";
     doc.HeaderGapBytes.assign(comment.begin(), comment.end());
-    doc.DrawOrderRows = {"Type=0x003,1", "Type=0x10e,SubType=0x01,3"};
+    doc.DrawOrderRows = {"Type=0x003,1", "Type=0x10e,SubType=0x01,3", "Type=0x10e,SubType"};
     const std::string plain = ListWholeDocument(doc, kContext).Plain();
     EXPECT_NE(plain.find("[_comments]\r\nfirst\r\nsecond\r\nthird\r\n[End]"), std::string::npos);
-    EXPECT_NE(plain.find("[_drawOrder]\r\nType=0x003,1\r\nType=0x10e01,3\r\n[End]"), std::string::npos);
+    EXPECT_NE(plain.find("[_drawOrder]\r\nType=0x003,1\r\nType=0x10e01,3\r\nType=0x10e,\r\n[End]"), std::string::npos);
 }
 
 TEST(Listing, TypeValueOfPolygons) {
