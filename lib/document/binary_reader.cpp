@@ -179,7 +179,10 @@ void BinaryTypReader::FillIdentity() {
     id.txtProductCode = std::to_string(static_cast<std::uint16_t>(doc_.Header.ProductCode));
     const int index = doc_.Header.CodePage - 1250;
     if (index >= 0 && index <= 8) id.CodePageIndex = index;
-    else LogRunTimeError(kErrInvalidPropertyValue);  // the combo refuses the selection
+    else {
+        id.UnlistedCodePage = doc_.Header.CodePage;
+        LogRunTimeError(kErrInvalidPropertyValue);  // the combo refuses the selection
+    }
     SelectHeaderSize(id, doc_.Header.HeaderSize);
 }
 
@@ -297,12 +300,19 @@ public:
         return buffer_[static_cast<std::size_t>(at)];
     }
     // Little-endian number of bytes [from, to); more than four bytes overflow.
+    // Only the bytes inside the buffer are visited, so rows of an absurd size
+    // cost no more than the buffer holds.
     std::int64_t Number(int from, int to) {
+        const std::int64_t size = static_cast<std::int64_t>(buffer_.size());
+        const std::int64_t first = std::clamp<std::int64_t>(start_ + from, 0, size);
+        const std::int64_t last = std::clamp<std::int64_t>(start_ + to, 0, size);
+        if (from < 0 || first != start_ + from || last != start_ + to) outOfRange_ = true;
         std::int64_t value = 0;
-        for (int i = to - 1; i >= from; --i) {
-            const std::uint8_t byte = (*this)[i];
-            if (i - from >= 4 && byte != 0) overflow_ = true;
-            if (i - from < 4) value = value * 256 + byte;
+        for (std::int64_t at = last - 1; at >= first; --at) {
+            const std::int64_t place = at - (start_ + from);
+            const std::uint8_t byte = buffer_[static_cast<std::size_t>(at)];
+            if (place >= 4 && byte != 0) overflow_ = true;
+            if (place < 4) value = value * 256 + byte;
         }
         return value;
     }
