@@ -30,7 +30,9 @@ Document LargeDocument(int perKind) {
     Document doc;
     doc.State = DocumentState::Loaded;
     doc.FileName = "large.typ";
-    doc.Identity = {"42", "1", 2, 0, {}};
+    doc.Identity.txtFID = "42";
+    doc.Identity.txtProductCode = "1";
+    doc.Identity.CodePageIndex = 2;
     const Bytes labels = EncodeLabelBlock({{0, "Some label"}, {4, "Another label"}});
     for (int i = 0; i < perKind; ++i) {
         PolygonRecord polygon;
