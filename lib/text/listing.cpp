@@ -573,12 +573,19 @@ void Headings(const Document& doc, const ListingContext& context, ListingText& t
     heading("; D\xE9" "compil\xE9 le " + ShortDateText(context.Now) + " \xE0 " + LongTimeText(context.Now));
 }
 
+// 1250 + the combo's index; a code page the combo cannot hold (65001) is
+// shown as it stands rather than as the 1249 of an empty selection.
+std::string CodePageValue(const IdentityFields& identity) {
+    if (identity.CodePageIndex < 0 && identity.UnlistedCodePage != 0) return std::to_string(identity.UnlistedCodePage);
+    return std::to_string(1250 + identity.CodePageIndex);
+}
+
 void IdSection(const Document& doc, ListingText& text) {
     text.Break(2);
     text.Add(PieceRole::IdHead, "[_id]");
     text.KeyLine("ProductCode=", doc.Identity.txtProductCode);
     text.KeyLine("FID=", doc.Identity.txtFID);
-    text.KeyLine("CodePage=", std::to_string(1250 + doc.Identity.CodePageIndex));
+    text.KeyLine("CodePage=", CodePageValue(doc.Identity));
     text.Break();
     text.Add(PieceRole::IdEnd, "[End]");
 }

@@ -63,6 +63,19 @@ TEST(Listing, HeadingsOnlyForADocumentReadFromABinaryFile) {
     EXPECT_EQ(ListWholeDocument(unnamed, kContext).Plain().rfind("; Longueur: 1234 octets\r\n", 0), 0u);
 }
 
+TEST(Listing, CodePageOfTheIdentityFields) {
+    Document doc = LoadedDocument();
+    auto codePageLine = [&] {
+        const auto lines = Lines(ListWholeDocument(doc, kContext).Plain());
+        return *std::find_if(lines.begin(), lines.end(), [](const std::string& l) { return l.rfind("CodePage=", 0) == 0; });
+    };
+    doc.Identity.CodePageIndex = 8;
+    EXPECT_EQ(codePageLine(), "CodePage=1258");
+    doc.Identity.CodePageIndex = -1;
+    doc.Identity.UnlistedCodePage = 65001;
+    EXPECT_EQ(codePageLine(), "CodePage=65001");
+}
+
 TEST(Listing, CommentTextAndDrawOrderRows) {
     Document doc = LoadedDocument();
     const std::string comment = "first\r\nsecond\nthird";

@@ -145,13 +145,10 @@ PairResult ComparePair(const fs::path& binary, const std::string& reference) {
                                      std::to_string(theirs.size()));
         return result;
     }
-    const std::string codePageFromHeader = "CodePage=" + std::to_string(doc.Header.CodePage);
     for (std::size_t i = 4; i < mine.size(); ++i) {
         if (mine[i] == theirs[i]) continue;
         if (SameButMojibake(mine[i], theirs[i])) {
             ++result.Mojibake;
-        } else if (doc.Identity.CodePageIndex < 0 && theirs[i] == codePageFromHeader) {
-            // A code page the combo does not hold (65001) was typed back in by hand.
         } else {
             result.Unexplained.push_back(std::to_string(i + 1) + ": " + mine[i] + " | " + theirs[i]);
         }
