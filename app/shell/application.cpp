@@ -14,6 +14,7 @@
 #include "shell/dialog_prompts.h"
 #include "shell/main_window.h"
 #include "shell/qt_settings_store.h"
+#include "text/listing.h"
 
 namespace mirvane::app {
 
@@ -27,13 +28,17 @@ QString FindLanguageFolder() {
     return QDir(MIRVANE_DATA_DIR).filePath("Langues");
 }
 
-namespace {
+// Wires the text route: the listing shown in BoxVisualisation, and the
+// reading of .txt files (model.SetTextOpener, which also enables "open text"
+// and the .txt drops) once the text parser is built in.
+void ConnectTextRoute(MainWindow& window, MainWindowModel& model) {
+    window.SetListingFunction([&model](Document& doc) {
+        const ListingContext context{model.DateText(), ListingClock::Now()};
+        return ListWholeDocument(doc, context).Plain();
+    });
+}
 
-// Wires the text route: the listing shown in BoxVisualisation
-// (window.SetListingFunction) and the reading of .txt files
-// (model.SetTextOpener, which also enables "open text" and the .txt drops).
-// Neither is built in yet, so the pane stays empty and those menus disabled.
-void ConnectTextRoute(MainWindow& /*window*/, MainWindowModel& /*model*/) {}
+namespace {
 
 int TakeScreenshot(const QString& out, const QString& file) {
     MemorySettingsStore settings;  // leaves the user's settings alone

@@ -5,13 +5,21 @@
 #include <QStringList>
 #include <string>
 
+#include "editors/main_window_model.h"
+
 namespace mirvane::app {
+
+class MainWindow;
 
 // "v0.1.0": the version behind the word Mirvane in the title.
 std::string ProgramVersionText();
 
 // The "Langues" folder beside the program, else the installed data folder.
 QString FindLanguageFolder();
+
+// Connects the text listing of BoxVisualisation (and, once the text parser is
+// built in, the opening of .txt files) to a window and its model.
+void ConnectTextRoute(MainWindow& window, MainWindowModel& model);
 
 // Runs the program on the arguments (without the program name):
 //   [FILE]                       opens FILE

@@ -69,6 +69,7 @@ class MainWindowTest : public QObject {
         window_.reset();
         model_ = std::make_unique<MainWindowModel>(*doc_, *prompts_, *settings_, "v0.1.0");
         window_ = std::make_unique<app::MainWindow>(*model_);
+        app::ConnectTextRoute(*window_, *model_);
         window_->show();
     }
 
@@ -130,6 +131,10 @@ private slots:
         QVERIFY(Action("mnufermer")->isEnabled());
         QVERIFY(Find<QPushButton>("cmdSupprimerPOI")->isEnabled());
         QVERIFY(Find<QPushButton>("cmdAppliquerModif")->isHidden());
+        const QString text = Find<QPlainTextEdit>("BoxVisualisation")->toPlainText();
+        QVERIFY(text.contains("[_id]"));
+        QVERIFY(text.contains("FID=" + Find<QLineEdit>("txtFID")->text()));
+        QVERIFY(text.contains("[_polygon]"));
         // This file's code page is not one the combo lists: its log is shown once.
         QCOMPARE(prompts_->ErrorLists.size(), expected.ReadErrorFlag ? 1u : 0u);
     }
@@ -146,6 +151,7 @@ private slots:
         QCOMPARE(window_->windowTitle(), QString("Mirvane v0.1.0"));
         QCOMPARE(Find<QListWidget>("ListPolygone")->count(), 0);
         QCOMPARE(Find<QListWidget>("ListDraworder")->count(), 0);
+        QVERIFY(Find<QPlainTextEdit>("BoxVisualisation")->toPlainText().isEmpty());
         QCOMPARE(Caption("fraPolygone"), QString("Liste des polygones"));
         QVERIFY(Find<QLabel>("lblNomTyp")->text().isEmpty());
         QVERIFY(!Action("mnufermer")->isEnabled());
