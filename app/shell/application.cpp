@@ -35,6 +35,8 @@ void ConnectTextRoute(MainWindow& window, MainWindowModel& model) {
     window.SetListingFunction([&model](Document& doc) {
         const ListingContext context{model.DateText(), ListingClock::Now()};
         return ListWholeDocument(doc, context).Plain();
+    }, [](Document& doc, int scope, int index) {
+        return ListOneObject(doc, scope, index, false).Text.Plain();
     });
 }
 

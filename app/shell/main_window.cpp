@@ -242,6 +242,11 @@ QGroupBox* MainWindow::BuildObjectFrame(const char* frameName, const char* listN
     notYetBuilt_ << add << edit;
     deleteButtons_[static_cast<int>(kind) - 1] = remove;
     connect(remove, &QPushButton::clicked, this, [this, kind] { DeleteSelected(kind); });
+    // Picking a row shows that object's text.
+    connect(list, &QListWidget::itemClicked, this, [this, kind, list] {
+        model_.SetEditScope(static_cast<int>(kind), list->currentRow());
+        RefreshTextPane();
+    });
     list->installEventFilter(this);  // the Delete key in the list
 
     auto* buttons = new QHBoxLayout;
@@ -268,7 +273,10 @@ QWidget* MainWindow::BuildTextPanel() {
     cmdAppliquerModif_ = MakeButton(panel, "cmdAppliquerModif", MainTr("Appliquer les modifications",
                                                                        "cmdAppliquerModif"));
     cmdAppliquerModif_->hide();
-    connect(cmdvoirtxt_, &QPushButton::clicked, this, [this] { RefreshTextPane(); });
+    connect(cmdvoirtxt_, &QPushButton::clicked, this, [this] {
+        model_.SetEditScope(0);
+        RefreshTextPane();
+    });
 
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(cmdvoirtxt_);
@@ -282,8 +290,9 @@ QWidget* MainWindow::BuildTextPanel() {
     return panel;
 }
 
-void MainWindow::SetListingFunction(ListingFunction listing) {
+void MainWindow::SetListingFunction(ListingFunction listing, ObjectListingFunction objectListing) {
     listing_ = std::move(listing);
+    objectListing_ = std::move(objectListing);
     Refresh();
 }
 
@@ -375,8 +384,11 @@ void MainWindow::RefreshTextPane() {
         return;
     }
     Document& doc = model_.Doc();
+    const bool oneObject = model_.EditScope() != 0 && objectListing_;
+    const std::string bytes =
+        oneObject ? objectListing_(doc, model_.EditScope(), model_.EditIndex()) : listing_(doc);
     BoxVisualisation_->setPlainText(
-        DecodeDocumentText(listing_(doc), doc.Identity.UnlistedCodePage ? doc.Identity.UnlistedCodePage
+        DecodeDocumentText(bytes, doc.Identity.UnlistedCodePage ? doc.Identity.UnlistedCodePage
                                                                            : SelectedCodePage(doc.Identity)).replace("\r\n", "\n"));
 }
 

@@ -27,10 +27,13 @@ public:
     // document's code page; it may log broken objects in the document.
     using ListingFunction = std::function<std::string(Document&)>;
 
+    // The text of one object (scope 1 polygon, 2 polyline, 3 POI, and its row).
+    using ObjectListingFunction = std::function<std::string(Document&, int scope, int index)>;
+
     MainWindow(MainWindowModel& model, QWidget* parent = nullptr);
 
     MainWindowModel& Model() { return model_; }
-    void SetListingFunction(ListingFunction listing);
+    void SetListingFunction(ListingFunction listing, ObjectListingFunction objectListing = {});
     void SetAutoSaveChecked(bool checked);
 
     // Redraws every widget from the model.
@@ -59,6 +62,7 @@ private:
 
     MainWindowModel& model_;
     ListingFunction listing_;
+    ObjectListingFunction objectListing_;
     bool refreshing_ = false;
     bool checkingIdentity_ = false;
 

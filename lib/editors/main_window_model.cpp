@@ -53,7 +53,16 @@ MainWindowModel::MainWindowModel(Document& doc, UserPrompts& prompts, SettingsSt
 }
 
 void MainWindowModel::Changed() {
+    const int count = editScope_ == 1   ? doc_.PolygonCount()
+                      : editScope_ == 2 ? static_cast<int>(doc_.Polylines.size())
+                                        : doc_.PoiCount();
+    if (editScope_ != 0 && (editIndex_ < 0 || editIndex_ >= count)) SetEditScope(0);
     if (changed_) changed_();
+}
+
+void MainWindowModel::SetEditScope(int scope, int index) {
+    editScope_ = scope >= 1 && scope <= 3 && index >= 0 ? scope : 0;
+    editIndex_ = editScope_ ? index : -1;
 }
 
 // --- what the window shows
@@ -188,6 +197,7 @@ void MainWindowModel::Close() {
         SaveTyp();
     doc_.Reset();
     newDocumentFlag_ = false;
+    SetEditScope(0);
     Changed();
 }
 

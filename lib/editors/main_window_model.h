@@ -62,6 +62,13 @@ public:
     bool IsModified() const { return doc_.ModifiedFlag; }
     bool IsNewDocument() const { return newDocumentFlag_; }
     bool HasDocument() const { return doc_.State != DocumentState::None; }
+    // What the text pane shows: 0 the whole document, 1 a polygon, 2 a
+    // polyline, 3 a POI, with the row of that object.
+    int EditScope() const { return editScope_; }
+    int EditIndex() const { return editIndex_; }
+    // A row picked in a list, or scope 0 for the whole document. The pane
+    // follows; nothing else changes, so no redraw is asked for.
+    void SetEditScope(int scope, int index = -1);
 
     // --- commands
     void New();
@@ -105,6 +112,8 @@ private:
     TextOpener textOpener_;
     std::function<void()> changed_;
     bool newDocumentFlag_ = false;
+    int editScope_ = 0;
+    int editIndex_ = -1;
 };
 
 // "le polygone", "la polyligne", "le POI".

@@ -139,6 +139,20 @@ private slots:
         QCOMPARE(prompts_->ErrorLists.size(), expected.ReadErrorFlag ? 1u : 0u);
     }
 
+    void pickingARowShowsThatObjectAndViewTextTheWhole() {
+        REQUIRE_CORPUS();
+        OpenThroughMenu(CorpusFile("jbm-osm.typ"));
+        auto* list = Find<QListWidget>("ListPOI");
+        auto* pane = Find<QPlainTextEdit>("BoxVisualisation");
+        const QRect row = list->visualItemRect(list->item(1));
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row.center());
+        QCOMPARE(list->currentRow(), 1);
+        QVERIFY(pane->toPlainText().contains("[_point]"));
+        QVERIFY(!pane->toPlainText().contains("[_id]"));
+        QMetaObject::invokeMethod(Find<QPushButton>("cmdvoirtxt"), "click");
+        QVERIFY(pane->toPlainText().contains("[_id]"));
+    }
+
     void closeWithNoLosesTheChanges() {
         REQUIRE_CORPUS();
         OpenThroughMenu(CorpusFile("jbm-osm.typ"));

@@ -150,9 +150,12 @@ TEST_F(ModelFixture, DeletingTheOnlyPolygonAsksAndLeavesCountZero) {
     EXPECT_FALSE(model.DeleteObject(ObjectKind::Polygon, -1));  // no selection: no question
     EXPECT_TRUE(prompts.Questions.empty());
     prompts.Answers = {false, true};
+    model.SetEditScope(1, 0);
     EXPECT_FALSE(model.DeleteObject(ObjectKind::Polygon, 0));
+    EXPECT_EQ(model.EditScope(), 1);
     EXPECT_TRUE(model.DeleteObject(ObjectKind::Polygon, 0));
     EXPECT_TRUE(doc.Polygons.empty());
+    EXPECT_EQ(model.EditScope(), 0);  // the pane goes back to the whole document
     EXPECT_EQ(model.PolygonCaption(), "Liste des polygones  (0)");
     EXPECT_EQ(prompts.Questions[0],
               "Voulez-vous réellement supprimer le polygone ?|"
