@@ -129,14 +129,23 @@ void MainWindow::BuildMenus() {
     mnuOuvrirTypMapset_->setEnabled(false);
     tools->addActions({mnuSauvegardeAuto_, mnuTypSpeciaux_});
 
-    connect(mnuNouveau_, &QAction::triggered, this, [this] { model_.New(); });
+    connect(mnuNouveau_, &QAction::triggered, this, [this] {
+        if (CommitIdentityEdits()) model_.New();
+    });
     connect(mnuOuvrirTYP_, &QAction::triggered, this, [this] {
+        if (!CommitIdentityEdits()) return;
         model_.OpenTyp();
         cmdAppliquerModif_->hide();
     });
-    connect(mnuouvrirtxt_, &QAction::triggered, this, [this] { model_.OpenText(); });
-    connect(mnufermer_, &QAction::triggered, this, [this] { model_.Close(); });
-    connect(mnuEnregistrerTyp_, &QAction::triggered, this, [this] { model_.SaveTyp(); });
+    connect(mnuouvrirtxt_, &QAction::triggered, this, [this] {
+        if (CommitIdentityEdits()) model_.OpenText();
+    });
+    connect(mnufermer_, &QAction::triggered, this, [this] {
+        if (CommitIdentityEdits()) model_.Close();
+    });
+    connect(mnuEnregistrerTyp_, &QAction::triggered, this, [this] {
+        if (CommitIdentityEdits()) model_.SaveTyp();
+    });
     connect(mnuquitter_, &QAction::triggered, this, &QWidget::close);
 }
 
@@ -224,7 +233,9 @@ QWidget* MainWindow::BuildHeaderPanel() {
     connect(cbbHeadersize_, &QComboBox::currentIndexChanged, this, [this](int index) {
         if (!refreshing_) model_.SetHeaderSizeIndex(index);
     });
-    connect(cmdCreerTYP_, &QPushButton::clicked, this, [this] { model_.SaveTyp(); });
+    connect(cmdCreerTYP_, &QPushButton::clicked, this, [this] {
+        if (CommitIdentityEdits()) model_.SaveTyp();
+    });
     return panel;
 }
 
@@ -392,11 +403,11 @@ void MainWindow::RefreshTextPane() {
                                                                            : SelectedCodePage(doc.Identity)).replace("\r\n", "\n"));
 }
 
-void MainWindow::FinishIdentityField(QLineEdit* field, bool fid) {
-    if (refreshing_ || checkingIdentity_ || !model_.HasDocument()) return;
+bool MainWindow::FinishIdentityField(QLineEdit* field, bool fid) {
+    if (refreshing_ || checkingIdentity_ || !model_.HasDocument()) return true;
     const std::string text = field->text().toStdString();
     const std::string& stored = fid ? model_.Doc().Identity.txtFID : model_.Doc().Identity.txtProductCode;
-    if (text == stored) return;
+    if (text == stored) return true;
     checkingIdentity_ = true;
     const bool valid = model_.CheckIdentityValue(text);
     checkingIdentity_ = false;
@@ -406,10 +417,11 @@ void MainWindow::FinishIdentityField(QLineEdit* field, bool fid) {
             field->setFocus();
             field->selectAll();
         });
-        return;
+        return false;
     }
     if (fid) model_.SetFid(text);
     else model_.SetProductCode(text);
+    return true;
 }
 
 QListWidget* MainWindow::ListOf(ObjectKind kind) const {
@@ -438,7 +450,23 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     return QMainWindow::eventFilter(watched, event);
 }
 
+bool MainWindow::CommitIdentityEdits() {
+    // A shortcut such as Ctrl+S leaves the focus in the field, so its text
+    // has not been taken yet.
+    // Both texts are read first: taking one redraws the other.
+    const QString typedFid = txtFID_->text(), typedProduct = txtProductCode_->text();
+    if (!txtFID_->isEnabled()) return true;
+    txtFID_->setText(typedFid);
+    if (!FinishIdentityField(txtFID_, true)) return false;
+    txtProductCode_->setText(typedProduct);
+    return FinishIdentityField(txtProductCode_, false);
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!CommitIdentityEdits()) {
+        event->ignore();
+        return;
+    }
     if (model_.RequestQuit(mnuSauvegardeAuto_->isChecked())) event->accept();
     else event->ignore();
 }

@@ -56,7 +56,11 @@ private:
     void RefreshRecentMenu();
     void RefreshEnables();
     void RefreshTextPane();
-    void FinishIdentityField(QLineEdit* field, bool fid);
+    // On leaving txtFID or txtProductCode: checks the value and hands it to the
+    // model; false, with the focus back in the field, when it is refused.
+    bool FinishIdentityField(QLineEdit* field, bool fid);
+    // Takes the identity fields' text before a command; false when refused.
+    bool CommitIdentityEdits();
     void DeleteSelected(ObjectKind kind);
     QListWidget* ListOf(ObjectKind kind) const;
 

@@ -230,6 +230,23 @@ private slots:
         QCOMPARE(window_->windowTitle(), QString("Mirvane v0.1.0 - Nouveau TYP"));
     }
 
+    void savingRightAfterTypingTakesTheTypedIdentity() {
+        QTemporaryDir folder;
+        const QString target = folder.filePath("neuf.typ");
+        Action("mnuNouveau")->trigger();
+        auto* fid = Find<QLineEdit>("txtFID");
+        auto* product = Find<QLineEdit>("txtProductCode");
+        fid->setText("4242");  // no editingFinished: the focus never left
+        product->setText("3");
+        prompts_->Paths.push_back(target.toStdString());
+        Action("mnuEnregistrerTyp")->trigger();
+        QVERIFY(prompts_->Informations.empty());
+        Document saved;
+        QVERIFY(OpenBinaryTyp(saved, target.toStdString()));
+        QCOMPARE(saved.Identity.txtFID, std::string("4242"));
+        QCOMPARE(window_->windowTitle(), QString("Mirvane v0.1.0 - [neuf.typ]"));
+    }
+
     void deletingTheOnlyPolygonLeavesCountZero() {
         Action("mnuNouveau")->trigger();
         PolygonRecord only;
