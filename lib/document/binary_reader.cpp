@@ -391,13 +391,14 @@ void BinaryTypReader::ReadDrawOrder() {
     const int length = At(87).U16();
     At(85).U8();  // the record size byte is read but the walk always steps by 5
     const std::int64_t base = doc_.DrawOrderBase;
+    FieldReader in = At(base);
     int level = 1;
     for (int p = 1; p <= length; p += 5) {
-        FieldReader in = At(base + p - 1);
+        in.Seek(base + p - 1);
         std::uint8_t type = in.U8();
         if (type == 0) {
             p += 5;
-            in = At(base + p - 1);
+            in.Seek(base + p - 1);
             type = in.U8();
             ++level;
         }

@@ -559,7 +559,7 @@ std::size_t RegularPolylineCount(const Document& doc) {
 // --- Whole document -------------------------------------------------------
 
 void Headings(const Document& doc, const ListingContext& context, ListingText& text) {
-    if (doc.State != DocumentState::Loaded || doc.FromText) return;
+    if (!context.WithHeadings || doc.State != DocumentState::Loaded || doc.FromText) return;
     bool first = true;
     auto heading = [&](const std::string& line) {
         if (!first) text.Break();

@@ -23,6 +23,7 @@ struct ListingFault : std::runtime_error {
 struct ListingContext {
     std::string DateCreation;  // caption of lblDateCreation (DateCreationCaption)
     ListingClock Now;          // for "; Décompilé le ... à ..."
+    bool WithHeadings = true;  // the four heading comments of a document read from a binary
 };
 
 // The whole document, as cmdvoirtxt_Click shows it. Broken objects are

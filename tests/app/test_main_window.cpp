@@ -46,7 +46,7 @@ class MainWindowTest : public QObject {
     Q_OBJECT
 
     std::unique_ptr<Document> doc_;
-    std::unique_ptr<testing::ScriptedPrompts> prompts_;
+    std::unique_ptr<ScriptedPrompts> prompts_;
     std::unique_ptr<MemorySettingsStore> settings_;
     std::unique_ptr<MainWindowModel> model_;
     std::unique_ptr<app::MainWindow> window_;
@@ -89,7 +89,7 @@ class MainWindowTest : public QObject {
 private slots:
     void init() {
         doc_ = std::make_unique<Document>();
-        prompts_ = std::make_unique<testing::ScriptedPrompts>();
+        prompts_ = std::make_unique<ScriptedPrompts>();
         settings_ = std::make_unique<MemorySettingsStore>();
         MakeWindow();
     }
@@ -136,7 +136,7 @@ private slots:
         QVERIFY(text.contains("FID=" + Find<QLineEdit>("txtFID")->text()));
         QVERIFY(text.contains("[_polygon]"));
         // This file's code page is not one the combo lists: its log is shown once.
-        QCOMPARE(prompts_->ErrorLists.size(), expected.ReadErrorFlag ? 1u : 0u);
+        QCOMPARE(prompts_->Texts("errors").size(), expected.ReadErrorFlag ? 1u : 0u);
     }
 
     void pickingARowShowsThatObjectAndViewTextTheWhole() {
@@ -161,7 +161,7 @@ private slots:
         QCOMPARE(Find<QLabel>("lblLongueur")->text(), QString("modifié"));
         prompts_->Answers.push_back(false);
         Action("mnufermer")->trigger();
-        QCOMPARE(prompts_->Questions.size(), 2u);
+        QCOMPARE(prompts_->Texts("ask").size(), 2u);
         QCOMPARE(window_->windowTitle(), QString("Mirvane v0.1.0"));
         QCOMPARE(Find<QListWidget>("ListPolygone")->count(), 0);
         QCOMPARE(Find<QListWidget>("ListDraworder")->count(), 0);
@@ -182,7 +182,7 @@ private slots:
         prompts_->Answers.push_back(true);
         prompts_->Paths.push_back(target.toStdString());
         Action("mnufermer")->trigger();
-        QVERIFY(prompts_->Warnings.empty());
+        QVERIFY(prompts_->Texts("warn").empty());
         Document saved;
         QVERIFY(OpenBinaryTyp(saved, target.toStdString()));
         QCOMPARE(saved.PolygonCount(), polygons - 1);
@@ -220,8 +220,8 @@ private slots:
         QCOMPARE(fid->text(), QString("123"));
         fid->setText("65536");
         emit fid->editingFinished();
-        QCOMPARE(prompts_->Informations.size(), 1u);
-        QVERIFY(prompts_->Informations[0].find("65535") != std::string::npos);
+        QCOMPARE(prompts_->Texts("inform").size(), 1u);
+        QVERIFY(prompts_->Texts("inform")[0].find("65535") != std::string::npos);
         QVERIFY(doc_->Identity.txtFID.empty());
         fid->setText("0");
         emit fid->editingFinished();
@@ -240,7 +240,7 @@ private slots:
         product->setText("3");
         prompts_->Paths.push_back(target.toStdString());
         Action("mnuEnregistrerTyp")->trigger();
-        QVERIFY(prompts_->Informations.empty());
+        QVERIFY(prompts_->Texts("inform").empty());
         Document saved;
         QVERIFY(OpenBinaryTyp(saved, target.toStdString()));
         QCOMPARE(saved.Identity.txtFID, std::string("4242"));
@@ -260,12 +260,12 @@ private slots:
         // The Delete key in the list asks the same question.
         prompts_->Answers.push_back(false);
         QTest::keyClick(Find<QListWidget>("ListPolygone"), Qt::Key_Delete);
-        QCOMPARE(prompts_->Questions.size(), 2u);
+        QCOMPARE(prompts_->Texts("ask").size(), 2u);
         DeleteFirstPolygon(true);
         QCOMPARE(Find<QListWidget>("ListPolygone")->count(), 0);
         QCOMPARE(Caption("fraPolygone"), QString("Liste des polygones  (0)"));
         QVERIFY(doc_->Polygons.empty());
-        QVERIFY(prompts_->Questions.back().find("Type:0x01f  SubType:0x00") != std::string::npos);
+        QVERIFY(prompts_->Texts("ask").back().find("Type:0x01f  SubType:0x00") != std::string::npos);
     }
 
     void recentFilesOpenAndForgetMissingOnes() {
@@ -279,7 +279,7 @@ private slots:
         QVERIFY(RecentActions().first()->text().endsWith("parti.typ"));
         RecentActions().first()->trigger();
         QTRY_COMPARE(RecentActions().size(), 1);
-        QCOMPARE(prompts_->Informations.back(), std::string("Mirvane|Fichier introuvable"));
+        QCOMPARE(prompts_->Texts("inform").back(), std::string("Mirvane|Fichier introuvable"));
         QVERIFY(!settings_->Get(kRecentFilesSection, "2"));
         RecentActions().first()->trigger();
         QTRY_COMPARE(window_->windowTitle(), QString("Mirvane v0.1.0 - [jbm-osm.typ]"));
@@ -302,7 +302,7 @@ private slots:
         prompts_->Answers.push_back(true);  // save: no FID, so the quit stops
         QVERIFY(!window_->close());
         QVERIFY(window_->isVisible());
-        QCOMPARE(prompts_->Informations.back(), std::string("FID absent|Il faut indiquer le FID."));
+        QCOMPARE(prompts_->Texts("inform").back(), std::string("FID absent|Il faut indiquer le FID."));
         prompts_->Answers.push_back(false);
         QVERIFY(window_->close());
     }

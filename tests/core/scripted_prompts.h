@@ -1,4 +1,5 @@
-// Answers the main window's questions from a script and records what was asked.
+// UserPrompts answered by the test: questions get the queued answers (No when
+// none is left), messages and questions are recorded.
 #pragma once
 
 #include <deque>
@@ -8,30 +9,41 @@
 
 #include "editors/user_prompts.h"
 
-namespace mirvane::testing {
-
-class ScriptedPrompts : public UserPrompts {
-public:
-    std::deque<bool> Answers;                       // for AskYesNo, in order; No when empty
-    std::deque<std::optional<std::string>> Paths;   // for both file dialogs; cancel when empty
-    std::vector<std::string> Questions, Informations, Warnings, ErrorLists;
+struct ScriptedPrompts : mirvane::UserPrompts {
+    struct Shown {
+        std::string Kind, Title, Text;
+    };
+    std::deque<bool> Answers;
+    std::deque<std::optional<std::string>> Paths;
+    std::vector<Shown> Log;
 
     bool AskYesNo(const std::string& title, const std::string& text, bool) override {
-        Questions.push_back(title + "|" + text);
+        Log.push_back({"ask", title, text});
         if (Answers.empty()) return false;
-        bool answer = Answers.front();
+        const bool answer = Answers.front();
         Answers.pop_front();
         return answer;
     }
-    void Inform(const std::string& title, const std::string& text) override {
-        Informations.push_back(title + "|" + text);
-    }
-    void Warn(const std::string& title, const std::string& text) override { Warnings.push_back(title + "|" + text); }
-    std::optional<std::string> ChooseOpenPath(const std::string&, const std::string&) override { return NextPath(); }
-    std::optional<std::string> ChooseSavePath(const std::string&, const std::string&, const std::string&) override {
+    void Inform(const std::string& title, const std::string& text) override { Log.push_back({"inform", title, text}); }
+    void Warn(const std::string& title, const std::string& text) override { Log.push_back({"warn", title, text}); }
+    std::optional<std::string> ChooseOpenPath(const std::string& title, const std::string& filter) override {
+        Log.push_back({"open", title, filter});
         return NextPath();
     }
-    void ShowErrorList(const std::string& text) override { ErrorLists.push_back(text); }
+    std::optional<std::string> ChooseSavePath(const std::string& title, const std::string&,
+                                              const std::string& filter) override {
+        Log.push_back({"save", title, filter});
+        return NextPath();
+    }
+    void ShowErrorList(const std::string& text) override { Log.push_back({"errors", "", text}); }
+
+    // "title|text" of everything of one kind shown so far, in order.
+    std::vector<std::string> Texts(const std::string& kind) const {
+        std::vector<std::string> texts;
+        for (const auto& shown : Log)
+            if (shown.Kind == kind) texts.push_back(kind == "errors" ? shown.Text : shown.Title + "|" + shown.Text);
+        return texts;
+    }
 
 private:
     std::optional<std::string> NextPath() {
@@ -41,5 +53,3 @@ private:
         return path;
     }
 };
-
-}  // namespace mirvane::testing

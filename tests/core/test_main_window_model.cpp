@@ -14,7 +14,6 @@ namespace mirvane {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ScriptedPrompts;
 
 class TempFolder {
 public:
@@ -112,8 +111,8 @@ TEST_F(ModelFixture, NewDocumentIsNeverMarkedButQuitAsks) {
     // Yes to saving, but no FID: the quit is abandoned with the message.
     prompts.Answers = {true};
     EXPECT_FALSE(model.RequestQuit(true));
-    ASSERT_EQ(prompts.Informations.size(), 1u);
-    EXPECT_EQ(prompts.Informations[0], "FID absent|Il faut indiquer le FID.");
+    ASSERT_EQ(prompts.Texts("inform").size(), 1u);
+    EXPECT_EQ(prompts.Texts("inform")[0], "FID absent|Il faut indiquer le FID.");
     EXPECT_EQ(settings.GetOr(kSettingsSection, "Sauvegarde automatique", ""), "true");
 }
 
@@ -123,11 +122,11 @@ TEST_F(ModelFixture, IdentityValueChecks) {
     EXPECT_FALSE(MainWindowModel::IdentityKeyAccepted('a'));
     EXPECT_TRUE(model.CheckIdentityValue("0"));
     EXPECT_TRUE(model.CheckIdentityValue("65535"));
-    EXPECT_TRUE(prompts.Informations.empty());
+    EXPECT_TRUE(prompts.Texts("inform").empty());
     EXPECT_FALSE(model.CheckIdentityValue("65536"));
     EXPECT_FALSE(model.CheckIdentityValue(""));
-    ASSERT_EQ(prompts.Informations.size(), 2u);
-    EXPECT_EQ(prompts.Informations[0], "Erreur de saisie|Il faut rentrer un entier compris entre 1 et 65535");
+    ASSERT_EQ(prompts.Texts("inform").size(), 2u);
+    EXPECT_EQ(prompts.Texts("inform")[0], "Erreur de saisie|Il faut rentrer un entier compris entre 1 et 65535");
 }
 
 TEST_F(ModelFixture, MissingRecentFileIsRemovedFromMenuAndStore) {
@@ -139,7 +138,7 @@ TEST_F(ModelFixture, MissingRecentFileIsRemovedFromMenuAndStore) {
     fresh.OpenRecent(0);
     EXPECT_TRUE(fresh.Recent().Items().empty());
     EXPECT_FALSE(settings.Get(kRecentFilesSection, "1"));
-    EXPECT_EQ(prompts.Informations.at(0), "Mirvane|Fichier introuvable");
+    EXPECT_EQ(prompts.Texts("inform").at(0), "Mirvane|Fichier introuvable");
 }
 
 TEST_F(ModelFixture, DeletingTheOnlyPolygonAsksAndLeavesCountZero) {
@@ -148,7 +147,7 @@ TEST_F(ModelFixture, DeletingTheOnlyPolygonAsksAndLeavesCountZero) {
     doc.Polygons[0].Type = "003";
     doc.Polygons[0].SubType = "00";
     EXPECT_FALSE(model.DeleteObject(ObjectKind::Polygon, -1));  // no selection: no question
-    EXPECT_TRUE(prompts.Questions.empty());
+    EXPECT_TRUE(prompts.Texts("ask").empty());
     prompts.Answers = {false, true};
     model.SetEditScope(1, 0);
     EXPECT_FALSE(model.DeleteObject(ObjectKind::Polygon, 0));
@@ -157,7 +156,7 @@ TEST_F(ModelFixture, DeletingTheOnlyPolygonAsksAndLeavesCountZero) {
     EXPECT_TRUE(doc.Polygons.empty());
     EXPECT_EQ(model.EditScope(), 0);  // the pane goes back to the whole document
     EXPECT_EQ(model.PolygonCaption(), "Liste des polygones  (0)");
-    EXPECT_EQ(prompts.Questions[0],
+    EXPECT_EQ(prompts.Texts("ask")[0],
               "Voulez-vous réellement supprimer le polygone ?|"
               "Supprimer définitivement le polygone Type:0x003  SubType:0x00 ?");
 }
@@ -175,7 +174,7 @@ TEST_F(ModelFixture, OpenModifyCloseWithNoLosesChangesWithoutFurtherQuestion) {
     EXPECT_EQ(model.LengthText(), "modifié");
     prompts.Answers = {false};
     model.Close();
-    EXPECT_EQ(prompts.Questions.size(), 2u);
+    EXPECT_EQ(prompts.Texts("ask").size(), 2u);
     EXPECT_FALSE(model.HasDocument());
     EXPECT_EQ(model.Title(), "Mirvane v0.1.0");
     EXPECT_EQ(model.Recent().Items().front(), path);
@@ -193,7 +192,7 @@ TEST_F(ModelFixture, SaveAsksBeforeOverwritingAndWritesAReadableFile) {
     prompts.Paths = {target, target};
     prompts.Answers = {false, true};
     ASSERT_TRUE(model.SaveTyp());
-    EXPECT_EQ(prompts.Questions.size(), 2u);
+    EXPECT_EQ(prompts.Texts("ask").size(), 2u);
     EXPECT_EQ(model.Title(), "Mirvane v0.1.0 - [copie.typ]");
     Document again;
     ASSERT_TRUE(OpenBinaryTyp(again, target));
