@@ -8,6 +8,7 @@
 #include "document/binary_writer.h"
 #include "document/presentation.h"
 #include "draworder/draw_order_table.h"
+#include "editors/compiler_route.h"
 #include "lang/lookup.h"
 
 namespace mirvane {
@@ -110,8 +111,7 @@ std::string MainWindowModel::DrawOrderCaptionText() const {
 }
 
 std::string MainWindowModel::ErrorListText() const {
-    return LookupText("Erreurs", "Erreurs rencontrées dans le fichier", "msgErreur") + "  : " + doc_.FilePath +
-           kLineBreak + std::string(150, '*') + kLineBreak + kLineBreak + doc_.ReadErrorLog;
+    return ErrorWindowText(doc_.FilePath, doc_.ReadErrorLog);
 }
 
 EnableState MainWindowModel::Enables() const {
