@@ -1,0 +1,28 @@
+// mirvane --screenshot draws the main window with a file loaded, offscreen.
+#include <QFileInfo>
+#include <QImage>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "shell/application.h"
+
+class ScreenshotTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void drawsTheWindowWithTheFileAtAFixedSize() {
+        const QString typ = QString(MIRVANE_SHARED_DIR) + "/corpus/binary/suke-tmz.typ";
+        if (!QFileInfo::exists(typ)) QSKIP("no corpus beside the repository");
+        QTemporaryDir folder;
+        const QString out = folder.filePath("fenetre.png");
+        QCOMPARE(mirvane::app::RunMirvane({"--screenshot", out, "\"" + typ + "\""}), 0);
+        const QImage picture(out);
+        QVERIFY(!picture.isNull());
+        QCOMPARE(picture.size() / picture.devicePixelRatio(), QSize(1280, 800));
+    }
+
+    void refusesAMissingOutputName() { QCOMPARE(mirvane::app::RunMirvane({"--screenshot"}), 2); }
+};
+
+QTEST_MAIN(ScreenshotTest)
+#include "test_screenshot.moc"
