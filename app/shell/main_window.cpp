@@ -51,8 +51,8 @@ void FillList(QListWidget* list, const std::vector<std::string>& rows) {
     if (current >= 0 && list->count() > 0) list->setCurrentRow(std::min(current, list->count() - 1));
 }
 
-bool IsOpenableFile(const QString& path) {
-    return path.endsWith(".typ", Qt::CaseInsensitive) || path.endsWith(".txt", Qt::CaseInsensitive);
+bool IsOpenableFile(const QString& path, bool textRoute) {
+    return path.endsWith(".typ", Qt::CaseInsensitive) || (textRoute && path.endsWith(".txt", Qt::CaseInsensitive));
 }
 
 }  // namespace
@@ -350,7 +350,7 @@ void MainWindow::RefreshIdentity() {
     for (const auto& item : HeaderSizeItems()) cbbHeadersize_->addItem(Q(item));
     if (id.HeaderSizeIndex >= 5) cbbHeadersize_->addItem(Q(id.HeaderSizeText));  // a size the combo does not know
     cbbHeadersize_->setCurrentIndex(id.HeaderSizeIndex);
-    cbbHeadersize_->setToolTip(id.HeaderSizeIndex >= 0 ? Q(HeaderSizeTip(id)) : QString());
+    cbbHeadersize_->setToolTip(id.HeaderSizeIndex >= 0 ? Q(HeaderSizeTip(id)).replace("\r\n", "\n") : QString());
 }
 
 void MainWindow::RefreshRecentMenu() {
@@ -473,7 +473,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
     const auto urls = event->mimeData()->urls();
-    if (urls.size() == 1 && urls[0].isLocalFile() && IsOpenableFile(urls[0].toLocalFile()))
+    if (urls.size() == 1 && urls[0].isLocalFile() && IsOpenableFile(urls[0].toLocalFile(), model_.HasTextRoute()))
         event->acceptProposedAction();
 }
 
@@ -481,11 +481,11 @@ void MainWindow::dropEvent(QDropEvent* event) {
     const auto urls = event->mimeData()->urls();
     if (urls.isEmpty()) return;
     const QString path = urls[0].toLocalFile();
+    if (!IsOpenableFile(path, model_.HasTextRoute())) return;
     event->acceptProposedAction();
     // Opening asks questions: let the drag end first.
     QTimer::singleShot(0, this, [this, path] {
-        if (path.endsWith(".txt", Qt::CaseInsensitive) && !model_.HasTextRoute()) return;
-        model_.OpenAny(path.toStdString());
+        if (CommitIdentityEdits()) model_.OpenAny(path.toStdString());
     });
 }
 

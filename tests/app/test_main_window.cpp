@@ -128,6 +128,8 @@ private slots:
         QCOMPARE(Find<QLabel>("lblLongueur")->text(), QString::fromStdString(LengthCaption(expected.FileLengthText)));
         QVERIFY(Find<QLabel>("lblNomTyp")->text().endsWith("\njbm-osm.typ"));
         QCOMPARE(Find<QLineEdit>("txtFID")->text(), QString::fromStdString(expected.Identity.txtFID));
+        QCOMPARE(Find<QComboBox>("cbbHeadersize")->toolTip(),
+                 QString::fromStdString(HeaderSizeTip(expected.Identity)).replace("\r\n", "\n"));
         QVERIFY(Action("mnufermer")->isEnabled());
         QVERIFY(Find<QPushButton>("cmdSupprimerPOI")->isEnabled());
         QVERIFY(Find<QPushButton>("cmdAppliquerModif")->isHidden());
