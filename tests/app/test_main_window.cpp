@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -139,6 +140,22 @@ private slots:
         QVERIFY(text.contains("[_polygon]"));
         // This file's code page is not one the combo lists: its log is shown once.
         QCOMPARE(prompts_->Texts("errors").size(), expected.ReadErrorFlag ? 1u : 0u);
+    }
+
+    void aTruncatedFileOpensWithTheErrorList() {
+        REQUIRE_CORPUS();
+        QFile whole(CorpusFile("suke-tmz.typ"));
+        QVERIFY(whole.open(QIODevice::ReadOnly));
+        QTemporaryDir folder;
+        QFile half(folder.filePath("moitie.typ"));
+        QVERIFY(half.open(QIODevice::WriteOnly));
+        half.write(whole.read(whole.size() / 2));
+        half.close();
+        OpenThroughMenu(half.fileName());
+        QCOMPARE(window_->windowTitle(), QString("Mirvane v0.1.0 - [moitie.typ]"));
+        QCOMPARE(prompts_->Texts("errors").size(), 1u);
+        QVERIFY(QString::fromStdString(prompts_->Texts("errors")[0]).contains("moitie.typ"));
+        QVERIFY(Action("mnufermer")->isEnabled());
     }
 
     void pickingARowShowsThatObjectAndViewTextTheWhole() {
