@@ -94,6 +94,8 @@ MainWindow::MainWindow(MainWindowModel& model, QWidget* parent) : QMainWindow(pa
     ListPolygone_->setFocus();
 }
 
+MainWindow::~MainWindow() { model_.SetChangedHandler({}); }
+
 void MainWindow::BuildMenus() {
     QMenu* file = menuBar()->addMenu(MainTr("&Fichier", "mnuFichier"));
     file->setObjectName("mnuFichier");

@@ -31,6 +31,7 @@ public:
     using ObjectListingFunction = std::function<std::string(Document&, int scope, int index)>;
 
     MainWindow(MainWindowModel& model, QWidget* parent = nullptr);
+    ~MainWindow() override;
 
     MainWindowModel& Model() { return model_; }
     void SetListingFunction(ListingFunction listing, ObjectListingFunction objectListing = {});
