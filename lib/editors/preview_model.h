@@ -58,7 +58,8 @@ public:
     // An object was picked in its list: paints the two thumbnails of its kind
     // and makes it the EditScope. Call Update() to compose.
     void Pick(const ObjectPreview& preview);
-    // cmdCouleurFond: the thumbnails of the last picks are painted again.
+    // cmdCouleurFond: the thumbnails of the last picks are painted again;
+    // Update() shows them.
     void SetBackground(RasterColour background);
     void SetMode(PreviewMode mode) { mode_ = mode; }
     // sldZoom, kept within its range.

@@ -5,6 +5,8 @@
 #include <algorithm>
 
 #include "editors/preview_model.h"
+#include "listing_test_support.h"
+#include "text/listing.h"
 
 namespace mirvane {
 namespace {
@@ -80,6 +82,18 @@ TEST(PreviewThumbnails, PatternWithClearBackgroundShowsTheBackground) {
     EXPECT_TRUE(model.State().PolygonShown);
 }
 
+TEST(PreviewThumbnails, ListedClearPatternShowsTheBackground) {
+    Document doc;
+    PolygonRecord polygon = testing::Polygon("001", "00", 0x08 | 0x02, testing::Colours({0x112233}));
+    polygon.PatternBytes[0] = 0x01;  // the first pixel, in the lowest bit
+    doc.Polygons.push_back(polygon);
+    ObjectPreviewModel model(kBackground);
+    model.Pick(ListOneObject(doc, 1, 0).Preview);
+    EXPECT_EQ(model.Vignette(0).Pixel(0, 0), 0x332211u);  // red 0x11 in the lowest byte
+    EXPECT_EQ(model.Vignette(0).Pixel(1, 0), kBackground);
+    EXPECT_EQ(model.Vignette(0).Pixel(31, 31), kBackground);
+}
+
 TEST(PreviewSeul, PlacesTheZoomedThumbnailInTheMiddle) {
     struct Case {
         int width, height, slider, left, top;
@@ -152,9 +166,10 @@ TEST(PreviewSuperposition, LineBeforeAnyPolygonLiesOnThePlainBackground) {
 }
 
 TEST(PreviewSuperposition, LaysLineAndPoiOverThePolygonMosaic) {
-    const ObjectPreviewModel model = Composed(
-        PreviewMode::Superposition, {Solid(ObjectKind::Poi, 4, 4, kBlue, 0x123456), Solid(ObjectKind::Polygon, 32, 32, kGrey),
-                                     Solid(ObjectKind::Polyline, 32, 2, kRed, kGreen)});
+    const ObjectPreviewModel model =
+        Composed(PreviewMode::Superposition,
+                 {Solid(ObjectKind::Poi, 4, 4, kBlue, 0x123456), Solid(ObjectKind::Polygon, 32, 32, kGrey),
+                  Solid(ObjectKind::Polyline, 32, 2, kRed, kGreen)});
     const Raster& day = model.Apercus(0);
     const Raster& night = model.Apercus(1);
     EXPECT_EQ(day.Pixel(159, 159), RasterColour(kGrey));
