@@ -88,14 +88,15 @@ std::uint8_t ColourModeOf(std::string_view headerLine) {
     return StrictByte(FieldAfterEquals(modePart));
 }
 
-// Pixel lines of a true colour bitmap, read by position from the current line.
+// Pixel lines of a true colour bitmap, read by position behind the line that
+// follows the header (the listing's ";Couleurs 24 bits" comment).
 void ReadTrueColourPixels(ParseContext& ctx, const PoiRecord& record, PoiBitmap& bitmap) {
     ctx.Advance();
     const std::size_t pixels = static_cast<std::size_t>(record.Width) * record.Height;
     if (bitmap.ColourMode == 32) {
         bitmap.PixelBytes.assign((pixels * 7 + 1) / 2, 0);
         for (std::size_t p = 0; p < pixels; ++p) {
-            const std::string& line = ctx.Line(ctx.I + p);
+            const std::string& line = ctx.Line(ctx.I + 1 + p);
             ctx.Try([&] { PutBits(bitmap.PixelBytes, p * 28, Mode32Entry(Mid(line, 3, 6), FieldAfterEquals(line)), 28); });
         }
         return;
@@ -104,7 +105,7 @@ void ReadTrueColourPixels(ParseContext& ctx, const PoiRecord& record, PoiBitmap&
     const std::size_t lines = bitmap.ColourMode == 0 ? pixels : pixels + 1;
     bitmap.PixelBytes.assign(lines * 3, 0);
     for (std::size_t p = 0; p < lines; ++p) {
-        const std::string& line = ctx.Line(ctx.I + p);
+        const std::string& line = ctx.Line(ctx.I + 1 + p);
         for (std::size_t k = 0; k < 3; ++k)
             bitmap.PixelBytes[p * 3 + k] = static_cast<std::uint8_t>(TolerantHex(Mid(line, 7 - 2 * k, 2)));
     }
