@@ -1,6 +1,572 @@
 #include "document/binary_reader.h"
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <iterator>
+
+#include "document/encoding.h"
+#include "document/presentation.h"
+#include "document/record_reader.h"
+#include "document/run_time_errors.h"
+#include "document/sorts.h"
+#include "draworder/draw_order_table.h"
+#include "lang/lookup.h"
+
 namespace mirvane {
-void ReadBinaryTyp(Document& doc, const Bytes&, const std::string&) { doc.Reset(); }
-bool OpenBinaryTyp(Document&, const std::string&) { return false; }
-bool ReadWholeFile(const std::string&, Bytes&) { return false; }
+
+namespace {
+
+std::string MainText(const char* defaultText, const char* key) { return LookupText("Main", defaultText, key); }
+
+// Offsets of a data section sorted once, so that the distance from a record
+// to the next one is a binary search instead of a scan of all records.
+class NextOffsetFinder {
+public:
+    template <typename Record>
+    explicit NextOffsetFinder(const std::vector<Record>& records) {
+        offsets_.reserve(records.size());
+        for (const auto& r : records) offsets_.push_back(r.Offset);
+        std::sort(offsets_.begin(), offsets_.end());
+    }
+
+    // Smallest positive difference to another record's offset, else the
+    // rest of the section.
+    std::int64_t DistanceToNext(std::int32_t offset, std::int32_t sectionLength) const {
+        const auto next = std::upper_bound(offsets_.begin(), offsets_.end(), offset);
+        if (next != offsets_.end() && static_cast<std::int64_t>(*next) - offset < 0xFFFFFFF)
+            return static_cast<std::int64_t>(*next) - offset;
+        return static_cast<std::int64_t>(sectionLength) - offset;
+    }
+
+private:
+    std::vector<std::int32_t> offsets_;
+};
+
+class BinaryTypReader {
+public:
+    BinaryTypReader(Document& doc, const Bytes& file) : doc_(doc), file_(file) {}
+
+    void Read(const std::string& path) {
+        SetPath(path);
+        ReadHeader();
+        ReadIndexes();
+        ReadDrawOrder();
+        ReadExtraPoiRows();
+        ReadPolygons();
+        ReadPolylines();
+        ReadPois();
+        ReadGap();
+        context_.clear();
+        doc_.State = DocumentState::Loaded;
+    }
+
+private:
+    FieldReader At(std::int64_t position) {
+        return FieldReader(file_, position, [this](int number) { LogRunTimeError(number); });
+    }
+
+    void LogRunTimeError(int number) {
+        doc_.ReadErrorFlag = true;
+        doc_.ReadErrorLog += kLineBreak;
+        if (context_.empty())
+            doc_.ReadErrorLog +=
+                MainText("Erreur inconnue lors de l'ouverture du fichier : erreur n°", "msgErreurOuverture");
+        else
+            doc_.ReadErrorLog += context_ + " : erreur n°";
+        doc_.ReadErrorLog += std::to_string(number) + RunTimeErrorDetails(number);
+    }
+
+    void LogLine(const std::string& text) {
+        doc_.ReadErrorFlag = true;
+        doc_.ReadErrorLog += kLineBreak + text;
+    }
+
+    void SetPath(const std::string& path) {
+        doc_.FilePath = path;
+        const std::size_t cut = path.find_last_of("/\\");
+        doc_.FileFolder = cut == std::string::npos ? std::string() : path.substr(0, cut);
+        doc_.FileName = cut == std::string::npos ? path : path.substr(cut + 1);
+    }
+
+    void ReadHeader();
+    void ReadHeaderExtensions();
+    void ReadRawSections();
+    void CheckSignature();
+    void FillIdentity();
+
+    std::optional<int> IndexRowCount(std::int32_t length, std::uint16_t recordSize);
+    template <typename Record, typename RowReader>
+    void ReadIndex(std::vector<Record>& records, std::int32_t offset, std::int32_t length,
+                   std::uint16_t recordSize, bool append, RowReader readRow);
+    void ReadIndexes();
+    void ReadDrawOrder();
+    void ReadExtraPoiRows();
+    void ReadPolygons();
+    void ReadPolylines();
+    void ReadPois();
+    void ReadOnePoi(PoiRecord& poi, const NextOffsetFinder& next);
+    void ReadGap();
+    void LogInvalidBitmap(const PoiRecord& poi);
+
+    Document& doc_;
+    const Bytes& file_;
+    std::string context_;
+};
+
+void BinaryTypReader::ReadHeader() {
+    doc_.FileLengthText = std::to_string(file_.size());
+    TypHeader& h = doc_.Header;
+    FieldReader in = At(0);
+    h.HeaderSize = in.U16();
+    for (char& c : h.Signature) c = static_cast<char>(in.U8());
+    h.FormatMark = in.U16();
+    h.Year = in.U16();
+    h.Month = in.U8();
+    h.Day = in.U8();
+    h.Hour = in.U8();
+    h.Minute = in.U8();
+    h.Second = in.U8();
+    h.CodePage = in.U16();
+    h.PoiDataOffset = in.I32();
+    h.PoiDataLength = in.I32();
+    h.PolylineDataOffset = in.I32();
+    h.PolylineDataLength = in.I32();
+    h.PolygonDataOffset = in.I32();
+    h.PolygonDataLength = in.I32();
+    h.FamilyId = static_cast<std::int16_t>(in.U16());
+    h.ProductCode = static_cast<std::int16_t>(in.U16());
+    h.PoiIndexOffset = in.I32();
+    h.PoiIndexRecordSize = in.U16();
+    h.PoiIndexLength = in.I32();
+    h.PolylineIndexOffset = in.I32();
+    h.PolylineIndexRecordSize = in.U16();
+    h.PolylineIndexLength = in.I32();
+    h.PolygonIndexOffset = in.I32();
+    h.PolygonIndexRecordSize = in.U16();
+    h.PolygonIndexLength = in.I32();
+    h.DrawOrderOffset = in.I32();
+    h.DrawOrderRecordSize = in.U16();
+    h.DrawOrderLength = in.I32();
+
+    CheckSignature();
+    // Old files stored years since 1900.
+    if (h.Year < 2000) h.Year = static_cast<std::uint16_t>(h.Year + 1900);
+    if (h.Month > 12) h.Month = 12;
+    FillIdentity();
+    doc_.PoiDataBase = h.PoiDataOffset;
+    doc_.PolylineDataBase = h.PolylineDataOffset;
+    doc_.PolygonDataBase = h.PolygonDataOffset;
+    doc_.DrawOrderBase = h.DrawOrderOffset;
+    ReadHeaderExtensions();
+    ReadRawSections();
 }
+
+void BinaryTypReader::CheckSignature() {
+    static constexpr char kSignature[] = "GARMIN TYP";
+    if (std::equal(doc_.Header.Signature.begin(), doc_.Header.Signature.end(), kSignature)) return;
+    const std::string rule(150, '-');
+    doc_.ReadErrorFlag = true;
+    doc_.ReadErrorLog += kLineBreak + rule + kLineBreak +
+                         MainText("Le fichier semble être corrompu ou ne pas être un fichier TYP valide",
+                                  "msgTYPNonValide") +
+                         kLineBreak + rule + kLineBreak + kLineBreak + kLineBreak;
+}
+
+void BinaryTypReader::FillIdentity() {
+    IdentityFields& id = doc_.Identity;
+    id.txtFID = std::to_string(static_cast<std::uint16_t>(doc_.Header.FamilyId));
+    id.txtProductCode = std::to_string(static_cast<std::uint16_t>(doc_.Header.ProductCode));
+    const int index = doc_.Header.CodePage - 1250;
+    if (index >= 0 && index <= 8) id.CodePageIndex = index;
+    else {
+        id.UnlistedCodePage = doc_.Header.CodePage;
+        LogRunTimeError(kErrInvalidPropertyValue);  // the combo refuses the selection
+    }
+    SelectHeaderSize(id, doc_.Header.HeaderSize);
+}
+
+void BinaryTypReader::ReadHeaderExtensions() {
+    const int size = doc_.Header.HeaderSize;
+    if (size >= 110) {
+        FieldReader in = At(91);
+        HeaderExtra1& e = doc_.Extra1;
+        e.ExtraPoiIndexOffset = in.I32();
+        e.ExtraPoiIndexRecordSize = in.U16();
+        e.ExtraPoiIndexLength = in.I32();
+        e.ExtraPoiMark = in.U8();
+        e.ExtraPoiDataOffset = in.I32();
+        e.ExtraPoiDataLength = in.I32();
+    }
+    if (size >= 156) {
+        FieldReader in = At(110);
+        HeaderExtra2& e = doc_.Extra2;
+        for (auto& b : e.LabelReserved1) b = in.U8();
+        e.LabelTextOffset = in.I32();
+        e.LabelTextLength = in.I32();
+        e.LabelTable1RecordSize = in.I32();
+        for (auto& b : e.LabelReserved2) b = in.U8();
+        e.LabelTable1Offset = in.I32();
+        e.LabelTable1Length = in.I32();
+        e.LabelTable2RecordSize = in.I32();
+        for (auto& b : e.LabelReserved3) b = in.U8();
+        e.LabelTable2Offset = in.I32();
+        e.LabelTable2Length = in.I32();
+        for (auto& b : e.LabelReserved4) b = in.U8();
+    }
+    // A header of exactly 164 leaves these eight bytes unread: the threshold is deliberate.
+    if (size >= 168) {
+        FieldReader in = At(156);
+        for (auto& b : doc_.Extra3.Raw) b = in.U8();
+    }
+    if (size >= 174) {
+        FieldReader in = At(164);
+        HeaderExtra4& e = doc_.Extra4;
+        e.ExtraPolylineIndexOffset = in.I32();
+        e.ExtraPolylineIndexRecordSize = in.U16();
+        e.ExtraPolylineIndexLength = in.I32();
+    }
+}
+
+// Division of a section length by its row size, rounded to nearest (ties to
+// even) into a 16-bit count; what does not fit is reported.
+static std::optional<int> RoundedQuotient(std::int64_t length, std::int64_t size, int& error) {
+    if (size == 0) {
+        error = kErrDivisionByZero;
+        return std::nullopt;
+    }
+    const double quotient = std::nearbyint(static_cast<double>(length) / static_cast<double>(size));
+    if (quotient > 32767 || quotient < -32768) {
+        error = kErrOverflow;
+        return std::nullopt;
+    }
+    return static_cast<int>(quotient);
+}
+
+void BinaryTypReader::ReadRawSections() {
+    const int size = doc_.Header.HeaderSize;
+    auto readSection = [this](Bytes& into, std::int32_t offset, std::int32_t length) {
+        if (length > 0) {
+            FieldReader in = At(offset);
+            into = in.Block(length);
+        }
+    };
+    auto countRows = [this](std::int32_t length, std::int64_t rowSize) {
+        int error = 0;
+        const std::optional<int> count = RoundedQuotient(length, rowSize, error);
+        if (!count) LogRunTimeError(error);
+        return count.value_or(0);
+    };
+    if (size >= 110) {
+        const HeaderExtra1& e = doc_.Extra1;
+        readSection(doc_.ExtraPoiDataBytes, e.ExtraPoiDataOffset, e.ExtraPoiDataLength);
+        readSection(doc_.ExtraPoiIndexBytes, e.ExtraPoiIndexOffset, e.ExtraPoiIndexLength);
+        if (e.ExtraPoiDataLength > 0) doc_.ExtraPoiCount = countRows(e.ExtraPoiIndexLength, e.ExtraPoiIndexRecordSize);
+    }
+    if (size >= 156) {
+        const HeaderExtra2& e = doc_.Extra2;
+        readSection(doc_.LabelTextBytes, e.LabelTextOffset, e.LabelTextLength);
+        readSection(doc_.LabelTable1Bytes, e.LabelTable1Offset, e.LabelTable1Length);
+        readSection(doc_.LabelTable2Bytes, e.LabelTable2Offset, e.LabelTable2Length);
+        if (e.LabelTable1Length > 0) doc_.LabelCount = countRows(e.LabelTable1Length, e.LabelTable1RecordSize);
+    }
+}
+
+std::optional<int> BinaryTypReader::IndexRowCount(std::int32_t length, std::uint16_t recordSize) {
+    int error = 0;
+    const std::optional<int> count = RoundedQuotient(length, recordSize, error);
+    if (!count) {
+        LogRunTimeError(error);
+        return std::nullopt;
+    }
+    if (*count < 0) {
+        LogRunTimeError(kErrOutOfRange);  // the record array cannot be dimensioned
+        return std::nullopt;
+    }
+    return count;
+}
+
+// Bytes of one index row; a row that reaches past the index buffer is
+// reported once and reads zeros there.
+class IndexRow {
+public:
+    IndexRow(const Bytes& buffer, std::int64_t start, int size) : buffer_(buffer), start_(start), size_(size) {}
+    std::uint8_t operator[](std::int64_t i) {
+        const std::int64_t at = start_ + i;
+        if (i < 0 || at < 0 || at >= static_cast<std::int64_t>(buffer_.size())) {
+            outOfRange_ = true;
+            return 0;
+        }
+        return buffer_[static_cast<std::size_t>(at)];
+    }
+    // Little-endian number of bytes [from, to); more than four bytes overflow.
+    std::int64_t Number(int from, int to) {
+        std::int64_t value = 0;
+        for (int i = to - 1; i >= from; --i) {
+            const std::uint8_t byte = (*this)[i];
+            if (i - from >= 4 && byte != 0) overflow_ = true;
+            if (i - from < 4) value = value * 256 + byte;
+        }
+        return value;
+    }
+    int Size() const { return size_; }
+    bool OutOfRange() const { return outOfRange_; }
+    bool Overflow() const { return overflow_; }
+
+private:
+    const Bytes& buffer_;
+    std::int64_t start_;
+    int size_;
+    bool outOfRange_ = false;
+    bool overflow_ = false;
+};
+
+template <typename Record>
+static void SetTypeFromKey(Record& record, IndexRow& row) {
+    const std::uint8_t low = row[0];
+    const std::uint8_t high = row[1];
+    record.Type = TypeText(high * 8 + (low >> 5));
+    record.SubType = SubTypeText(low & 31);
+}
+
+template <typename Record, typename RowReader>
+void BinaryTypReader::ReadIndex(std::vector<Record>& records, std::int32_t offset, std::int32_t length,
+                                std::uint16_t recordSize, bool append, RowReader readRow) {
+    const std::optional<int> count = IndexRowCount(length, recordSize);
+    if (!count || *count == 0) return;
+    // The buffer holds only what the file has; rows beyond it read zeros.
+    FieldReader in = At(offset);
+    const Bytes buffer = in.Block(static_cast<std::int64_t>(*count) * recordSize);
+    const std::size_t first = append ? records.size() : 0;
+    if (!append) records.clear();
+    records.resize(first + *count);
+    for (int i = 0; i < *count; ++i) {
+        IndexRow row(buffer, static_cast<std::int64_t>(i) * recordSize, recordSize);
+        Record& record = records[first + i];
+        SetTypeFromKey(record, row);
+        readRow(record, row);
+        if (row.OutOfRange()) LogRunTimeError(kErrOutOfRange);
+        if (row.Overflow()) LogRunTimeError(kErrOverflow);
+    }
+}
+
+void BinaryTypReader::ReadIndexes() {
+    const TypHeader& h = doc_.Header;
+    auto plainOffset = [](auto& record, IndexRow& row) {
+        record.Offset = static_cast<std::int32_t>(row.Number(2, row.Size()));
+    };
+    if (doc_.PolygonDataBase >= 1)
+        ReadIndex(doc_.Polygons, h.PolygonIndexOffset, h.PolygonIndexLength, h.PolygonIndexRecordSize, false,
+                  plainOffset);
+    if (doc_.PolylineDataBase >= 1) {
+        ReadIndex(doc_.Polylines, h.PolylineIndexOffset, h.PolylineIndexLength, h.PolylineIndexRecordSize, false,
+                  plainOffset);
+        doc_.PolylineCount = static_cast<int>(doc_.Polylines.size());
+    }
+    const HeaderExtra4& e = doc_.Extra4;
+    if (e.ExtraPolylineIndexOffset >= 1) {
+        const std::size_t before = doc_.Polylines.size();
+        ReadIndex(doc_.Polylines, e.ExtraPolylineIndexOffset, e.ExtraPolylineIndexLength,
+                  e.ExtraPolylineIndexRecordSize, true, [](PolylineRecord& record, IndexRow& row) {
+                      record.ExtraIndexBytes = {row[2], row[3]};
+                      record.Offset = static_cast<std::int32_t>(row.Number(4, row.Size()));
+                  });
+        doc_.ExtraPolylineCount = static_cast<int>(doc_.Polylines.size() - before);
+    }
+    if (doc_.PoiDataBase >= 1)
+        ReadIndex(doc_.Pois, h.PoiIndexOffset, h.PoiIndexLength, h.PoiIndexRecordSize, false, plainOffset);
+}
+
+// Levels are not stored: each separator of five zero bytes starts the next.
+// Only one separator is stepped over at a time, so two in a row give an
+// entry of type 0.
+void BinaryTypReader::ReadDrawOrder() {
+    const int length = At(87).U16();
+    At(85).U8();  // the record size byte is read but the walk always steps by 5
+    const std::int64_t base = doc_.DrawOrderBase;
+    int level = 1;
+    for (int p = 1; p <= length; p += 5) {
+        FieldReader in = At(base + p - 1);
+        std::uint8_t type = in.U8();
+        if (type == 0) {
+            p += 5;
+            in = At(base + p - 1);
+            type = in.U8();
+            ++level;
+        }
+        if (p > length) break;
+        const std::uint32_t mask = static_cast<std::uint32_t>(in.I32());
+        if (mask == 0) {
+            doc_.DrawOrderRows.push_back(DrawOrderRowText({level, type, 0}));
+            continue;
+        }
+        for (int bit = 0; bit < 32; ++bit) {
+            if (mask & (1u << bit)) {
+                doc_.DrawOrderRows.push_back("Type=0x" + TypeText(type + 256) + ",SubType=0x" + SubTypeText(bit) +
+                                             "," + std::to_string(level));
+            }
+        }
+    }
+    RebuildDrawOrderRows(doc_.DrawOrderRows);
+}
+
+void BinaryTypReader::ReadExtraPoiRows() {
+    const int count = doc_.ExtraPoiCount;
+    if (count < 1) return;
+    const int size = doc_.Extra1.ExtraPoiIndexRecordSize;
+    doc_.ExtraPois.resize(count);
+    for (int i = 0; i < count; ++i) {
+        IndexRow row(doc_.ExtraPoiIndexBytes, static_cast<std::int64_t>(i) * size, size);
+        ExtraPoiRecord& record = doc_.ExtraPois[i];
+        SetTypeFromKey(record, row);
+        record.Offset = static_cast<std::int32_t>(row.Number(size - 3, size));  // always the last three bytes
+        if (row.OutOfRange()) LogRunTimeError(kErrOutOfRange);
+    }
+}
+
+static std::string ObjectContext(const char* defaultText, const char* key, const std::string& type,
+                                 const std::string& subType) {
+    return LookupText("Main", defaultText, key) + " 0x" + type + "/" + subType;
+}
+
+static std::string TypeAndSubType(const std::string& type, const std::string& subType) {
+    return " Type=0x" + type + "   SubType=0x" + subType;
+}
+
+void BinaryTypReader::ReadPolygons() {
+    const NextOffsetFinder next(doc_.Polygons);
+    for (PolygonRecord& polygon : doc_.Polygons) {
+        context_ = ObjectContext("Erreur dans la lecture du polygone", "msgErreurPolygone", polygon.Type,
+                                 polygon.SubType);
+        FieldReader in = At(static_cast<std::int64_t>(doc_.PolygonDataBase) + polygon.Offset);
+        ReadPolygonRecord(in, polygon);
+        const std::int64_t distance = next.DistanceToNext(polygon.Offset, doc_.Header.PolygonDataLength);
+        polygon.Length = static_cast<std::int32_t>(distance);
+        if (PolygonRecordLength(polygon) != distance)
+            LogLine(MainText("Erreur dans la longueur du polygone", "msgErreurPolygone2") +
+                    TypeAndSubType(polygon.Type, polygon.SubType));
+    }
+}
+
+// Extra polylines alone are not read: their records need the regular section.
+void BinaryTypReader::ReadPolylines() {
+    if (doc_.PolylineCount >= 1) {
+        for (PolylineRecord& polyline : doc_.Polylines) {
+            context_ = ObjectContext("Erreur dans la lecture de la polyligne", "msgErreurPolyligne", polyline.Type,
+                                     polyline.SubType);
+            FieldReader in = At(static_cast<std::int64_t>(doc_.PolylineDataBase) + polyline.Offset);
+            ReadPolylineRecord(in, polyline);
+            polyline.Length = PolylineRecordLength(polyline);
+        }
+    }
+    SortPolylinesForDisplay(doc_.Polylines);
+}
+
+void BinaryTypReader::ReadPois() {
+    const NextOffsetFinder next(doc_.Pois);
+    for (PoiRecord& poi : doc_.Pois) {
+        context_ = ObjectContext("Erreur dans la lecture du POI", "msgErreurPOI", poi.Type, poi.SubType);
+        ReadOnePoi(poi, next);
+    }
+}
+
+static void ClearPoiContent(PoiRecord& poi) {
+    const bool forced = poi.Bitmaps[0].ForcePalette;
+    PoiRecord cleared;
+    cleared.Type = std::move(poi.Type);
+    cleared.SubType = std::move(poi.SubType);
+    cleared.Offset = poi.Offset;
+    cleared.Bitmaps[0].ForcePalette = forced;
+    poi = std::move(cleared);
+}
+
+// A day bitmap that declares 0 colours but does not fit as true colour is
+// read once more with palette coding; ForcePalette bounds this to one retry.
+void BinaryTypReader::ReadOnePoi(PoiRecord& poi, const NextOffsetFinder& next) {
+    for (;;) {
+        ClearPoiContent(poi);
+        FieldReader in = At(static_cast<std::int64_t>(doc_.PoiDataBase) + poi.Offset);
+        try {
+            ReadPoiRecord(in, poi);
+        } catch (const SuspectBitmapFailure&) {
+            poi.Bitmaps[0].ForcePalette = true;
+            continue;
+        }
+        const std::int64_t distance = next.DistanceToNext(poi.Offset, doc_.Header.PoiDataLength);
+        poi.Length = static_cast<std::int32_t>(distance);
+        if (PoiRecordLength(poi) == distance) return;
+        PoiBitmap& day = poi.Bitmaps[0];
+        if (day.ColourCount == 0 && !day.ForcePalette) {
+            LogInvalidBitmap(poi);
+            day.ForcePalette = true;
+            continue;
+        }
+        std::string line = MainText("Erreur dans la longueur du POI", "msgErreurPOI2") +
+                           TypeAndSubType(poi.Type, poi.SubType);
+        if ((poi.Flags & 0x02) && poi.Bitmaps[1].ColourCount == 0)
+            line += "  .Le bitmap de nuit n'a pas de palette (0 couleur) et semble corrompu.";
+        LogLine(line);
+        return;
+    }
+}
+
+void BinaryTypReader::LogInvalidBitmap(const PoiRecord& poi) {
+    const std::string br = kLineBreak;
+    doc_.ReadErrorFlag = true;
+    doc_.ReadErrorLog += MainText("Le bitmap", "msgBitmapInvalide1") + TypeAndSubType(poi.Type, poi.SubType) + " " +
+                         MainText("est invalide.", "msgBitmapInvalide2") + br +
+                         MainText("Détails: le nombre de couleurs du bitmap est 0 (comme s'il s'agissait d'un "
+                                  "bitmap TrueColor),",
+                                  "msgBitmapInvalide3") +
+                         br + MainText("mais il est codé comme un bitmap avec palette.", "msgBitmapInvalide4") + br +
+                         MainText("Mirvane pourra malgré tout l'enregistrer sous cette forme, mais le POI sera très "
+                                  "certainement inutilisable.",
+                                  "msgBitmapInvalide5") +
+                         br +
+                         MainText("Il vaut mieux l'enregistrer en ajoutant une couleur dans la palette.",
+                                  "msgBitmapInvalide6") +
+                         br + br + br;
+}
+
+void BinaryTypReader::ReadGap() {
+    const TypHeader& h = doc_.Header;
+    std::int64_t end = static_cast<std::int64_t>(file_.size());
+    auto consider = [&end](std::int32_t offset) {
+        if (offset > 0 && offset < end) end = offset;
+    };
+    for (std::int32_t offset : {h.PolygonDataOffset, h.PolylineDataOffset, h.PoiDataOffset, h.DrawOrderOffset})
+        consider(offset);
+    if (h.HeaderSize >= 110) {
+        consider(doc_.Extra1.ExtraPoiDataOffset);
+        consider(doc_.Extra1.ExtraPoiIndexOffset);
+    }
+    if (h.HeaderSize >= 156) {
+        consider(doc_.Extra2.LabelTextOffset);
+        consider(doc_.Extra2.LabelTable1Offset);
+        consider(doc_.Extra2.LabelTable2Offset);
+    }
+    if (end > h.HeaderSize) doc_.HeaderGapBytes.assign(file_.begin() + h.HeaderSize, file_.begin() + end);
+}
+
+}  // namespace
+
+void ReadBinaryTyp(Document& doc, const Bytes& file, const std::string& path) {
+    doc.Reset();
+    BinaryTypReader(doc, file).Read(path);
+}
+
+bool ReadWholeFile(const std::string& path, Bytes& out) {
+    std::ifstream stream(path, std::ios::binary);
+    if (!stream) return false;
+    out.assign(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
+    return !stream.bad();
+}
+
+bool OpenBinaryTyp(Document& doc, const std::string& path) {
+    Bytes file;
+    if (!ReadWholeFile(path, file)) return false;
+    ReadBinaryTyp(doc, file, path);
+    return true;
+}
+
+}  // namespace mirvane

@@ -15,9 +15,12 @@ struct SaveTime {
 
 // Why a save failed, as the run-time would number it (6 overflow, 9 out of
 // range, 13 type mismatch, 75 path/file access error).
+// Number 0 is a check of the input fields (missing FID or product code):
+// Description is then the message and Title its box's title.
 struct SaveFailure {
     int ErrorNumber = 0;
     std::string Description;
+    std::string Title;
 };
 
 // Builds the file's bytes. Changes `doc` as a save does: record order, record

@@ -18,6 +18,9 @@ struct IdentityFields {
     std::string txtFID;
     std::string txtProductCode;
     int CodePageIndex = -1;   // cbbCodepage: CodePage - 1250, -1 when none is selected
+    // A code page the combo cannot show (65001, say): kept so that a save
+    // while nothing is selected writes it back instead of 1252.
+    int UnlistedCodePage = 0;
     int HeaderSizeIndex = -1; // cbbHeadersize: 0..4 known sizes, 5 for an added item
     std::string HeaderSizeText;  // the combo's text, "120 octets : format inconnu" for an added item
 };

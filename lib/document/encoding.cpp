@@ -18,7 +18,8 @@ std::optional<int> ColourCountOf(std::uint8_t flagsByte) {
 
 int PaletteByteLength(int colourCount, int colourMode) {
     if (colourMode == 32) return (colourCount * 7 + 1) / 2;  // whole part of n * 3.5 + 0.5
-    return colourCount * 3;
+    if (colourMode == 0 || colourMode == 16) return colourCount * 3;
+    return 0;  // other modes have no sizes: no palette is read or written for them
 }
 
 std::optional<int> BitsPerPixel(int colourMode, int colourCount) {

@@ -14,7 +14,7 @@ namespace mirvane {
 // layouts 2 and 4 have no colour count.
 std::optional<int> ColourCountOf(std::uint8_t flagsByte);
 
-// Palette size in bytes; mode 32 packs 28 bits an entry.
+// Palette size in bytes; mode 32 packs 28 bits an entry; 0 for unknown modes.
 int PaletteByteLength(int colourCount, int colourMode);
 
 // Bits per palette pixel; no value for modes other than 0, 16 and 32.

@@ -1,0 +1,29 @@
+// Subcommands of mirvane-cli. Each returns the process exit status:
+// 0 success with an empty log, 1 success with logged errors, 2 usage or I/O failure.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace mirvane::cli {
+
+enum ExitStatus { kExitOk = 0, kExitLogged = 1, kExitFailure = 2 };
+
+using Arguments = std::vector<std::string>;
+
+int InfoCommand(const Arguments& args);
+int RoundtripCommand(const Arguments& args);
+int DecompileCommand(const Arguments& args);
+int CompileCommand(const Arguments& args);
+
+// True when the arguments ask for help.
+bool WantsHelp(const Arguments& args);
+
+// Prints the log of a read to stderr and gives the exit status it implies.
+int ReportLog(const std::string& log, bool flagged);
+
+// Parses "--header-size N" style options; the value of `name` or empty.
+bool TakeOption(Arguments& args, const std::string& name, std::string& value);
+bool TakeFlag(Arguments& args, const std::string& name);
+
+}  // namespace mirvane::cli

@@ -1,0 +1,18 @@
+// Any bytes read as a binary TYP: the reader must log and go on, never crash,
+// hang or read outside the buffer. A clean read is also written back.
+#include <cstddef>
+#include <cstdint>
+
+#include "document/binary_reader.h"
+#include "document/binary_writer.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const mirvane::Bytes file(data, data + size);
+    mirvane::Document doc;
+    mirvane::ReadBinaryTyp(doc, file, "fuzz.typ");
+    if (!doc.ReadErrorFlag) {
+        mirvane::Bytes out;
+        mirvane::BuildBinaryTyp(doc, out, {});
+    }
+    return 0;
+}

@@ -1,0 +1,31 @@
+// The real-world TYP files beside the repository, when they are there.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace mirvane::testing {
+
+inline std::filesystem::path CorpusDir() { return std::filesystem::path(MIRVANE_SHARED_DIR) / "corpus"; }
+
+inline bool CorpusPresent() { return std::filesystem::is_directory(CorpusDir()); }
+
+// Files of corpus/<folder> with the given extension, sorted.
+inline std::vector<std::filesystem::path> CorpusFiles(const std::string& folder, const std::string& extension) {
+    std::vector<std::filesystem::path> files;
+    const auto dir = CorpusDir() / folder;
+    if (!std::filesystem::is_directory(dir)) return files;
+    for (const auto& entry : std::filesystem::directory_iterator(dir))
+        if (entry.path().extension() == extension) files.push_back(entry.path());
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+}  // namespace mirvane::testing
+
+#define MIRVANE_REQUIRE_CORPUS()                                                         \
+    do {                                                                                 \
+        if (!::mirvane::testing::CorpusPresent())                                        \
+            GTEST_SKIP() << "no corpus at " << ::mirvane::testing::CorpusDir().string(); \
+    } while (0)
