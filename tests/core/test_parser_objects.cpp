@@ -262,3 +262,17 @@ TEST(ParserPoi, EmptyBitmapHeader) {
     EXPECT_TRUE(r.Bitmaps[0].PixelBytes.empty());
     EXPECT_EQ(r.Length, 5);
 }
+
+TEST(ParserPoi, TransparentLineFirstMiddleOrLast) {
+    const std::string colours[] = {"\"! c #FF0000\"\n", "\"# c #0000FF\"\n"};
+    const std::string none = "\"  c none\"\n";
+    for (int at = 0; at < 3; ++at) {
+        std::string palette = colours[0] + colours[1];
+        palette.insert(at == 0 ? 0 : at == 1 ? colours[0].size() : palette.size(), none);
+        const PoiRecord r = ParsePoi("DayXpm=\"4 1 3 1\"\n" + palette + "\"! # \"\n");
+        SCOPED_TRACE(at);
+        EXPECT_EQ(r.Bitmaps[0].ColourCount, 2);
+        EXPECT_EQ(r.Bitmaps[0].PaletteBytes, B({0x00, 0x00, 0xFF, 0xFF, 0x00, 0x00}));
+        EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({0x98}));
+    }
+}
