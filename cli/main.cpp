@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
         return args.empty() ? kExitFailure : kExitOk;
     }
     const std::filesystem::path program = std::filesystem::absolute(argv[0]).parent_path();
-    mirvane::SetLanguageFolder((program / "Langues").string());
+    mirvane::SetLanguageFolder(mirvane::ChooseLanguageFolder(program.string()));
 
     const std::map<std::string, int (*)(const Arguments&)> commands = {
         {"info", InfoCommand},

@@ -1,13 +1,60 @@
-// decompile and compile arrive with the text form.
+// decompile: binary TYP to the text form; compile: text form to binary TYP.
+#include <fstream>
 #include <iostream>
 
 #include "commands.h"
+#include "document/binary_reader.h"
+#include "document/presentation.h"
+#include "text/listing.h"
 
 namespace mirvane::cli {
 
-int DecompileCommand(const Arguments&) {
-    std::cerr << "mirvane-cli: decompile is not available yet\n";
-    return kExitFailure;
+namespace {
+
+const char* const kDecompileHelp =
+    "Usage: mirvane-cli decompile IN.typ [-o OUT.txt] [--no-heading]\n"
+    "Writes the text form of a binary TYP (CR LF line ends, labels in the file's code page)\n"
+    "to OUT.txt, or to standard output. --no-heading leaves out the four heading comments.\n";
+
+bool WriteBytes(const std::string& path, const std::string& bytes) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    out.close();
+    return static_cast<bool>(out);
+}
+
+}  // namespace
+
+int DecompileCommand(const Arguments& input) {
+    Arguments args = input;
+    if (WantsHelp(args)) {
+        std::cout << kDecompileHelp;
+        return kExitOk;
+    }
+    std::string output;
+    const bool toFile = TakeOption(args, "-o", output);
+    const bool noHeading = TakeFlag(args, "--no-heading");
+    if (args.size() != 1) {
+        std::cerr << kDecompileHelp;
+        return kExitFailure;
+    }
+    Document doc;
+    if (!OpenBinaryTyp(doc, args[0])) {
+        std::cerr << "mirvane-cli: cannot read " << args[0] << "\n";
+        return kExitFailure;
+    }
+    ListingContext context{DateCreationCaption(doc.Header), LocalTime::Now(), !noHeading};
+    const std::string text = ListWholeDocument(doc, context).Plain();
+    if (toFile) {
+        if (!WriteBytes(output, text)) {
+            std::cerr << "mirvane-cli: cannot write " << output << "\n";
+            return kExitFailure;
+        }
+    } else {
+        std::cout.write(text.data(), static_cast<std::streamsize>(text.size()));
+        std::cout.flush();
+    }
+    return ReportLog(doc.ReadErrorLog, doc.ReadErrorFlag);
 }
 
 int CompileCommand(const Arguments&) {

@@ -300,12 +300,19 @@ public:
         return buffer_[static_cast<std::size_t>(at)];
     }
     // Little-endian number of bytes [from, to); more than four bytes overflow.
+    // Only the bytes inside the buffer are visited, so rows of an absurd size
+    // cost no more than the buffer holds.
     std::int64_t Number(int from, int to) {
+        const std::int64_t size = static_cast<std::int64_t>(buffer_.size());
+        const std::int64_t first = std::clamp<std::int64_t>(start_ + from, 0, size);
+        const std::int64_t last = std::clamp<std::int64_t>(start_ + to, 0, size);
+        if (from < 0 || first != start_ + from || last != start_ + to) outOfRange_ = true;
         std::int64_t value = 0;
-        for (int i = to - 1; i >= from; --i) {
-            const std::uint8_t byte = (*this)[i];
-            if (i - from >= 4 && byte != 0) overflow_ = true;
-            if (i - from < 4) value = value * 256 + byte;
+        for (std::int64_t at = last - 1; at >= first; --at) {
+            const std::int64_t place = at - (start_ + from);
+            const std::uint8_t byte = buffer_[static_cast<std::size_t>(at)];
+            if (place >= 4 && byte != 0) overflow_ = true;
+            if (place < 4) value = value * 256 + byte;
         }
         return value;
     }
@@ -384,13 +391,14 @@ void BinaryTypReader::ReadDrawOrder() {
     const int length = At(87).U16();
     At(85).U8();  // the record size byte is read but the walk always steps by 5
     const std::int64_t base = doc_.DrawOrderBase;
+    FieldReader in = At(base);
     int level = 1;
     for (int p = 1; p <= length; p += 5) {
-        FieldReader in = At(base + p - 1);
+        in.Seek(base + p - 1);
         std::uint8_t type = in.U8();
         if (type == 0) {
             p += 5;
-            in = At(base + p - 1);
+            in.Seek(base + p - 1);
             type = in.U8();
             ++level;
         }

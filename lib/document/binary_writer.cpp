@@ -1,8 +1,6 @@
 #include "document/binary_writer.h"
 
-#include <chrono>
 #include <cstdio>
-#include <ctime>
 #include <filesystem>
 #include <fstream>
 
@@ -15,17 +13,6 @@
 #include "text/numbers.h"
 
 namespace mirvane {
-
-SaveTime SaveTime::Now() {
-    const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-    std::tm local{};
-#if defined(_WIN32)
-    localtime_s(&local, &now);
-#else
-    localtime_r(&now, &local);
-#endif
-    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
-}
 
 namespace {
 
@@ -58,6 +45,7 @@ public:
     void Raw(const std::array<std::uint8_t, N>& bytes) {
         for (std::uint8_t b : bytes) U8(b);
     }
+    void Reserve(std::size_t size) { bytes_.reserve(size); }
     Bytes Take() { return std::move(bytes_); }
 
 private:
@@ -105,6 +93,7 @@ public:
     Bytes Write() {
         SortRecords();
         headerSize_ = ChosenHeaderSize(doc_.Identity);
+        out_.Reserve(EstimatedSize());
         out_.Seek(headerSize_);
         out_.Append(doc_.HeaderGapBytes);
         WritePolygons();
@@ -123,6 +112,19 @@ private:
         if (doc_.PolygonCount() > 1) SortPolygons(doc_.Polygons);
         if (doc_.PolylineCount > 1) SortPolylinesForWriting(doc_.Polylines);
         if (doc_.PoiCount() > 1) SortPois(doc_.Pois);
+    }
+
+    // Room for the whole file up front, so a large document is not copied
+    // over and over while it grows.
+    std::size_t EstimatedSize() const {
+        std::size_t size = static_cast<std::size_t>(headerSize_) + doc_.HeaderGapBytes.size();
+        for (const auto& r : doc_.Polygons) size += static_cast<std::size_t>(PolygonRecordLength(r)) + 5;
+        for (const auto& r : doc_.Polylines) size += static_cast<std::size_t>(PolylineRecordLength(r)) + 7;
+        for (const auto& r : doc_.Pois)
+            size += static_cast<std::size_t>(PoiRecordLength(r)) + r.Bitmaps[0].PaletteBytes.size() + 5;
+        size += doc_.DrawOrderRows.size() * 10 + doc_.ExtraPoiDataBytes.size() + doc_.ExtraPoiIndexBytes.size() +
+                doc_.LabelTextBytes.size() + doc_.LabelTable1Bytes.size() + doc_.LabelTable2Bytes.size();
+        return size;
     }
 
     struct Section {

@@ -5,13 +5,11 @@
 #include <string>
 
 #include "document/document.h"
+#include "document/local_time.h"
 
 namespace mirvane {
 
-struct SaveTime {
-    int Year = 2000, Month = 1, Day = 1, Hour = 0, Minute = 0, Second = 0;
-    static SaveTime Now();
-};
+using SaveTime = LocalTime;
 
 // Why a save failed, as the run-time would number it (6 overflow, 9 out of
 // range, 13 type mismatch, 75 path/file access error).

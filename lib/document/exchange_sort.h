@@ -1,45 +1,58 @@
 // The program's one sort: for i, for j > i, swap when element i must follow j.
-// Ties are decided by the way it swaps, so a faster sort is only used where it
+// Ties are decided by the way it swaps, so a faster way is only taken where it
 // is known to give the same order.
 #pragma once
 
 #include <algorithm>
 #include <cstddef>
-#include <numeric>
+#include <utility>
 #include <vector>
 
 namespace mirvane {
 
-// Order a permutation of [0, n) by the exchange sort under `mustSwap(a, b)`,
-// which says whether element a, standing before b, must be swapped with it.
-template <typename MustSwap>
-std::vector<std::size_t> ExchangeSortOrder(std::size_t n, MustSwap mustSwap) {
-    std::vector<std::size_t> order(n);
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    for (std::size_t i = 0; i + 1 < n; ++i)
-        for (std::size_t j = i + 1; j < n; ++j)
-            if (mustSwap(order[i], order[j])) std::swap(order[i], order[j]);
-    return order;
+// Puts `items` in the order of `entries` (key, original index).
+template <typename T, typename Key>
+void ApplyOrder(std::vector<T>& items, const std::vector<std::pair<Key, std::size_t>>& entries) {
+    std::vector<T> result;
+    result.reserve(items.size());
+    for (const auto& entry : entries) result.push_back(std::move(items[entry.second]));
+    items = std::move(result);
 }
 
-// Sorts `items` by strictly ordered keys. When no two keys are equal the
-// exchange sort's result is the one sorted order, so std::sort gives it; with
-// equal keys the exchange sort itself runs under `mustSwap`.
+template <typename Key>
+std::vector<std::pair<Key, std::size_t>> KeyedEntries(const std::vector<Key>& keys) {
+    std::vector<std::pair<Key, std::size_t>> entries;
+    entries.reserve(keys.size());
+    for (std::size_t i = 0; i < keys.size(); ++i) entries.emplace_back(keys[i], i);
+    return entries;
+}
+
+// The exchange sort itself, over the keys alone: `mustSwap(a, b)` says whether
+// the element keyed a, standing before the one keyed b, must be swapped with it.
 template <typename T, typename Key, typename MustSwap>
-void SortLikeExchangeSort(std::vector<T>& items, const std::vector<Key>& keys, MustSwap mustSwap) {
-    const std::size_t n = items.size();
-    if (n < 2) return;
-    std::vector<std::size_t> order(n);
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
-    bool distinct = true;
-    for (std::size_t k = 1; k < n && distinct; ++k)
-        distinct = keys[order[k - 1]] < keys[order[k]];
-    if (!distinct) order = ExchangeSortOrder(n, mustSwap);
-    std::vector<T> sorted;
-    sorted.reserve(n);
-    for (std::size_t index : order) sorted.push_back(std::move(items[index]));
-    items = std::move(sorted);
+void ExchangeSort(std::vector<T>& items, const std::vector<Key>& keys, MustSwap mustSwap) {
+    auto entries = KeyedEntries(keys);
+    const std::size_t n = entries.size();
+    for (std::size_t i = 0; i + 1 < n; ++i)
+        for (std::size_t j = i + 1; j < n; ++j)
+            if (mustSwap(entries[i].first, entries[j].first)) std::swap(entries[i], entries[j]);
+    ApplyOrder(items, entries);
+}
+
+// The exchange sort under "swap when key a > key b". With no two keys equal
+// its result is the one sorted order, so std::sort gives it; with keys
+// already in order no pair ever swaps (the usual case for a file just read).
+// Only unordered keys with ties pay for the exchange sort itself.
+template <typename T, typename Key>
+void SortLikeExchangeSort(std::vector<T>& items, const std::vector<Key>& keys) {
+    if (items.size() < 2 || std::is_sorted(keys.begin(), keys.end())) return;
+    auto entries = KeyedEntries(keys);
+    std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    const bool distinct = std::adjacent_find(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
+                              return !(a.first < b.first);
+                          }) == entries.end();
+    if (distinct) ApplyOrder(items, entries);
+    else ExchangeSort(items, keys, [](const Key& a, const Key& b) { return b < a; });
 }
 
 }  // namespace mirvane

@@ -13,6 +13,10 @@ bool FieldReader::Available(std::int64_t length) const {
 
 void FieldReader::Fail(int errorNumber) {
     if (suspect_) throw SuspectBitmapFailure{};
+    if (errorNumber == kErrPastEndOfFile) {
+        if (reportedPastEnd_) return;
+        reportedPastEnd_ = true;
+    }
     if (onFailure_) onFailure_(errorNumber);
 }
 

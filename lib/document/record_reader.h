@@ -28,7 +28,11 @@ public:
     Bytes Block(std::int64_t length);
 
     // Reports a run-time error through the sink, or throws while suspect.
+    // Once a read has run past the end, later ones are not reported again:
+    // they all fail for the same reason and would only swell the log.
     void Fail(int errorNumber);
+
+    void Seek(std::int64_t position) { position_ = position; }
 
     void SetSuspect(bool suspect) { suspect_ = suspect; }
     std::int64_t Position() const { return position_; }
@@ -40,6 +44,7 @@ private:
     std::int64_t position_;
     FailureSink onFailure_;
     bool suspect_ = false;
+    bool reportedPastEnd_ = false;
 };
 
 void ReadPolygonRecord(FieldReader& in, PolygonRecord& record);

@@ -1,6 +1,6 @@
 #include "document/sorts.h"
 
-#include <tuple>
+#include <cstdint>
 
 #include "document/encoding.h"
 #include "document/exchange_sort.h"
@@ -9,56 +9,73 @@ namespace mirvane {
 
 namespace {
 
-// Type, then subtype: a subtype text may hold more than five bits.
+// Keys packed in one integer so that the exchange sort, when it has to run,
+// compares plain numbers. Types and subtypes are at most 20 bits here.
+std::int64_t Packed(std::int64_t high, std::int64_t low) { return (high << 20) | (low & 0xFFFFF); }
+
+std::int64_t TypeAndSubTypeKey(const std::string& type, const std::string& subType) {
+    return Packed(HexValue(type) & 0xFFFFF, HexValue(subType) & 0xFFFFF);
+}
+
 template <typename Record>
-std::vector<std::pair<int, int>> TypeKeys(const std::vector<Record>& records) {
-    std::vector<std::pair<int, int>> keys;
+std::vector<std::int64_t> TypeKeys(const std::vector<Record>& records) {
+    std::vector<std::int64_t> keys;
     keys.reserve(records.size());
-    for (const auto& r : records) keys.emplace_back(HexValue(r.Type), HexValue(r.SubType));
+    for (const auto& r : records) keys.push_back(TypeAndSubTypeKey(r.Type, r.SubType));
     return keys;
 }
 
-template <typename Record>
-void SortByTypeAndSubType(std::vector<Record>& records) {
-    const auto keys = TypeKeys(records);
-    SortLikeExchangeSort(records, keys, [&](std::size_t a, std::size_t b) { return keys[a] > keys[b]; });
-}
-
-int ExtraKeyOf(const PolylineRecord& r) { return r.ExtraIndexBytes[0] * 256 + r.ExtraIndexBytes[1]; }
-
 }  // namespace
 
-void SortPolygons(std::vector<PolygonRecord>& polygons) { SortByTypeAndSubType(polygons); }
+void SortPolygons(std::vector<PolygonRecord>& polygons) {
+    SortLikeExchangeSort(polygons, TypeKeys(polygons));
+}
 
-void SortPois(std::vector<PoiRecord>& pois) { SortByTypeAndSubType(pois); }
+void SortPois(std::vector<PoiRecord>& pois) { SortLikeExchangeSort(pois, TypeKeys(pois)); }
 
 void SortPolylinesForDisplay(std::vector<PolylineRecord>& polylines) {
-    std::vector<std::tuple<int, int, int, int>> keys;
+    std::vector<std::int64_t> keys;
     keys.reserve(polylines.size());
-    for (const auto& r : polylines)
-        keys.emplace_back(r.ExtraIndexBytes[0], r.ExtraIndexBytes[1], HexValue(r.Type), HexValue(r.SubType));
-    SortLikeExchangeSort(polylines, keys, [&](std::size_t a, std::size_t b) { return keys[a] > keys[b]; });
+    for (const auto& r : polylines) {
+        const std::int64_t extra = r.ExtraIndexBytes[0] * 256 + r.ExtraIndexBytes[1];
+        keys.push_back((extra << 40) | TypeAndSubTypeKey(r.Type, r.SubType));
+    }
+    SortLikeExchangeSort(polylines, keys);
 }
 
 // Equal types: the later record goes first when its extra key is smaller, or
 // when the earlier one has none. Two regular lines of one type thus swap on
 // every comparison, which only the exchange sort itself reproduces.
 void SortPolylinesForWriting(std::vector<PolylineRecord>& polylines) {
-    const auto keys = TypeKeys(polylines);
-    std::vector<int> extraKeys;
-    extraKeys.reserve(polylines.size());
-    for (const auto& r : polylines) extraKeys.push_back(ExtraKeyOf(r));
-    SortLikeExchangeSort(polylines, keys, [&](std::size_t a, std::size_t b) {
-        if (keys[a] != keys[b]) return keys[a] > keys[b];
-        return extraKeys[b] < extraKeys[a] || extraKeys[a] == 0;
-    });
+    struct Key {
+        std::int64_t Type;
+        int Extra;
+    };
+    std::vector<Key> keys;
+    keys.reserve(polylines.size());
+    for (const auto& r : polylines)
+        keys.push_back({TypeAndSubTypeKey(r.Type, r.SubType), r.ExtraIndexBytes[0] * 256 + r.ExtraIndexBytes[1]});
+    // Only distinct types may take the fast way: with repeated types the
+    // relation is not an order.
+    std::vector<std::int64_t> typeKeys;
+    typeKeys.reserve(keys.size());
+    for (const auto& k : keys) typeKeys.push_back(k.Type);
+    std::vector<std::int64_t> sortedTypes = typeKeys;
+    std::sort(sortedTypes.begin(), sortedTypes.end());
+    const bool typesDistinct = std::adjacent_find(sortedTypes.begin(), sortedTypes.end()) == sortedTypes.end();
+    auto mustSwap = [](const Key& a, const Key& b) {
+        if (a.Type != b.Type) return a.Type > b.Type;
+        return b.Extra < a.Extra || a.Extra == 0;
+    };
+    if (typesDistinct) SortLikeExchangeSort(polylines, typeKeys);
+    else ExchangeSort(polylines, keys, mustSwap);
 }
 
 void SortExtraPolylineIndex(std::vector<ExtraPolylineIndexRow>& rows) {
-    std::vector<std::pair<int, int>> keys;
+    std::vector<std::int64_t> keys;
     keys.reserve(rows.size());
-    for (const auto& r : rows) keys.emplace_back(r.Key, r.ExtraKey);
-    SortLikeExchangeSort(rows, keys, [&](std::size_t a, std::size_t b) { return keys[a] > keys[b]; });
+    for (const auto& r : rows) keys.push_back(Packed(r.Key, r.ExtraKey));
+    SortLikeExchangeSort(rows, keys);
 }
 
 }  // namespace mirvane

@@ -11,7 +11,8 @@ namespace mirvane {
 // The built-in language, which needs no file.
 inline constexpr const char* kBuiltInLanguage = "Francais";
 
-// Folder holding the .lng files ("Langues" beside the program).
+// Folder holding the .lng files ("Langues" beside the program). Names and
+// folders are UTF-8 throughout.
 void SetLanguageFolder(std::string folder);
 const std::string& LanguageFolder();
 
@@ -24,7 +25,17 @@ std::string LookupText(std::string_view section, std::string_view defaultText, s
 
 bool LanguageExists(std::string_view name);
 
-// Base names of the .lng files of the language folder.
+// Base names of the .lng files of the language folder, sorted by name; empty
+// when there is none or no folder.
 std::vector<std::string> ListLanguages();
+
+// Where the language folder may stand, in order of preference: "Langues"
+// beside the program, the installed share folder
+// (programDir/../share/mirvane/Langues), then the user's data folder
+// ($XDG_DATA_HOME or ~/.local/share, then mirvane/Langues).
+std::vector<std::string> CandidateLanguageFolders(const std::string& programDir);
+
+// The first candidate that exists, else "Langues" beside the program.
+std::string ChooseLanguageFolder(const std::string& programDir);
 
 }  // namespace mirvane

@@ -134,6 +134,8 @@ TEST(DamagedInput, IndexBeyondTheFileAndAbsurdSizesStayBounded) {
     PutU16(file, 0x4B, 0);                               // polygon index record size 0
     file[0x3D] = 0xFF; file[0x3E] = 0xFF; file[0x3F] = 0xFF; file[0x40] = 0x7F;  // polyline index far away
     file[0x57] = 0xFF; file[0x58] = 0xFF;               // draw order length 65535
+    PutU16(file, 0x37, 0xFFFF);                         // POI rows of 65535 bytes...
+    file[0x39] = 0xFF; file[0x3A] = 0xFF; file[0x3B] = 0xFF; file[0x3C] = 0x7F;  // ...32767 of them
     const Document doc = Read(file);
     EXPECT_EQ(doc.PolygonCount(), 0);
     EXPECT_NE(doc.ReadErrorLog.find("erreur n°11"), std::string::npos);

@@ -8,6 +8,7 @@
 #include "document/binary_reader.h"
 #include "document/binary_writer.h"
 #include "document/encoding.h"
+#include "document/extra_sections.h"
 #include "document/presentation.h"
 #include "document/sample_document.h"
 #include "document/sorts.h"
@@ -255,4 +256,60 @@ TEST(Sorts, EqualKeysKeepTheExchangeSortOrder) {
     }
     SortPolylinesForWriting(lines);
     for (std::size_t i = 0; i < lines.size(); ++i) EXPECT_EQ(lines[i].Offset, literal[i].Offset) << i;
+}
+
+TEST(AdditionalLabels, BrowserShowsTablesInHexAndTheStrings) {
+    Document doc;
+    EXPECT_EQ(LabelsBrowserText(doc).Text, "Aucun POI supplémentaire");
+    doc.LabelTextBytes = {'G', 'a', 's', 0, 'B', 0xE4, 'r', 0};
+    doc.Extra2.LabelTextLength = 8;
+    doc.LabelTable1Bytes = {0x01, 0xAB, 0x02, 0x0C};
+    doc.Extra2.LabelTable1RecordSize = 2;
+    doc.LabelTable2Bytes = {0x7F};
+    doc.Extra2.LabelTable2RecordSize = 1;
+    const LabelsBrowserContent content = LabelsBrowserText(doc);
+    EXPECT_EQ(content.RowCount, 2);
+    EXPECT_EQ(content.Caption, "Liste des POIs supplémentaires  (2)");
+    EXPECT_EQ(content.Text, "\r\n 01 AB\t 7F\t\tGas\r\n 02 0C\t\t\tB\xE4r");
+}
+
+TEST(HeaderExtensions, SizeOf164LosesTheUnknownBytesAndKeepsLabels) {
+    Document doc = MakeSampleDocument();
+    SelectHeaderSize(doc.Identity, 174);
+    Bytes file = Build(doc);
+    for (int i = 156; i < 164; ++i) file[i] = 0xEE;
+    Document read = Reread(file);
+    EXPECT_EQ(read.Extra3.Raw[0], 0xEE);
+    file[0] = 164;
+    read = Reread(file);
+    EXPECT_EQ(read.Identity.HeaderSizeIndex, 3);
+    EXPECT_EQ(read.Extra3.Raw[0], 0);  // a header of exactly 164 leaves them unread
+    const Bytes saved = Build(read);
+    EXPECT_EQ(saved[156], 0);
+    EXPECT_EQ(saved[0], 164);
+}
+
+TEST(Sorts, RandomDuplicatesMatchTheLiteralExchangeSort) {
+    std::uint32_t seed = 12345;
+    auto next = [&seed](int bound) {
+        seed = seed * 1103515245u + 12345u;
+        return static_cast<int>((seed >> 16) % static_cast<std::uint32_t>(bound));
+    };
+    for (int round = 0; round < 50; ++round) {
+        std::vector<PolygonRecord> polygons;
+        for (int i = 0; i < 30; ++i) {
+            PolygonRecord r;
+            r.Type = TypeText(next(4));
+            r.SubType = SubTypeText(next(2));
+            r.Offset = i;
+            polygons.push_back(r);
+        }
+        auto literal = polygons;
+        for (std::size_t i = 0; i + 1 < literal.size(); ++i)
+            for (std::size_t j = i + 1; j < literal.size(); ++j)
+                if (TypeKey(literal[i].Type, literal[i].SubType) > TypeKey(literal[j].Type, literal[j].SubType))
+                    std::swap(literal[i], literal[j]);
+        SortPolygons(polygons);
+        for (std::size_t i = 0; i < polygons.size(); ++i) ASSERT_EQ(polygons[i].Offset, literal[i].Offset);
+    }
 }

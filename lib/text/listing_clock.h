@@ -1,0 +1,10 @@
+// The clock reading of the "; Décompilé le ... à ..." line.
+#pragma once
+
+#include "document/local_time.h"
+
+namespace mirvane {
+
+using ListingClock = LocalTime;
+
+}  // namespace mirvane

@@ -1,0 +1,47 @@
+// UserPrompts answered by the test: questions get the queued answers (No when
+// none is left), messages and questions are recorded.
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "editors/user_prompts.h"
+
+struct ScriptedPrompts : mirvane::UserPrompts {
+    struct Shown {
+        std::string Kind, Title, Text;
+    };
+    std::deque<bool> Answers;
+    std::deque<std::optional<std::string>> Paths;
+    std::vector<Shown> Log;
+
+    bool AskYesNo(const std::string& title, const std::string& text, bool) override {
+        Log.push_back({"ask", title, text});
+        if (Answers.empty()) return false;
+        const bool answer = Answers.front();
+        Answers.pop_front();
+        return answer;
+    }
+    void Inform(const std::string& title, const std::string& text) override { Log.push_back({"inform", title, text}); }
+    void Warn(const std::string& title, const std::string& text) override { Log.push_back({"warn", title, text}); }
+    std::optional<std::string> ChooseOpenPath(const std::string& title, const std::string& filter) override {
+        Log.push_back({"open", title, filter});
+        return NextPath();
+    }
+    std::optional<std::string> ChooseSavePath(const std::string& title, const std::string&,
+                                              const std::string& filter) override {
+        Log.push_back({"save", title, filter});
+        return NextPath();
+    }
+    void ShowErrorList(const std::string& text) override { Log.push_back({"errors", "", text}); }
+
+private:
+    std::optional<std::string> NextPath() {
+        if (Paths.empty()) return std::nullopt;
+        auto path = Paths.front();
+        Paths.pop_front();
+        return path;
+    }
+};

@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "labels/codepage.h"
+
+using namespace mirvane;
+
+namespace {
+
+std::string AllBytes() {
+    std::string bytes;
+    for (int b = 0; b < 256; ++b) bytes.push_back(static_cast<char>(b));
+    return bytes;
+}
+
+}  // namespace
+
+TEST(CodePage, EveryByteOfEveryCodePageSurvivesTheRoundTrip) {
+    const std::string bytes = AllBytes();
+    for (int codePage = 1250; codePage <= 1258; ++codePage) {
+        SCOPED_TRACE(codePage);
+        const std::string text = DecodeCodePage(bytes, codePage);
+        EXPECT_TRUE(IsValidUtf8(text));
+        bool lossless = false;
+        EXPECT_EQ(EncodeCodePage(text, codePage, &lossless), bytes);
+        EXPECT_TRUE(lossless);
+    }
+}
+
+TEST(CodePage, KnownCharacters) {
+    EXPECT_EQ(DecodeCodePage("\x80", 1252), "€");
+    EXPECT_EQ(DecodeCodePage("\xE9t\xE9", 1252), "été");
+    EXPECT_EQ(DecodeCodePage("\xC0", 1251), "\u0410");  // Cyrillic A
+    EXPECT_EQ(DecodeCodePage("\xC1\xE1", 1253), "Αα");
+    EXPECT_EQ(DecodeCodePage("\xF0", 1254), "ğ");
+    EXPECT_EQ(DecodeCodePage("\xE0", 1255), "א");
+    EXPECT_EQ(EncodeCodePage("€", 1252), "\x80");
+    EXPECT_EQ(EncodeCodePage("ğ", 1254), "\xF0");
+    EXPECT_EQ(EncodeCodePage("Москва", 1251), "\xCC\xEE\xF1\xEA\xE2\xE0");
+    EXPECT_EQ(EncodeCodePage("Łódź", 1250), "\xA3\xF3\x64\x9F");
+}
+
+TEST(CodePage, UndefinedBytesKeepTheirValue) {
+    EXPECT_EQ(DecodeCodePage("\x81", 1252), "\u0081");
+    EXPECT_EQ(DecodeCodePage("\xFF", 1253), "\u00FF");
+    EXPECT_EQ(EncodeCodePage("\u0081", 1252), "\x81");
+}
+
+TEST(CodePage, MissingCharactersBecomeQuestionMarks) {
+    bool lossless = true;
+    EXPECT_EQ(EncodeCodePage("a€Ж😀b", 1250, &lossless), "a\x80??b");
+    EXPECT_FALSE(lossless);
+
+    // Invalid UTF-8 bytes are each replaced, and what follows is still read.
+    lossless = true;
+    EXPECT_EQ(EncodeCodePage("x\xC3(\xE2\x82z", 1252, &lossless), "x?(??z");
+    EXPECT_FALSE(lossless);
+
+    lossless = false;
+    EXPECT_EQ(EncodeCodePage("plain ASCII", 1253, &lossless), "plain ASCII");
+    EXPECT_TRUE(lossless);
+}
+
+TEST(CodePage, Utf8IsIdentityAndOtherCodePagesReadAs1252) {
+    const std::string bytes = AllBytes();
+    EXPECT_EQ(DecodeCodePage(bytes, kUtf8CodePage), bytes);
+    EXPECT_EQ(EncodeCodePage("Ωmega", kUtf8CodePage), "Ωmega");
+    EXPECT_EQ(DecodeCodePage(bytes, 437), DecodeCodePage(bytes, 1252));
+    EXPECT_EQ(DecodeCodePage(bytes, 0), DecodeCodePage(bytes, 1252));
+    EXPECT_FALSE(IsSupportedCodePage(437));
+    EXPECT_TRUE(IsSupportedCodePage(1258));
+    EXPECT_TRUE(IsSupportedCodePage(kUtf8CodePage));
+}
+
+TEST(CodePage, Utf8Validation) {
+    EXPECT_TRUE(IsValidUtf8(""));
+    EXPECT_TRUE(IsValidUtf8("é€😀"));
+    EXPECT_FALSE(IsValidUtf8("\xC0\x80"));          // overlong NUL
+    EXPECT_FALSE(IsValidUtf8("\xED\xA0\x80"));      // surrogate
+    EXPECT_FALSE(IsValidUtf8("\xF4\x90\x80\x80"));  // past U+10FFFF
+    EXPECT_FALSE(IsValidUtf8("\xE2\x82"));          // cut short
+    EXPECT_FALSE(IsValidUtf8("\x80"));
+}

@@ -1,0 +1,225 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <random>
+
+#include "labels/language_codes.h"
+#include "lang/ini_file.h"
+#include "lang/lookup.h"
+
+using namespace mirvane;
+namespace fs = std::filesystem;
+
+namespace {
+
+void SetEnvironment(const char* name, const std::optional<std::string>& value) {
+#ifdef _WIN32
+    _putenv_s(name, value ? value->c_str() : "");
+#else
+    if (value)
+        setenv(name, value->c_str(), 1);
+    else
+        unsetenv(name);
+#endif
+}
+
+std::optional<std::string> Environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value ? std::optional<std::string>(value) : std::nullopt;
+}
+
+// A language folder of its own per test; the lookup state is put back after.
+class LanguageFiles : public ::testing::Test {
+protected:
+    void SetUp() override {
+        savedFolder_ = LanguageFolder();
+        savedName_ = LanguageName();
+        root_ = fs::temp_directory_path() / ("mirvane_lang_" + std::to_string(std::random_device{}()));
+        folder_ = root_ / "Langues";
+        fs::create_directories(folder_);
+        SetLanguageFolder(folder_.string());
+    }
+    void TearDown() override {
+        SetLanguageFolder(savedFolder_);
+        SetLanguageName(savedName_);
+        std::error_code ignored;
+        fs::remove_all(root_, ignored);
+    }
+    void WriteLanguage(const std::string& name, const std::string& bytes) {
+        std::ofstream(folder_ / (name + ".lng"), std::ios::binary) << bytes;
+    }
+
+    fs::path root_, folder_;
+    std::string savedFolder_, savedName_;
+};
+
+}  // namespace
+
+TEST(IniFile, FindsSectionsAndKeysWithoutRegardToCase) {
+    const IniFile ini("[Main]\r\ncmdOK=OK\r\n[Démarrage]\r\nActivite=Start\r\n");
+    EXPECT_EQ(ini.Value("MAIN", "CMDok", "d"), "OK");
+    EXPECT_EQ(ini.Value("démarrage", "activite", "d"), "Start");
+    EXPECT_EQ(ini.Value("Main", "Activite", "fallback"), "fallback");  // key in the wrong section
+    EXPECT_EQ(ini.Value("Nowhere", "cmdOK", "fallback"), "fallback");
+    EXPECT_FALSE(ini.Find("Main", "missing").has_value());
+}
+
+TEST(IniFile, FirstMatchWins) {
+    const IniFile ini("[A]\nk=first\nK=second\n[a]\nk=third\nother=x\n");
+    EXPECT_EQ(ini.Find("A", "k"), "first");
+    // Only the first section of a name is searched.
+    EXPECT_FALSE(ini.Find("A", "other").has_value());
+}
+
+TEST(IniFile, TrimsBlanksAndRemovesOnePairOfQuotes) {
+    const IniFile ini(
+        "before=section\n"
+        "  [ S ]  \n"
+        "  key  =  value with blanks  \n"
+        "dq=\"  quoted  \"\n"
+        "sq='single'\n"
+        "mixed=\"not'\n"
+        "inner=a \"b\" c\n"
+        "twice=\"\"x\"\"\n"
+        "empty=\n"
+        "novalue\n"
+        "eq=a=b\n"
+        "; comment=no\n");
+    EXPECT_EQ(ini.Find("S", "key"), "value with blanks");
+    EXPECT_EQ(ini.Find("S", "dq"), "  quoted  ");
+    EXPECT_EQ(ini.Find("S", "sq"), "single");
+    EXPECT_EQ(ini.Find("S", "mixed"), "\"not'");
+    EXPECT_EQ(ini.Find("S", "inner"), "a \"b\" c");
+    EXPECT_EQ(ini.Find("S", "twice"), "\"x\"");
+    EXPECT_EQ(ini.Find("S", "empty"), "");
+    EXPECT_FALSE(ini.Find("S", "novalue").has_value());
+    EXPECT_EQ(ini.Find("S", "eq"), "a=b");
+    EXPECT_FALSE(ini.Find("S", "; comment").has_value());
+    EXPECT_FALSE(ini.Find("", "before").has_value());
+}
+
+TEST(IniFile, CutsValuesAt254Characters) {
+    std::string accents;
+    for (int i = 0; i < 300; ++i) accents += "é";
+    const IniFile ini("[S]\nlong=" + std::string(300, 'x') + "\naccents=" + accents + "\n");
+    EXPECT_EQ(ini.Value("S", "long", ""), std::string(254, 'x'));
+    const std::string cut = ini.Value("S", "accents", "");
+    EXPECT_EQ(cut.size(), 254u * 2);  // whole characters, never half of one
+    EXPECT_EQ(ini.Value("S", "missing", std::string(300, 'd')), std::string(254, 'd'));
+}
+
+TEST(IniFile, TextFilesAreUtf8OrWindows1252) {
+    EXPECT_EQ(TextFileToUtf8("\xEF\xBB\xBF[S]"), "[S]");
+    EXPECT_EQ(TextFileToUtf8("Fran\xC3\xA7" "ais"), "Français");
+    EXPECT_EQ(TextFileToUtf8("Fran\xE7" "ais \x80"), "Français €");
+    EXPECT_EQ(TextFileToUtf8(""), "");
+}
+
+TEST_F(LanguageFiles, LooksUpTheCurrentLanguageFile) {
+    WriteLanguage("English", "[Palette]\r\ncmdAnnuler=Cancel\r\nlong=" + std::string(300, 'y') + "\r\n");
+    SetLanguageName("English");
+    EXPECT_EQ(LookupText("Palette", "Annuler", "cmdAnnuler"), "Cancel");
+    EXPECT_EQ(LookupText("Palette", "Autres couleurs", "cmdAutres"), "Autres couleurs");
+    EXPECT_EQ(LookupText("Main", "Annuler", "cmdAnnuler"), "Annuler");
+    EXPECT_EQ(LookupText("Palette", "", "long").size(), 254u);
+
+    SetLanguageName("Klingon");  // no file: defaults
+    EXPECT_EQ(LookupText("Palette", "Annuler", "cmdAnnuler"), "Annuler");
+}
+
+TEST_F(LanguageFiles, AnsiLanguageFilesAreConverted) {
+    WriteLanguage("Deutsch", "[Editer]\nLangue1=Franz\xF6sisch\n");
+    SetLanguageName("Deutsch");
+    EXPECT_EQ(LanguageCodeName(1), "Französisch");
+    EXPECT_EQ(LanguageCodeName(2), "Allemand");  // missing key keeps the French name
+}
+
+TEST_F(LanguageFiles, BuiltInLanguageStillReadsAStrayFile) {
+    SetLanguageName(kBuiltInLanguage);
+    EXPECT_EQ(LookupText("Main", "Fermer", "mnuFermer"), "Fermer");
+    WriteLanguage(kBuiltInLanguage, "[Main]\nmnuFermer=Clore\n");
+    EXPECT_EQ(LookupText("Main", "Fermer", "mnuFermer"), "Clore");
+}
+
+TEST_F(LanguageFiles, AChangedFileIsReadAgain) {
+    WriteLanguage("English", "[Main]\nk=one\n");
+    SetLanguageName("English");
+    EXPECT_EQ(LookupText("Main", "", "k"), "one");
+
+    WriteLanguage("English", "[Main]\nk=three\n");  // other size
+    EXPECT_EQ(LookupText("Main", "", "k"), "three");
+
+    WriteLanguage("English", "[Main]\nk=seven\n");  // same size, other time
+    const fs::path file = folder_ / "English.lng";
+    fs::last_write_time(file, fs::last_write_time(file) + std::chrono::seconds(5));
+    EXPECT_EQ(LookupText("Main", "", "k"), "seven");
+
+    fs::remove(file);
+    EXPECT_EQ(LookupText("Main", "gone", "k"), "gone");
+}
+
+TEST_F(LanguageFiles, ListsAndChecksLanguages) {
+    WriteLanguage("Italiano", "");
+    WriteLanguage("English", "");
+    WriteLanguage("Deutsch", "");
+    std::ofstream(folder_ / "notes.txt") << "x";
+    fs::create_directory(folder_ / "Folder.lng");
+    EXPECT_EQ(ListLanguages(), (std::vector<std::string>{"Deutsch", "English", "Italiano"}));
+    EXPECT_TRUE(LanguageExists("English"));
+    EXPECT_FALSE(LanguageExists("Folder"));
+    EXPECT_FALSE(LanguageExists("Francais"));
+    EXPECT_FALSE(LanguageExists(""));
+
+    SetLanguageFolder((root_ / "missing").string());
+    EXPECT_TRUE(ListLanguages().empty());
+    EXPECT_FALSE(LanguageExists("English"));
+    SetLanguageFolder("");
+    EXPECT_TRUE(ListLanguages().empty());
+    EXPECT_EQ(LookupText("Main", "défaut", "k"), "défaut");
+}
+
+TEST_F(LanguageFiles, CandidateFoldersAndChoice) {
+    const auto savedDataHome = Environment("XDG_DATA_HOME");
+    const fs::path program = root_ / "prefix" / "bin";
+    const fs::path dataHome = root_ / "data";
+    SetEnvironment("XDG_DATA_HOME", dataHome.string());
+    const auto candidates = CandidateLanguageFolders(program.string());
+    ASSERT_EQ(candidates.size(), 3u);
+    EXPECT_EQ(fs::path(candidates[0]), program / "Langues");
+    EXPECT_EQ(fs::path(candidates[1]), root_ / "prefix" / "share" / "mirvane" / "Langues");
+    EXPECT_EQ(fs::path(candidates[2]), dataHome / "mirvane" / "Langues");
+
+    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), program / "Langues");  // none exists
+    fs::create_directories(dataHome / "mirvane" / "Langues");
+    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), dataHome / "mirvane" / "Langues");
+    fs::create_directories(root_ / "prefix" / "share" / "mirvane" / "Langues");
+    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), root_ / "prefix" / "share" / "mirvane" / "Langues");
+    fs::create_directories(program / "Langues");
+    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), program / "Langues");
+
+    SetEnvironment("XDG_DATA_HOME", "relative/ignored");
+    const auto home = Environment("HOME");
+    if (home) {
+        EXPECT_EQ(fs::path(CandidateLanguageFolders(program.string()).back()),
+                  fs::path(*home) / ".local" / "share" / "mirvane" / "Langues");
+    }
+    SetEnvironment("XDG_DATA_HOME", savedDataHome);
+}
+
+TEST(LanguageCodes, FrenchTableAndBounds) {
+    ASSERT_EQ(LanguageCodeCount(), 35);
+    EXPECT_EQ(LanguageCodeDefaultName(0), "Autre");
+    EXPECT_EQ(LanguageCodeDefaultName(1), "Français");
+    EXPECT_EQ(LanguageCodeDefaultName(11), "Galican");
+    EXPECT_EQ(LanguageCodeDefaultName(13), "Gaëlique");
+    EXPECT_EQ(LanguageCodeDefaultName(16), "Portuguais");
+    EXPECT_EQ(LanguageCodeDefaultName(33), "Macédonien");
+    EXPECT_EQ(LanguageCodeDefaultName(34), "Bulgare");
+    EXPECT_EQ(LanguageCodeDefaultName(35), "");
+    EXPECT_EQ(LanguageCodeDefaultName(-1), "");
+    EXPECT_EQ(LanguageCodeName(35), "");
+}

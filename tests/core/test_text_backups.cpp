@@ -1,0 +1,161 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "document/document.h"
+#include "editors/backups_window_model.h"
+#include "editors/text_backups.h"
+#include "editors/text_pane.h"
+
+using namespace mirvane;
+namespace fs = std::filesystem;
+
+namespace {
+
+class BackupFolder : public ::testing::Test {
+protected:
+    void SetUp() override {
+        folder_ = fs::temp_directory_path() /
+                  ("mirvane_backups_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
+        fs::remove_all(folder_);
+        fs::create_directories(folder_);
+    }
+    void TearDown() override { fs::remove_all(folder_); }
+
+    std::string Folder() const { return folder_.string(); }
+    std::string FileBytes() const {
+        std::ifstream in(folder_ / kBackupFileName, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(in), {});
+    }
+
+    fs::path folder_;
+};
+
+std::string Stars() { return std::string(80, '*'); }
+
+}  // namespace
+
+TEST(BackupEntry, HasBannerNameNumberTextAndThreeCarriageReturns) {
+    const std::string expected = Stars() + "\r\n" + "a.typ Sauvegarde n°2\r\n" + Stars() + "\r\n" + "[_id]\r\n" + "\r\r\r";
+    EXPECT_EQ(BackupFileEntry("a.typ", 2, "[_id]\r\n"), expected);
+}
+
+TEST_F(BackupFolder, EachEntryOverwritesTheLastByteOfTheOneBefore) {
+    TextBackups backups;
+    sauvegardertexte(backups, "one", true, Folder(), "f.typ");
+    sauvegardertexte(backups, "two", true, Folder(), "f.typ");
+    std::string first = BackupFileEntry("f.typ", 1, "one");
+    first.pop_back();  // the last carriage return gives way to the next entry
+    EXPECT_EQ(FileBytes(), first + BackupFileEntry("f.typ", 2, "two"));
+    EXPECT_EQ(FileBytes().substr(first.size() - 2, 3), "\r\r*");
+}
+
+TEST_F(BackupFolder, AutoBackupOffKeepsMemoryBackupsAndWritesNothing) {
+    TextBackups backups;
+    sauvegardertexte(backups, "one", false, Folder(), "f.typ");
+    sauvegardertexte(backups, "two", false, Folder(), "f.typ");
+    EXPECT_EQ(backups.Count(), 2u);
+    EXPECT_EQ(backups.At(1), "two");
+    EXPECT_FALSE(fs::exists(folder_ / kBackupFileName));
+}
+
+TEST_F(BackupFolder, NumberCountsEveryBackupEvenThoseNotWritten) {
+    TextBackups backups;
+    sauvegardertexte(backups, "one", false, Folder(), "f.typ");
+    sauvegardertexte(backups, "two", true, Folder(), "f.typ");
+    EXPECT_EQ(FileBytes(), BackupFileEntry("f.typ", 2, "two"));
+}
+
+TEST_F(BackupFolder, FailedWriteIsPassedOverAndTheMemoryBackupStays) {
+    TextBackups backups;
+    const std::string missing = (folder_ / "no" / "such" / "folder").string();
+    sauvegardertexte(backups, "text", true, missing, "f.typ");
+    EXPECT_EQ(backups.Count(), 1u);
+    EXPECT_FALSE(AppendBackupEntry(missing, "x"));
+}
+
+TEST_F(BackupFolder, RemoveBackupFileClearsTheLastSessionAndToleratesNone) {
+    ASSERT_TRUE(AppendBackupEntry(Folder(), "old"));
+    RemoveBackupFile(Folder());
+    EXPECT_FALSE(fs::exists(folder_ / kBackupFileName));
+    RemoveBackupFile(Folder());
+    ASSERT_TRUE(AppendBackupEntry(Folder(), "new"));
+    EXPECT_EQ(FileBytes(), "new");
+}
+
+TEST(BackupsWindow, OpensOnTheLastOfThreeAndStepsBack) {
+    TextBackups backups;
+    for (const char* text : {"a", "b", "c"}) backups.Add(text);
+    BackupsWindowModel window(backups);
+    EXPECT_EQ(window.Caption, "Dernière sauvegarde au format texte  ( 3/3 )");
+    EXPECT_EQ(window.Text1, "c");
+    EXPECT_TRUE(window.cmdPrecedent_Enabled);
+    EXPECT_FALSE(window.cmdSuivant_Enabled);
+
+    window.cmdPrecedent_Click();
+    window.cmdPrecedent_Click();
+    EXPECT_EQ(window.Caption, "Sauvegarde au format texte  ( 1/3 )");
+    EXPECT_EQ(window.cmdCopier_Click(), "a");
+    EXPECT_FALSE(window.cmdPrecedent_Enabled);
+    EXPECT_TRUE(window.cmdSuivant_Enabled);
+    window.cmdPrecedent_Click();  // disabled: stays on the first
+    EXPECT_EQ(window.Position(), 0u);
+
+    window.cmdSuivant_Click();
+    EXPECT_EQ(window.Caption, "Sauvegarde au format texte  ( 2/3 )");
+    EXPECT_TRUE(window.cmdPrecedent_Enabled && window.cmdSuivant_Enabled);
+}
+
+TEST(BackupsWindow, WithoutBackupsSaysSoAndCannotStep) {
+    TextBackups backups;
+    BackupsWindowModel window(backups);
+    EXPECT_EQ(window.Text1, "Aucune sauvegarde");
+    EXPECT_FALSE(window.cmdPrecedent_Enabled || window.cmdSuivant_Enabled);
+    window.cmdSuivant_Click();
+    window.cmdPrecedent_Click();
+    EXPECT_EQ(window.Text1, "Aucune sauvegarde");
+}
+
+TEST(TextPane, ApplyingTheWholeTextEmptiesObjectsButKeepsOtherSections) {
+    Document doc;
+    doc.Polygons.resize(2);
+    doc.Polylines.resize(3);
+    doc.PolylineCount = 2;
+    doc.ExtraPolylineCount = 1;
+    doc.Pois.resize(1);
+    doc.ExtraPois.resize(4);
+    doc.DrawOrderRows = {"Type=0x003,1"};
+    doc.LabelTextBytes = {1, 2};
+
+    TextPaneModel pane;
+    std::vector<std::string> calls;
+    pane.cmdAppliquerModif_Click(doc, 0, "",
+                                 {[&] { calls.push_back("modified"); },
+                                  [&](const std::string& text) { calls.push_back("parse:" + text); }});
+    EXPECT_TRUE(doc.Polygons.empty() && doc.Polylines.empty() && doc.Pois.empty() && doc.DrawOrderRows.empty());
+    EXPECT_EQ(doc.PolylineCount + doc.ExtraPolylineCount, 0);
+    EXPECT_EQ(doc.ExtraPois.size(), 4u);
+    EXPECT_EQ(doc.LabelTextBytes.size(), 2u);
+    EXPECT_EQ(calls, (std::vector<std::string>{"modified", "parse:"}));
+}
+
+TEST(TextPane, ApplyingOneObjectErasesNothing) {
+    Document doc;
+    doc.Polygons.resize(2);
+    TextPaneModel pane;
+    pane.cmdAppliquerModif_Click(doc, 1, "[_polygon]", {});
+    EXPECT_EQ(doc.Polygons.size(), 2u);
+}
+
+TEST(TextPane, LeavingThePaneOffersTheApplyButtonOnlyWhenTheFocusGoesElsewhere) {
+    TextPaneModel pane;
+    pane.BoxVisualisation_LostFocus(true, true);
+    EXPECT_FALSE(pane.cmdAppliquerModif_Enabled);
+    pane.BoxVisualisation_LostFocus(false, false);
+    EXPECT_FALSE(pane.cmdAppliquerModif_Enabled);
+    pane.BoxVisualisation_LostFocus(true, false);
+    EXPECT_TRUE(pane.cmdAppliquerModif_Enabled && pane.cmdAppliquerModif_Visible);
+    EXPECT_EQ(pane.cmdAppliquerModif_Caption, "Cliquer ici pour appliquer les modifications");
+}
