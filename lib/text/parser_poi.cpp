@@ -88,11 +88,18 @@ std::uint8_t ColourModeOf(std::string_view headerLine) {
     return StrictByte(FieldAfterEquals(modePart));
 }
 
+// A bitmap whose lines run past the end of the text fails before its pixel
+// bytes are made, so a short text never makes large arrays.
+void RequireLines(const ParseContext& ctx, std::size_t first, std::size_t count) {
+    if (count > 0 && !ctx.HasLine(first + count - 1)) throw ParseFailure{};
+}
+
 // Pixel lines of a true colour bitmap, read by position behind the line that
 // follows the header (the listing's ";Couleurs 24 bits" comment).
 void ReadTrueColourPixels(ParseContext& ctx, const PoiRecord& record, PoiBitmap& bitmap) {
     ctx.Advance();
     const std::size_t pixels = static_cast<std::size_t>(record.Width) * record.Height;
+    RequireLines(ctx, ctx.I + 1, bitmap.ColourMode == 32 || bitmap.ColourMode == 0 ? pixels : pixels + 1);
     if (bitmap.ColourMode == 32) {
         bitmap.PixelBytes.assign((pixels * 7 + 1) / 2, 0);
         for (std::size_t p = 0; p < pixels; ++p) {
@@ -167,6 +174,7 @@ void ReadPaletteRows(ParseContext& ctx, const PoiRecord& record, PoiBitmap& bitm
     if (!bits) throw ParseFailure{};
     const std::size_t bpp = static_cast<std::size_t>(*bits);
     const std::size_t stride = static_cast<std::size_t>(PaddedRowWidth(record.Width, *bits));
+    RequireLines(ctx, ctx.I, record.Height);
     bitmap.PixelBytes.assign(stride * record.Height * bpp / 8, 0);
     const CodeIndex index(codes);
     const std::uint32_t mask = (1u << bpp) - 1;

@@ -127,9 +127,14 @@ TEST(ParserFailures, ArbitraryTextAlwaysEnds) {
         ParseTypText(doc, std::string_view(sample).substr(cut), kScopePoi, 0);
         ParseTypText(doc, std::string_view(sample).substr(cut), kScopePolygon, 0);
     }
-    // A huge declared bitmap on a short text stays short in the log.
-    Document doc = ParseDocument("[_point]\nDayXpm=\"255 255 0 0\" Colormode=0\n");
-    EXPECT_LT(doc.ReadErrorLog.size(), 200u);
+    // A huge declared bitmap on a short text stays short in the log and
+    // makes no pixel bytes.
+    for (const char* header : {"\"255 255 0 0\" Colormode=0", "\"255 255 1 1\"\n\"! c #000000\""}) {
+        Document doc = ParseDocument(std::string("[_point]\nDayXpm=") + header + "\n\"!!\"\n");
+        ASSERT_EQ(doc.Pois.size(), 1u);
+        EXPECT_TRUE(doc.Pois[0].Bitmaps[0].PixelBytes.empty());
+        EXPECT_LT(doc.ReadErrorLog.size(), 200u);
+    }
 }
 
 TEST(ParserScopes, SingleObjectScopeRebuildsTheSelectedRecordAndFindsItAgain) {
