@@ -286,27 +286,29 @@ std::optional<int> BinaryTypReader::IndexRowCount(std::int32_t length, std::uint
     return count;
 }
 
-// Bytes of one index row; a row that reaches past the index buffer is
-// reported once and reads zeros there.
+// Bytes of one index row. The index is `extent` bytes long, of which the
+// buffer holds what the file had (its end was reported when it was read):
+// the rest reads as zeros. A row reaching outside the index is out of range.
 class IndexRow {
 public:
-    IndexRow(const Bytes& buffer, std::int64_t start, int size) : buffer_(buffer), start_(start), size_(size) {}
+    IndexRow(const Bytes& buffer, std::int64_t extent, std::int64_t start, int size)
+        : buffer_(buffer), extent_(extent), start_(start), size_(size) {}
     std::uint8_t operator[](std::int64_t i) {
         const std::int64_t at = start_ + i;
-        if (i < 0 || at < 0 || at >= static_cast<std::int64_t>(buffer_.size())) {
+        if (i < 0 || at < 0 || at >= extent_) {
             outOfRange_ = true;
             return 0;
         }
-        return buffer_[static_cast<std::size_t>(at)];
+        return at < static_cast<std::int64_t>(buffer_.size()) ? buffer_[static_cast<std::size_t>(at)] : 0;
     }
     // Little-endian number of bytes [from, to); more than four bytes overflow.
     // Only the bytes inside the buffer are visited, so rows of an absurd size
     // cost no more than the buffer holds.
     std::int64_t Number(int from, int to) {
-        const std::int64_t size = static_cast<std::int64_t>(buffer_.size());
+        if (from < 0 || start_ + from < 0 || start_ + to > extent_) outOfRange_ = true;
+        const std::int64_t size = std::min<std::int64_t>(static_cast<std::int64_t>(buffer_.size()), extent_);
         const std::int64_t first = std::clamp<std::int64_t>(start_ + from, 0, size);
         const std::int64_t last = std::clamp<std::int64_t>(start_ + to, 0, size);
-        if (from < 0 || first != start_ + from || last != start_ + to) outOfRange_ = true;
         std::int64_t value = 0;
         for (std::int64_t at = last - 1; at >= first; --at) {
             const std::int64_t place = at - (start_ + from);
@@ -322,6 +324,7 @@ public:
 
 private:
     const Bytes& buffer_;
+    std::int64_t extent_;
     std::int64_t start_;
     int size_;
     bool outOfRange_ = false;
@@ -348,7 +351,8 @@ void BinaryTypReader::ReadIndex(std::vector<Record>& records, std::int32_t offse
     if (!append) records.clear();
     records.resize(first + *count);
     for (int i = 0; i < *count; ++i) {
-        IndexRow row(buffer, static_cast<std::int64_t>(i) * recordSize, recordSize);
+        IndexRow row(buffer, static_cast<std::int64_t>(*count) * recordSize, static_cast<std::int64_t>(i) * recordSize,
+                     recordSize);
         Record& record = records[first + i];
         SetTypeFromKey(record, row);
         readRow(record, row);
@@ -424,7 +428,8 @@ void BinaryTypReader::ReadExtraPoiRows() {
     const int size = doc_.Extra1.ExtraPoiIndexRecordSize;
     doc_.ExtraPois.resize(count);
     for (int i = 0; i < count; ++i) {
-        IndexRow row(doc_.ExtraPoiIndexBytes, static_cast<std::int64_t>(i) * size, size);
+        IndexRow row(doc_.ExtraPoiIndexBytes, static_cast<std::int64_t>(doc_.ExtraPoiIndexBytes.size()),
+                     static_cast<std::int64_t>(i) * size, size);
         ExtraPoiRecord& record = doc_.ExtraPois[i];
         SetTypeFromKey(record, row);
         record.Offset = static_cast<std::int32_t>(row.Number(size - 3, size));  // always the last three bytes

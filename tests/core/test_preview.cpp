@@ -1,0 +1,208 @@
+// The preview of the picked object: thumbnails from the listing's pictures
+// and the three ways of composing them.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "editors/preview_model.h"
+#include "listing_test_support.h"
+#include "text/listing.h"
+
+namespace mirvane {
+namespace {
+
+constexpr RasterColour kBackground = 0x00ABCDEF;
+constexpr std::int32_t kRed = 0x0000FF, kGreen = 0x00FF00, kBlue = 0xFF0000, kGrey = 0x808080;
+
+ObjectPreview Solid(ObjectKind kind, int width, int height, std::int32_t day,
+                    std::optional<std::int32_t> night = std::nullopt) {
+    ObjectPreview preview;
+    preview.Kind = kind;
+    preview.Picture.Width = width;
+    preview.Picture.Height = height;
+    preview.Picture.Day.assign(static_cast<std::size_t>(width) * height, day);
+    if (night) preview.Picture.Night.assign(preview.Picture.Day.size(), *night);
+    return preview;
+}
+
+bool AllOf(const Raster& raster, RasterColour colour) {
+    return std::all_of(raster.Pixels().begin(), raster.Pixels().end(), [&](RasterColour c) { return c == colour; });
+}
+
+// The bounding box of the pixels that differ from the background.
+RasterRect Drawn(const Raster& raster) {
+    int left = raster.Width(), top = raster.Height(), right = -1, bottom = -1;
+    for (int y = 0; y < raster.Height(); ++y)
+        for (int x = 0; x < raster.Width(); ++x)
+            if (raster.Pixel(x, y) != kBackground) {
+                left = std::min(left, x), right = std::max(right, x);
+                top = std::min(top, y), bottom = std::max(bottom, y);
+            }
+    if (right < 0) return {};
+    return {left, top, right - left + 1, bottom - top + 1};
+}
+
+bool SameRect(RasterRect a, RasterRect b) {
+    return a.Left == b.Left && a.Top == b.Top && a.Width == b.Width && a.Height == b.Height;
+}
+
+ObjectPreviewModel Composed(PreviewMode mode, std::initializer_list<ObjectPreview> picks, int slider = 200) {
+    ObjectPreviewModel model(kBackground);
+    for (const ObjectPreview& pick : picks) model.Pick(pick);
+    model.SetMode(mode);
+    model.SetZoomSlider(slider);
+    model.Update();
+    return model;
+}
+
+TEST(PreviewThumbnails, TransparentPixelsTakeTheBackground) {
+    ObjectPreview poi = Solid(ObjectKind::Poi, 3, 2, kRed, kBlue);
+    poi.Picture.Day[1] = kTransparentPixel;
+    poi.Picture.Night[4] = kTransparentPixel;
+    ObjectPreviewModel model(kBackground);
+    model.Pick(poi);
+    EXPECT_EQ(model.Vignette(4).Pixel(1, 0), kBackground);
+    EXPECT_EQ(model.Vignette(4).Pixel(2, 1), RasterColour(kRed));
+    EXPECT_EQ(model.Vignette(5).Pixel(1, 1), kBackground);
+    EXPECT_EQ(model.Vignette(5).Width(), 3);
+
+    // A new background paints the kept pictures again.
+    model.SetBackground(0x000001);
+    EXPECT_EQ(model.Vignette(4).Pixel(1, 0), 0x000001u);
+}
+
+TEST(PreviewThumbnails, PatternWithClearBackgroundShowsTheBackground) {
+    ObjectPreview pattern = Solid(ObjectKind::Polygon, 32, 32, kTransparentPixel);
+    pattern.IsPattern = true;
+    for (int i = 0; i < 32; ++i) pattern.Picture.Day[static_cast<std::size_t>(i) * 33] = kGreen;  // a diagonal
+    const ObjectPreviewModel model = Composed(PreviewMode::Seul, {pattern});
+    EXPECT_EQ(model.Vignette(0).Pixel(5, 5), RasterColour(kGreen));
+    EXPECT_EQ(model.Vignette(0).Pixel(6, 5), kBackground);
+    EXPECT_TRUE(model.Vignette(1).Empty());
+    EXPECT_TRUE(model.State().PolygonShown);
+}
+
+TEST(PreviewThumbnails, ListedClearPatternShowsTheBackground) {
+    Document doc;
+    PolygonRecord polygon = testing::Polygon("001", "00", 0x08 | 0x02, testing::Colours({0x112233}));
+    polygon.PatternBytes[0] = 0x01;  // the first pixel, in the lowest bit
+    doc.Polygons.push_back(polygon);
+    ObjectPreviewModel model(kBackground);
+    model.Pick(ListOneObject(doc, 1, 0).Preview);
+    EXPECT_EQ(model.Vignette(0).Pixel(0, 0), 0x332211u);  // red 0x11 in the lowest byte
+    EXPECT_EQ(model.Vignette(0).Pixel(1, 0), kBackground);
+    EXPECT_EQ(model.Vignette(0).Pixel(31, 31), kBackground);
+}
+
+TEST(PreviewSeul, PlacesTheZoomedThumbnailInTheMiddle) {
+    struct Case {
+        int width, height, slider, left, top;
+    };
+    // Zoom is the slider value / 100 cut; offsets are cut toward zero; an
+    // enlargement past the preview is clipped to it.
+    for (const Case& c : {Case{32, 32, 100, 104, 104}, Case{7, 5, 399, 109, 112}, Case{32, 32, 800, -8, -8},
+                          Case{24, 24, 1000, 0, 0}, Case{27, 3, 900, -1, 106}}) {
+        const ObjectPreviewModel model =
+            Composed(PreviewMode::Seul, {Solid(ObjectKind::Poi, c.width, c.height, kRed)}, c.slider);
+        const int zoom = c.slider / 100;
+        ASSERT_EQ(model.State().Zoom, zoom);
+        EXPECT_EQ(SeulOffset(zoom, c.width), c.left);
+        EXPECT_EQ(SeulOffset(zoom, c.height), c.top);
+        const int right = std::min(c.left + zoom * c.width, kPreviewSide);
+        const int bottom = std::min(c.top + zoom * c.height, kPreviewSide);
+        const RasterRect seen{std::max(c.left, 0), std::max(c.top, 0), right - std::max(c.left, 0),
+                              bottom - std::max(c.top, 0)};
+        EXPECT_TRUE(SameRect(Drawn(model.Apercus(0)), seen)) << c.width << " " << c.slider;
+        EXPECT_TRUE(AllOf(model.Apercus(1), kBackground));
+    }
+}
+
+TEST(PreviewSeul, ShowsTheNightFormOnlyWhenThereIsOne) {
+    const ObjectPreviewModel dayOnly = Composed(PreviewMode::Seul, {Solid(ObjectKind::Polygon, 32, 32, kRed)});
+    EXPECT_TRUE(SameRect(Drawn(dayOnly.Apercus(0)), {88, 88, 64, 64}));
+    EXPECT_TRUE(AllOf(dayOnly.Apercus(1), kBackground));
+    EXPECT_EQ(dayOnly.Apercus(1).Width(), kPreviewSide);
+
+    const ObjectPreviewModel both =
+        Composed(PreviewMode::Seul, {Solid(ObjectKind::Polyline, 32, 3, kRed, kBlue)}, 300);
+    EXPECT_TRUE(SameRect(Drawn(both.Apercus(1)), {72, 115, 96, 9}));
+    EXPECT_EQ(both.Apercus(1).Pixel(100, 120), RasterColour(kBlue));
+}
+
+TEST(PreviewSeul, EmptyPoiGivesAnEmptyPreview) {
+    ObjectPreview empty;
+    empty.Kind = ObjectKind::Poi;  // what the listing gives for a 0 by 0 POI
+    const ObjectPreviewModel model = Composed(PreviewMode::Seul, {empty});
+    EXPECT_TRUE(model.Vignette(4).Empty());
+    EXPECT_TRUE(model.Vignette(5).Empty());
+    EXPECT_TRUE(AllOf(model.Apercus(0), kBackground));
+    EXPECT_TRUE(AllOf(model.Apercus(1), kBackground));
+}
+
+TEST(PreviewMosaique, RepeatsTheTileAndLeavesPoisOut) {
+    ObjectPreview polygon = Solid(ObjectKind::Polygon, 32, 32, kRed, kBlue);
+    polygon.Picture.Day[0] = kGreen;
+    const ObjectPreviewModel model = Composed(PreviewMode::Mosaique, {polygon});
+    EXPECT_TRUE(SameRect(Drawn(model.Apercus(0)), {0, 0, 160, 160}));
+    EXPECT_TRUE(SameRect(Drawn(model.Apercus(1)), {0, 0, 160, 160}));
+    EXPECT_EQ(model.Apercus(0).Pixel(128, 128), RasterColour(kGreen));
+    EXPECT_EQ(model.Apercus(0).Pixel(129, 128), RasterColour(kRed));
+    EXPECT_FALSE(model.ZoomEnabled());
+
+    const ObjectPreviewModel line = Composed(PreviewMode::Mosaique, {Solid(ObjectKind::Polyline, 32, 4, kRed)});
+    EXPECT_TRUE(SameRect(Drawn(line.Apercus(0)), {0, 0, 160, 4}));
+    EXPECT_TRUE(AllOf(line.Apercus(1), kBackground));
+
+    const ObjectPreviewModel poi =
+        Composed(PreviewMode::Mosaique, {polygon, Solid(ObjectKind::Poi, 16, 16, kRed, kBlue)});
+    EXPECT_TRUE(AllOf(poi.Apercus(0), kBackground));
+    EXPECT_TRUE(AllOf(poi.Apercus(1), kBackground));
+}
+
+TEST(PreviewSuperposition, LineBeforeAnyPolygonLiesOnThePlainBackground) {
+    const ObjectPreviewModel model = Composed(PreviewMode::Superposition, {Solid(ObjectKind::Polyline, 32, 3, kRed)});
+    EXPECT_TRUE(SameRect(Drawn(model.Apercus(0)), {0, 64, 160, 3}));
+    EXPECT_TRUE(AllOf(model.Apercus(1), kBackground));  // the line has no night form
+}
+
+TEST(PreviewSuperposition, LaysLineAndPoiOverThePolygonMosaic) {
+    const ObjectPreviewModel model =
+        Composed(PreviewMode::Superposition,
+                 {Solid(ObjectKind::Poi, 4, 4, kBlue, 0x123456), Solid(ObjectKind::Polygon, 32, 32, kGrey),
+                  Solid(ObjectKind::Polyline, 32, 2, kRed, kGreen)});
+    const Raster& day = model.Apercus(0);
+    const Raster& night = model.Apercus(1);
+    EXPECT_EQ(day.Pixel(159, 159), RasterColour(kGrey));
+    EXPECT_EQ(day.Pixel(160, 0), kBackground);
+    EXPECT_EQ(day.Pixel(150, 65), RasterColour(kRed));
+    EXPECT_EQ(day.Pixel(99, 99), RasterColour(kBlue));
+    // No night polygon: the day mosaic stands in for it, under the night line and POI.
+    EXPECT_EQ(night.Pixel(10, 10), RasterColour(kGrey));
+    EXPECT_EQ(night.Pixel(10, 64), RasterColour(kGreen));
+    EXPECT_EQ(night.Pixel(96, 96), 0x123456u);
+    EXPECT_FALSE(model.ZoomEnabled());
+}
+
+TEST(PreviewSuperposition, ThumbnailPixelsOfTheBackgroundColourCountAsTransparent) {
+    ObjectPreview poi = Solid(ObjectKind::Poi, 2, 1, kRed);
+    poi.Picture.Day[1] = static_cast<std::int32_t>(kBackground);  // opaque, but the background's colour
+    const ObjectPreviewModel model =
+        Composed(PreviewMode::Superposition, {Solid(ObjectKind::Polygon, 32, 32, kGrey), poi});
+    EXPECT_EQ(model.Apercus(0).Pixel(96, 96), RasterColour(kRed));
+    EXPECT_EQ(model.Apercus(0).Pixel(97, 96), RasterColour(kGrey));
+}
+
+TEST(PreviewModel, ResetForgetsThePicks) {
+    ObjectPreviewModel model(kBackground);
+    model.Pick(Solid(ObjectKind::Polygon, 32, 32, kRed));
+    model.Reset();
+    model.SetMode(PreviewMode::Superposition);
+    model.Update();
+    EXPECT_EQ(model.State().EditScope, 0);
+    EXPECT_TRUE(AllOf(model.Apercus(0), kBackground));
+    model.SetZoomSlider(5);
+    EXPECT_EQ(model.ZoomSlider(), kZoomSliderMinimum);
+}
+
+}  // namespace
+}  // namespace mirvane
