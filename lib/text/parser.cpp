@@ -79,9 +79,18 @@ void ReadIdentityLine(Document& doc, std::string_view rawLine) {
     } else if (StartsWithNoCase(line, "fid")) {
         doc.Identity.txtFID = IdentityValue(line, 5);
     } else if (StartsWithNoCase(line, "codepage")) {
-        const double index = StrictNumber(Mid(line, 10)) - 1250;
-        if (index < 0 || index > 8 || index != static_cast<int>(index)) throw ParseFailure{};
+        const double number = StrictNumber(Mid(line, 10));
+        const double index = number - 1250;
+        if (index < 0 || index > 8 || index != static_cast<int>(index)) {
+            // The combo cannot show it (65001, say): reported, and kept for the save.
+            if (number > 0 && number <= 65535 && number == static_cast<int>(number)) {
+                doc.Identity.CodePageIndex = -1;
+                doc.Identity.UnlistedCodePage = static_cast<int>(number);
+            }
+            throw ParseFailure{};
+        }
         doc.Identity.CodePageIndex = static_cast<int>(index);
+        doc.Identity.UnlistedCodePage = 0;
     }
 }
 
@@ -212,7 +221,8 @@ ParseResult Finish(ParseContext& ctx) {
 
 ParseResult ParseTypText(Document& doc, std::string_view textBytes, int editScope, int selectedIndex) {
     using namespace textparse;
-    doc.HeaderGapBytes.clear();
+    // A single object's text holds no comment section: applying it keeps the comment.
+    if (editScope == kScopeDocument) doc.HeaderGapBytes.clear();
     if (textBytes.substr(0, 3) == "\xEF\xBB\xBF") textBytes.remove_prefix(3);  // UTF-8 byte order mark
     ParseContext ctx{doc, PrepareLines(textBytes)};
     ctx.EditScope = editScope;
@@ -228,10 +238,7 @@ void LoadTypText(Document& doc, std::string_view textBytes, const std::string& p
     doc.Reset();
     doc.State = DocumentState::Loaded;
     doc.FromText = true;
-    doc.FilePath = path;
-    const std::size_t cut = path.find_last_of("/\\");
-    doc.FileFolder = cut == std::string::npos ? std::string() : path.substr(0, cut);
-    doc.FileName = cut == std::string::npos ? path : path.substr(cut + 1);
+    doc.SetPath(path);
     doc.Identity.HeaderSizeIndex = 0;
     doc.Identity.HeaderSizeText = "91 (ancien format)";
     doc.Identity.CodePageIndex = 2;

@@ -42,12 +42,16 @@ TEST(ParserSections, IdentityValuesAtFixedPlaces) {
     EXPECT_TRUE(doc.ReadErrorFlag);
 }
 
-TEST(ParserSections, UnknownCodePageIsLoggedAndKeepsTheSelection) {
+TEST(ParserSections, CodePageTheComboCannotShowIsLoggedAndKeptForTheSave) {
     Document doc;
     doc.Identity.CodePageIndex = 2;
     ParseTypText(doc, "[_id]\nCodePage=65001\n[End]\n", kScopeDocument);
-    EXPECT_EQ(doc.Identity.CodePageIndex, 2);
+    EXPECT_EQ(doc.Identity.CodePageIndex, -1);
+    EXPECT_EQ(doc.Identity.UnlistedCodePage, 65001);
     EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 2 : \"CodePage=65001\"");
+    ParseTypText(doc, "[_id]\nCodePage=1251\n[End]\n", kScopeDocument);
+    EXPECT_EQ(doc.Identity.CodePageIndex, 1);
+    EXPECT_EQ(doc.Identity.UnlistedCodePage, 0);
 }
 
 TEST(ParserSections, CommentsLoseLeadingBlankLinesAndSemicolonText) {
@@ -147,7 +151,7 @@ TEST(ParserScopes, SingleObjectScopeRebuildsTheSelectedRecordAndFindsItAgain) {
     EXPECT_EQ(doc.Polygons[2].Type, "007");
     EXPECT_TRUE(doc.Polygons[2].ColourBytes.empty());  // reset, then refilled
     EXPECT_EQ(result.SelectIndex, 2);
-    EXPECT_TRUE(doc.HeaderGapBytes.empty());  // every pass starts with an empty comment text
+    EXPECT_EQ(doc.HeaderGapBytes, Bytes({'n', 'o', 't', 'e'}));  // one object's text leaves the comment alone
 }
 
 TEST(ParserScopes, SameKindTwiceRefillsTheSameRecord) {
