@@ -17,7 +17,6 @@ const char* const kHelp =
 
 }  // namespace
 
-// Sets the header size combo from a command-line value; false when it is no number.
 bool ApplyHeaderSizeOption(IdentityFields& fields, const std::string& value) {
     if (value.empty() || value.find_first_not_of("0123456789") != std::string::npos) return false;
     const std::int64_t size = LeadingNumber(value);
@@ -26,7 +25,6 @@ bool ApplyHeaderSizeOption(IdentityFields& fields, const std::string& value) {
     return true;
 }
 
-// Saves and reports like the program's save command; the exit status of a save.
 int SaveAndReport(Document& doc, const std::string& path) {
     if (const auto failure = SaveBinaryTyp(doc, path)) {
         std::string message = SaveFailureMessage(*failure);

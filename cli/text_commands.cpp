@@ -6,6 +6,7 @@
 #include "document/binary_reader.h"
 #include "document/presentation.h"
 #include "text/listing.h"
+#include "text/parser.h"
 
 namespace mirvane::cli {
 
@@ -15,6 +16,12 @@ const char* const kDecompileHelp =
     "Usage: mirvane-cli decompile IN.typ [-o OUT.txt] [--no-heading]\n"
     "Writes the text form of a binary TYP (CR LF line ends, labels in the file's code page)\n"
     "to OUT.txt, or to standard output. --no-heading leaves out the four heading comments.\n";
+
+const char* const kCompileHelp =
+    "Usage: mirvane-cli compile IN.txt -o OUT.typ [--header-size 91|110|156|164|174|N]\n"
+    "                           [--fid N] [--product-code N]\n"
+    "Compiles a text TYP to a binary TYP. FID and product code come from [_id] unless given;\n"
+    "the header size is 91 unless given. A UTF-8 byte order mark at the start is skipped.\n";
 
 bool WriteBytes(const std::string& path, const std::string& bytes) {
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
@@ -57,9 +64,36 @@ int DecompileCommand(const Arguments& input) {
     return ReportLog(doc.ReadErrorLog, doc.ReadErrorFlag);
 }
 
-int CompileCommand(const Arguments&) {
-    std::cerr << "mirvane-cli: compile is not available yet\n";
-    return kExitFailure;
+int CompileCommand(const Arguments& input) {
+    Arguments args = input;
+    if (WantsHelp(args)) {
+        std::cout << kCompileHelp;
+        return kExitOk;
+    }
+    std::string output, headerSize;
+    const bool hasOutput = TakeOption(args, "-o", output);
+    const bool hasHeaderSize = TakeOption(args, "--header-size", headerSize);
+    std::string fid, productCode;
+    const bool hasFid = TakeOption(args, "--fid", fid);
+    const bool hasProductCode = TakeOption(args, "--product-code", productCode);
+    if (!hasOutput || args.size() != 1) {
+        std::cerr << kCompileHelp;
+        return kExitFailure;
+    }
+    Document doc;
+    if (!OpenTypText(doc, args[0])) {
+        std::cerr << "mirvane-cli: cannot read " << args[0] << "\n";
+        return kExitFailure;
+    }
+    if (hasFid) doc.Identity.txtFID = fid;
+    if (hasProductCode) doc.Identity.txtProductCode = productCode;
+    if (hasHeaderSize && !ApplyHeaderSizeOption(doc.Identity, headerSize)) {
+        std::cerr << "mirvane-cli: --header-size takes a number of bytes from 91 to 65535\n";
+        return kExitFailure;
+    }
+    const int logStatus = ReportLog(doc.ReadErrorLog, doc.ReadErrorFlag);
+    const int saveStatus = SaveAndReport(doc, output);
+    return saveStatus != kExitOk ? saveStatus : logStatus;
 }
 
 }  // namespace mirvane::cli

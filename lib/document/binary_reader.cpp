@@ -48,7 +48,7 @@ public:
     BinaryTypReader(Document& doc, const Bytes& file) : doc_(doc), file_(file) {}
 
     void Read(const std::string& path) {
-        SetPath(path);
+        doc_.SetPath(path);
         ReadHeader();
         ReadIndexes();
         ReadDrawOrder();
@@ -80,13 +80,6 @@ private:
     void LogLine(const std::string& text) {
         doc_.ReadErrorFlag = true;
         doc_.ReadErrorLog += kLineBreak + text;
-    }
-
-    void SetPath(const std::string& path) {
-        doc_.FilePath = path;
-        const std::size_t cut = path.find_last_of("/\\");
-        doc_.FileFolder = cut == std::string::npos ? std::string() : path.substr(0, cut);
-        doc_.FileName = cut == std::string::npos ? path : path.substr(cut + 1);
     }
 
     void ReadHeader();

@@ -68,6 +68,14 @@ struct Document {
     int PolygonCount() const { return static_cast<int>(Polygons.size()); }
     int PoiCount() const { return static_cast<int>(Pois.size()); }
 
+    // FilePath, and its folder and name split at the last separator.
+    void SetPath(const std::string& path) {
+        FilePath = path;
+        const std::size_t cut = path.find_last_of("/\\");
+        FileFolder = cut == std::string::npos ? std::string() : path.substr(0, cut);
+        FileName = cut == std::string::npos ? path : path.substr(cut + 1);
+    }
+
     // Back to the empty state of a closed document.
     void Reset() { *this = Document{}; }
 };

@@ -47,8 +47,10 @@ Bytes ExtendedLabels(int variant) {
 }
 
 // Palette pixels: a gradient of indexes, with the transparent index (equal to
-// the colour count) in the top left corner.
+// the colour count) in the top left corner where the text form can say so
+// (not in mode 32, whose transparency is its alpha, nor past 255 codes).
 Bytes PalettePixels(int size, int colourCount, int colourMode) {
+    const bool transparentCorner = colourMode != 32 && colourCount < 255;
     const int bpp = BitsPerPixel(colourMode, colourCount).value_or(8);
     const int rowBytes = PaddedRowWidth(size, bpp) * bpp / 8;
     Bytes bytes(static_cast<std::size_t>(rowBytes * size), 0);
@@ -56,7 +58,7 @@ Bytes PalettePixels(int size, int colourCount, int colourMode) {
     for (int y = 0; y < size; ++y) {
         for (int x = 0; x < size; ++x) {
             int value = (x + y) % std::max(colourCount, 1);
-            if (x == 0 && y == 0) value = colourCount;
+            if (x == 0 && y == 0 && transparentCorner) value = colourCount;
             value %= levels;
             const int bit = x * bpp;
             bytes[static_cast<std::size_t>(y * rowBytes + bit / 8)] |= static_cast<std::uint8_t>(value << (bit % 8));

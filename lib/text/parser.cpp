@@ -1,0 +1,257 @@
+// The driver of the text parser: line preparation, the outer loop, [_id],
+// [_comments], [_drawOrder], the object sections under EditScope, and the
+// sorting after the last line.
+#include "text/parser.h"
+
+#include <fstream>
+#include <iterator>
+
+#include "document/sorts.h"
+#include "draworder/draw_order_table.h"
+#include "text/parser_context.h"
+
+namespace mirvane {
+
+namespace textparse {
+
+namespace {
+
+constexpr std::size_t kMaxObjectsOfAKind = 32767;  // counts are 16-bit signed
+
+// A comment runs from ';' to the end of a line, except in a quoted line;
+// one final comma goes, so C-array style rows ("....",) pass.
+void PrepareLine(std::string& line) {
+    if (line.empty()) return;
+    std::string_view kept = line;
+    if (kept.front() != '"') kept = kept.substr(0, kept.find(';'));
+    kept = TrimBlanks(kept);
+    if (!kept.empty() && kept.back() == ',') kept.remove_suffix(1);
+    line = std::string(kept);
+}
+
+// CR LF and LF end a line, a tab is a blank. The last piece is left as it
+// stands: the outer loop never looks at it.
+std::vector<std::string> PrepareLines(std::string_view text) {
+    std::vector<std::string> lines;
+    std::string current;
+    for (std::size_t k = 0; k < text.size(); ++k) {
+        const char c = text[k];
+        if (c == '\r' && k + 1 < text.size() && text[k + 1] == '\n') continue;
+        if (c == '\n') {
+            lines.push_back(std::move(current));
+            current.clear();
+        } else {
+            current += c == '\t' ? ' ' : c;
+        }
+    }
+    lines.push_back(std::move(current));
+    for (std::size_t k = 0; k + 1 < lines.size(); ++k) PrepareLine(lines[k]);
+    return lines;
+}
+
+// Runs `eachLine` on every line of a section up to its closing line; a
+// section without one stops at the last line and is logged there.
+template <typename EachLine>
+void ReadSectionLines(ParseContext& ctx, EachLine&& eachLine) {
+    for (;;) {
+        if (!ctx.HasLine(ctx.I + 1)) {
+            ctx.LogFailure();
+            return;
+        }
+        ++ctx.I;
+        if (IsEndLine(ctx.Lines[ctx.I])) return;
+        ctx.Try([&] { eachLine(ctx.Lines[ctx.I]); });
+    }
+}
+
+// "ProductCode=0xFFFF" is -1: the value is a 16-bit signed pattern.
+std::string IdentityValue(std::string_view line, std::size_t valuePosition) {
+    if (Mid(line, valuePosition, 2) != "0x") return std::string(Mid(line, valuePosition));
+    const std::uint32_t value = TolerantHex(Mid(line, valuePosition + 2));
+    if (value > 0xFFFF) throw ParseFailure{};
+    return std::to_string(static_cast<std::int16_t>(static_cast<std::uint16_t>(value)));
+}
+
+void ReadIdentityLine(Document& doc, std::string_view rawLine) {
+    const std::string_view line = TrimBlanks(rawLine);
+    if (StartsWithNoCase(line, "productcode")) {
+        doc.Identity.txtProductCode = IdentityValue(line, 13);
+    } else if (StartsWithNoCase(line, "fid")) {
+        doc.Identity.txtFID = IdentityValue(line, 5);
+    } else if (StartsWithNoCase(line, "codepage")) {
+        const double number = StrictNumber(Mid(line, 10));
+        const double index = number - 1250;
+        if (index < 0 || index > 8 || index != static_cast<int>(index)) {
+            // The combo cannot show it (65001, say): reported, and kept for the save.
+            if (number > 0 && number <= 65535 && number == static_cast<int>(number)) {
+                doc.Identity.CodePageIndex = -1;
+                doc.Identity.UnlistedCodePage = static_cast<int>(number);
+            }
+            throw ParseFailure{};
+        }
+        doc.Identity.CodePageIndex = static_cast<int>(index);
+        doc.Identity.UnlistedCodePage = 0;
+    }
+}
+
+void ReadCommentLine(Document& doc, std::string_view line) {
+    Bytes& text = doc.HeaderGapBytes;
+    if (!text.empty()) text.insert(text.end(), kLineBreak, kLineBreak + 2);
+    text.insert(text.end(), line.begin(), line.end());
+}
+
+// "Type=0x10e01,3" -> "Type=0x10e,SubType=0x01,3"; "Type=0x3,1" -> "Type=0x003,1".
+void ReadDrawOrderLine(Document& doc, std::string_view line) {
+    if (line.empty()) return;
+    const auto fields = SplitAt(line, ',');
+    if (fields.size() < 2) throw ParseFailure{};
+    const std::string_view key = fields[0];
+    std::string row;
+    if (key.size() == 12) {
+        row = std::string(Mid(key, 1, 10)) + ",SubType=0x" + std::string(Mid(key, 11));
+    } else {
+        const std::string digits = "000" + std::string(Mid(key, 8));
+        row = "Type=0x" + digits.substr(digits.size() - 3);
+    }
+    doc.DrawOrderRows.push_back(row + "," + std::string(fields[1]));
+}
+
+// The record an object section writes to, by EditScope: a new one (scope 0),
+// the selected one emptied (same kind), or the one of the last such step
+// (another kind: the trap of a [_polygon] typed while a line is selected).
+template <typename Record>
+Record* ObjectTarget(ParseContext& ctx, std::vector<Record>& records, int kind, int& last) {
+    if (ctx.EditScope == kScopeDocument) {
+        if (records.size() >= kMaxObjectsOfAKind) return nullptr;
+        records.emplace_back();
+        last = static_cast<int>(records.size()) - 1;
+        return &records.back();
+    }
+    if (ctx.EditScope == kind) {
+        if (ctx.SelectedIndex < 0 || static_cast<std::size_t>(ctx.SelectedIndex) >= records.size()) return nullptr;
+        last = ctx.SelectedIndex;
+        records[static_cast<std::size_t>(last)] = Record{};
+        return &records[static_cast<std::size_t>(last)];
+    }
+    if (last < 0 || static_cast<std::size_t>(last) >= records.size()) return nullptr;
+    return &records[static_cast<std::size_t>(last)];
+}
+
+// A section whose record cannot be had is logged at its head and read into
+// a record that is then dropped, so its lines are still passed over.
+template <typename Record, typename ReadBodyFn>
+void ReadObjectSection(ParseContext& ctx, std::vector<Record>& records, int kind, int& last, ReadBodyFn readBody) {
+    const std::size_t countBefore = records.size();
+    Record* target = ObjectTarget(ctx, records, kind, last);
+    if (!target) {
+        ctx.LogFailure();
+        Record scratch;
+        readBody(ctx, scratch);
+        return;
+    }
+    if (kind == kScopePolyline && records.size() > countBefore) ++ctx.Doc.PolylineCount;
+    readBody(ctx, *target);
+}
+
+void ReadSection(ParseContext& ctx, std::string_view head) {
+    Document& doc = ctx.Doc;
+    if (StartsWithNoCase(head, "[_id]")) {
+        ReadSectionLines(ctx, [&](std::string_view line) { ReadIdentityLine(doc, line); });
+    } else if (StartsWithNoCase(head, "[_comments]")) {
+        ReadSectionLines(ctx, [&](std::string_view line) { ReadCommentLine(doc, line); });
+    } else if (StartsWithNoCase(head, "[_draworder]")) {
+        ReadSectionLines(ctx, [&](std::string_view line) { ReadDrawOrderLine(doc, line); });
+        ctx.Try([&] { RebuildDrawOrderRows(doc.DrawOrderRows); });
+    } else if (StartsWithNoCase(head, "[_polygon]")) {
+        ReadObjectSection(ctx, doc.Polygons, kScopePolygon, ctx.LastPolygon, ReadPolygonBody);
+    } else if (StartsWithNoCase(head, "[_line]")) {
+        ReadObjectSection(ctx, doc.Polylines, kScopePolyline, ctx.LastPolyline, ReadPolylineBody);
+    } else if (StartsWithNoCase(head, "[_point]")) {
+        ReadObjectSection(ctx, doc.Pois, kScopePoi, ctx.LastPoi, ReadPoiBody);
+    }
+}
+
+// Parsed lines are all regular ones; an extra polyline keeps its place
+// behind them only while its record is not rebuilt.
+void SortPolylinesByType(std::vector<PolylineRecord>& polylines) { SortPolylinesForDisplay(polylines); }
+
+// Sorts one kind when the scope touched it; with a single-object scope,
+// returns the last record holding the edited object's Type and SubType.
+template <typename Record, typename Sort>
+int FinishKind(ParseContext& ctx, std::vector<Record>& records, int kind, Sort sort) {
+    if (ctx.EditScope != kScopeDocument && ctx.EditScope != kind) return -1;
+    const bool single = ctx.EditScope == kind;
+    const bool selected = single && ctx.SelectedIndex >= 0 && static_cast<std::size_t>(ctx.SelectedIndex) < records.size();
+    std::string type, subType;
+    if (selected) {
+        type = records[static_cast<std::size_t>(ctx.SelectedIndex)].Type;
+        subType = records[static_cast<std::size_t>(ctx.SelectedIndex)].SubType;
+    }
+    if (records.size() > 1) sort(records);
+    int selectIndex = -1;
+    if (selected)
+        for (std::size_t k = 0; k < records.size(); ++k)
+            if (records[k].Type == type && records[k].SubType == subType) selectIndex = static_cast<int>(k);
+    return selectIndex;
+}
+
+void CountPolylines(Document& doc) {
+    int regular = 0;
+    for (const auto& line : doc.Polylines) regular += line.ExtraIndexBytes[0] == 0 && line.ExtraIndexBytes[1] == 0;
+    doc.PolylineCount = regular;
+    doc.ExtraPolylineCount = static_cast<int>(doc.Polylines.size()) - regular;
+}
+
+ParseResult Finish(ParseContext& ctx) {
+    Document& doc = ctx.Doc;
+    ParseResult result;
+    const int polygon = FinishKind(ctx, doc.Polygons, kScopePolygon, SortPolygons);
+    const int polyline = FinishKind(ctx, doc.Polylines, kScopePolyline, SortPolylinesByType);
+    const int poi = FinishKind(ctx, doc.Pois, kScopePoi, SortPois);
+    if (ctx.EditScope == kScopeDocument || ctx.EditScope == kScopePolyline) CountPolylines(doc);
+    if (ctx.EditScope == kScopePolygon) result.SelectIndex = polygon;
+    if (ctx.EditScope == kScopePolyline) result.SelectIndex = polyline;
+    if (ctx.EditScope == kScopePoi) result.SelectIndex = poi;
+    return result;
+}
+
+}  // namespace
+
+}  // namespace textparse
+
+ParseResult ParseTypText(Document& doc, std::string_view textBytes, int editScope, int selectedIndex) {
+    using namespace textparse;
+    // A single object's text holds no comment section: applying it keeps the comment.
+    if (editScope == kScopeDocument) doc.HeaderGapBytes.clear();
+    if (textBytes.substr(0, 3) == "\xEF\xBB\xBF") textBytes.remove_prefix(3);  // UTF-8 byte order mark
+    ParseContext ctx{doc, PrepareLines(textBytes)};
+    ctx.EditScope = editScope;
+    ctx.SelectedIndex = selectedIndex;
+    for (ctx.I = 0; ctx.I + 1 < ctx.LineCount(); ++ctx.I) {
+        const std::string_view head = TrimBlanks(ctx.Lines[ctx.I]);
+        if (!head.empty() && head.front() == '[') ReadSection(ctx, head);
+    }
+    return Finish(ctx);
+}
+
+void LoadTypText(Document& doc, std::string_view textBytes, const std::string& path) {
+    doc.Reset();
+    doc.State = DocumentState::Loaded;
+    doc.FromText = true;
+    doc.SetPath(path);
+    doc.Identity.HeaderSizeIndex = 0;
+    doc.Identity.HeaderSizeText = "91 (ancien format)";
+    doc.Identity.CodePageIndex = 2;
+    ParseTypText(doc, textBytes, kScopeDocument);
+}
+
+bool OpenTypText(Document& doc, const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) return false;
+    const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    if (file.bad()) return false;
+    LoadTypText(doc, bytes, path);
+    return true;
+}
+
+}  // namespace mirvane

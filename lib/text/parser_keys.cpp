@@ -1,0 +1,278 @@
+// Text helpers of the parser and the keys shared by all three object bodies.
+#include <cmath>
+#include <string>
+
+#include "lang/lookup.h"
+#include "text/parser_context.h"
+
+namespace mirvane::textparse {
+
+const std::string& ParseContext::Line(std::size_t k) const {
+    if (k >= Lines.size()) throw ParseFailure{};
+    return Lines[k];
+}
+
+void ParseContext::Advance() {
+    if (I + 1 >= Lines.size()) throw ParseFailure{};
+    ++I;
+}
+
+void ParseContext::LogFailure() {
+    Doc.ReadErrorFlag = true;
+    std::string& log = Doc.ReadErrorLog;
+    log += kLineBreak;
+    log += LookupText("Main", "Ligne", "msgLigne");
+    log += ' ';
+    log += std::to_string(I + 1);
+    log += " : \"";
+    if (I < Lines.size()) log += Lines[I];
+    log += '"';
+}
+
+std::string_view Mid(std::string_view text, std::size_t position, std::size_t length) {
+    if (position == 0 || position > text.size()) return {};
+    return text.substr(position - 1, length);
+}
+
+std::string Lower(std::string_view text) {
+    std::string lower(text);
+    for (char& c : lower)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return lower;
+}
+
+std::string_view TrimBlanks(std::string_view text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    const auto last = text.find_last_not_of(' ');
+    return text.substr(first, last - first + 1);
+}
+
+bool StartsWithNoCase(std::string_view text, std::string_view lowerPrefix) {
+    if (text.size() < lowerPrefix.size()) return false;
+    for (std::size_t k = 0; k < lowerPrefix.size(); ++k) {
+        char c = text[k];
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+        if (c != lowerPrefix[k]) return false;
+    }
+    return true;
+}
+
+bool IsEndLine(std::string_view line) { return StartsWithNoCase(TrimBlanks(line), "[end]"); }
+
+std::string ReplaceAll(std::string text, std::string_view from, std::string_view to) {
+    std::string out;
+    out.reserve(text.size());
+    std::size_t start = 0;
+    for (std::size_t found; (found = text.find(from, start)) != std::string::npos; start = found + from.size()) {
+        out.append(text, start, found - start);
+        out += to;
+    }
+    out.append(text, start, std::string::npos);
+    return out;
+}
+
+std::vector<std::string_view> SplitAt(std::string_view text, char separator) {
+    std::vector<std::string_view> fields;
+    std::size_t start = 0;
+    for (std::size_t found; (found = text.find(separator, start)) != std::string_view::npos; start = found + 1)
+        fields.push_back(text.substr(start, found - start));
+    fields.push_back(text.substr(start));
+    return fields;
+}
+
+std::size_t PositionOf(std::string_view text, char c) {
+    const auto found = text.find(c);
+    return found == std::string_view::npos ? 0 : found + 1;
+}
+
+std::uint32_t TolerantHex(std::string_view text) {
+    std::uint32_t value = 0;
+    for (char c : text) {
+        int digit;
+        if (c >= '0' && c <= '9') digit = c - '0';
+        else if (c >= 'a' && c <= 'f') digit = c - 'a' + 10;
+        else if (c >= 'A' && c <= 'F') digit = c - 'A' + 10;
+        else break;
+        if (value > 0x0FFFFFFF) break;  // keeps an absurd text from overflowing
+        value = value * 16 + static_cast<std::uint32_t>(digit);
+    }
+    return value;
+}
+
+double StrictNumber(std::string_view text) {
+    text = TrimBlanks(text);
+    std::size_t k = 0;
+    bool negative = false;
+    if (k < text.size() && (text[k] == '-' || text[k] == '+')) negative = text[k++] == '-';
+    double value = 0;
+    bool digits = false;
+    for (; k < text.size() && text[k] >= '0' && text[k] <= '9'; ++k, digits = true)
+        if (value < 1e15) value = value * 10 + (text[k] - '0');
+    if (k < text.size() && text[k] == '.') {
+        double scale = 0.1;
+        for (++k; k < text.size() && text[k] >= '0' && text[k] <= '9'; ++k, digits = true, scale /= 10)
+            value += (text[k] - '0') * scale;
+    }
+    if (!digits || k != text.size()) throw ParseFailure{};
+    return negative ? -value : value;
+}
+
+std::uint8_t StrictByte(std::string_view text) {
+    const double rounded = std::nearbyint(StrictNumber(text));  // default mode: half to even
+    if (rounded < 0 || rounded > 255) throw ParseFailure{};
+    return static_cast<std::uint8_t>(rounded);
+}
+
+std::string_view XpmHeader::Field(std::size_t k) const {
+    if (k >= Fields.size()) throw ParseFailure{};
+    return Fields[k];
+}
+
+XpmHeader ReadXpmHeader(std::string_view line) {
+    const auto open = line.find('"');
+    if (open == std::string_view::npos) throw ParseFailure{};
+    const auto close = line.find('"', open + 1);
+    if (close == std::string_view::npos) throw ParseFailure{};
+    XpmHeader header;
+    header.Text = line.substr(open + 1, close - open - 1);
+    header.Fields = SplitAt(header.Text, ' ');
+    return header;
+}
+
+std::array<std::uint8_t, 3> LineColour(std::string_view line) {
+    const std::size_t c = PositionOf(line, 'c');
+    const auto digits = [&](std::size_t at) { return static_cast<std::uint8_t>(TolerantHex(Mid(line, c + at, 2))); };
+    return {digits(7), digits(5), digits(3)};
+}
+
+void AppendLineColour(Bytes& colours, std::string_view line) {
+    const auto colour = LineColour(line);
+    colours.insert(colours.end(), colour.begin(), colour.end());
+}
+
+bool PassesCTest(std::string_view line) {
+    return Lower(Mid(line, PositionOf(line, 'c') + 2, 4)) == "none";
+}
+
+bool PassesFixedTest(std::string_view line) { return Mid(line, 6, 4) == "none"; }
+
+static std::string PaddedRight(std::string_view digits, std::size_t count) {
+    std::string text = std::string(count, '0') + std::string(digits);
+    return text.substr(text.size() - count);
+}
+
+void ReadTypeKey(std::string_view line, std::string& type, std::string& subType) {
+    const std::string key = Lower(ReplaceAll(std::string(line), "0x", ""));
+    if (key.size() == 10) {
+        type = key.substr(5, 3);
+        subType = key.substr(8, 2);
+    } else {
+        type = PaddedRight(Mid(key, 6), 3);
+        subType = "00";
+    }
+}
+
+void ReadSubTypeKey(std::string_view line, std::string& subType) {
+    const std::string key = Lower(ReplaceAll(std::string(line), "0x", ""));
+    subType = PaddedRight(Mid(key, 9), 2);
+}
+
+namespace {
+
+bool IsDecimalNumber(std::string_view text) {
+    text = TrimBlanks(text);
+    if (text.empty()) return false;
+    for (char c : text)
+        if (c < '0' || c > '9') return false;
+    return true;
+}
+
+char CodeCharacter(std::string_view hexDigits) {
+    const std::uint32_t code = TolerantHex(hexDigits);
+    if (code > 255) throw ParseFailure{};
+    return static_cast<char>(code);
+}
+
+// One "String<N>=" line into the run's text: language code, label, zero.
+void AppendLabelLine(std::string_view line, std::string& acc) {
+    const auto fields = SplitAt(line, '=');
+    if (fields.size() < 2) throw ParseFailure{};
+    const std::string field = ReplaceAll(std::string(fields[1]), "0x", "");
+    std::string piece;
+    if (line.find(',') == std::string_view::npos) {
+        if (IsDecimalNumber(field)) piece += CodeCharacter(field);
+        else piece += '\0' + field;
+    } else {
+        const auto comma = field.find(',');
+        if (comma == std::string::npos) throw ParseFailure{};
+        piece += CodeCharacter(std::string_view(field).substr(0, comma));
+        piece.append(field, comma + 1, std::string::npos);
+    }
+    piece += '\0';
+    acc += piece;
+}
+
+Bytes LabelBlockOf(const std::string& acc) {
+    const std::size_t length = acc.size();
+    Bytes block;
+    block.reserve(length + 2);
+    if (length < 128) {
+        block.push_back(static_cast<std::uint8_t>(length * 2 + 1));
+    } else {
+        const std::size_t prefix = length * 4 + 2;
+        if (prefix > 0xFFFF) throw ParseFailure{};
+        block.push_back(static_cast<std::uint8_t>(prefix & 0xFF));
+        block.push_back(static_cast<std::uint8_t>(prefix >> 8));
+    }
+    block.insert(block.end(), acc.begin(), acc.end());
+    return block;
+}
+
+// Colour bytes after the first '#': RR into `red`, GG into `red` - 1, BB into `red` - 2.
+void ReadHashColour(std::string_view line, Bytes& block, std::size_t red) {
+    const std::size_t hash = PositionOf(line, '#');
+    for (std::size_t k = 0; k < 3; ++k)
+        block[red - k] = static_cast<std::uint8_t>(TolerantHex(Mid(line, hash + 1 + 2 * k, 2)));
+}
+
+std::uint8_t FontStyleCode(std::string_view fiveCharacters) {
+    const std::string font = Lower(fiveCharacters);
+    if (font == "nolab") return 1;
+    if (font == "small") return 2;
+    if (font == "norma") return 3;
+    if (font == "large") return 4;
+    return 0;
+}
+
+}  // namespace
+
+void ReadLabelRun(ParseContext& ctx, Bytes& labelBytes) {
+    std::string acc;
+    std::size_t k = ctx.I;
+    for (; ctx.HasLine(k) && StartsWithNoCase(ctx.Lines[k], "string"); ++k) {
+        ctx.I = k;
+        ctx.Try([&] { AppendLabelLine(ctx.Lines[k], acc); });
+    }
+    ctx.I = k - 1;
+    if (!ctx.HasLine(k)) ctx.LogFailure();  // the run was read up to the last line and past it
+    ctx.Try([&] { labelBytes = LabelBlockOf(acc); });
+}
+
+void ReadExtendedLabels(ParseContext& ctx, Bytes& block) {
+    block.assign(1, FontStyleCode(Mid(ctx.Line(ctx.I + 1), 11, 5)));
+    if (!ctx.HasLine(ctx.I + 2)) return;
+    const std::string colourChoice = Lower(Mid(ctx.Lines[ctx.I + 2], 13));
+    if (colourChoice == "day" || colourChoice == "night") {
+        block[0] = static_cast<std::uint8_t>(block[0] + (colourChoice == "day" ? 8 : 16));
+        block.resize(4, 0);
+        ReadHashColour(ctx.Line(ctx.I + 3), block, 3);
+    } else if (colourChoice == "dayandnight") {
+        block[0] = static_cast<std::uint8_t>(block[0] + 24);
+        block.resize(7, 0);
+        ReadHashColour(ctx.Line(ctx.I + 3), block, 3);
+        ReadHashColour(ctx.Line(ctx.I + 4), block, 6);
+    }
+}
+
+}  // namespace mirvane::textparse

@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# mirvane-cli end to end on the bundled sample: exit statuses, a decompile and
+# compile round trip that keeps the objects, and damaged input.
+set -u
+cli=$1
+sample=$2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+failures=0
+check() {  # check NAME EXPECTED_STATUS COMMAND...
+  local name=$1 expected=$2
+  shift 2
+  "$@" >"$work/out" 2>"$work/err"
+  local status=$?
+  if [ "$status" -ne "$expected" ]; then
+    echo "FAIL $name: status $status, expected $expected"; cat "$work/err"; failures=$((failures + 1))
+  else
+    echo "ok   $name"
+  fi
+}
+check "no arguments is a usage error" 2 "$cli"
+check "help" 0 "$cli" --help
+check "info on the sample" 0 "$cli" info "$sample"
+grep -q "Polygons:     16" "$work/out" || { echo "FAIL info counts"; failures=$((failures + 1)); }
+check "info of a missing file" 2 "$cli" info "$work/none.typ"
+check "roundtrip" 0 "$cli" roundtrip "$sample" -o "$work/copy.typ"
+check "roundtrip to 174" 0 "$cli" roundtrip "$sample" -o "$work/copy174.typ" --header-size 174
+check "bad header size" 2 "$cli" roundtrip "$sample" -o "$work/x.typ" --header-size abc
+check "decompile" 0 "$cli" decompile "$sample" -o "$work/sample.txt"
+check "compile" 0 "$cli" compile "$work/sample.txt" -o "$work/again.typ"
+check "decompile again" 0 "$cli" decompile "$work/again.typ" --no-heading -o "$work/again.txt"
+grep -c '^\[_polygon\]' "$work/again.txt" | grep -qx 16 || { echo "FAIL polygon count after compile"; failures=$((failures + 1)); }
+printf 'GARMIN TYP is not here' >"$work/bad.typ"
+check "damaged file reads with a log" 1 "$cli" info "$work/bad.typ"
+grep -q "corrompu" "$work/err" || { echo "FAIL damaged log text"; failures=$((failures + 1)); }
+printf '[_polygon]\nType=0x01\n[end]\n' >"$work/noid.txt"
+check "compile without FID fails like the save" 2 "$cli" compile "$work/noid.txt" -o "$work/noid.typ"
+check "compile with FID given" 0 "$cli" compile "$work/noid.txt" -o "$work/noid.typ" --fid 1 --product-code 1
+[ "$failures" -eq 0 ]

@@ -1,0 +1,203 @@
+// The parser's driver: line preparation, sections, failures, edit scopes.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "parser_test_support.h"
+
+using namespace mirvane;
+using mirvane::test::B;
+using mirvane::test::BytesOf;
+using mirvane::test::ParseDocument;
+
+namespace {
+
+const char* kSolidPolygon = "[_polygon]\nType=0x%s\nXpm=\"0 0 1 0\"\n\"1 c #102030\"\n[end]\n";
+
+std::string SolidPolygon(const std::string& type) {
+    char buffer[200];
+    std::snprintf(buffer, sizeof buffer, kSolidPolygon, type.c_str());
+    return buffer;
+}
+
+}  // namespace
+
+TEST(ParserSections, IdentityKeysInAnyCaseWithCommentsAndTextBefore) {
+    const Document doc = ParseDocument(
+        "anything at all\r\n; Longueur: 123 octets\r\n[_ID]  trailing\r\nproductcode=0xFFFF ; note\r\n"
+        "FID=0x10,\r\ncodepage=1251\r\n[END]\r\n");
+    EXPECT_EQ(doc.Identity.txtProductCode, "-1");
+    EXPECT_EQ(doc.Identity.txtFID, "16");
+    EXPECT_EQ(doc.Identity.CodePageIndex, 1);
+    EXPECT_FALSE(doc.ReadErrorFlag) << doc.ReadErrorLog;
+}
+
+TEST(ParserSections, IdentityValuesAtFixedPlaces) {
+    Document doc = ParseDocument("[_id]\nProductCode = 0x10\nFID=8000\nProductCode=0x10000\n[End]\n");
+    // Blanks around '=' miss the fixed place: a wrong value and no error.
+    EXPECT_EQ(doc.Identity.txtProductCode, "= 0x10");
+    EXPECT_EQ(doc.Identity.txtFID, "8000");
+    // More than four hex digits fail, and the failure names the line.
+    EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 4 : \"ProductCode=0x10000\"");
+    EXPECT_TRUE(doc.ReadErrorFlag);
+}
+
+TEST(ParserSections, CodePageTheComboCannotShowIsLoggedAndKeptForTheSave) {
+    Document doc;
+    doc.Identity.CodePageIndex = 2;
+    ParseTypText(doc, "[_id]\nCodePage=65001\n[End]\n", kScopeDocument);
+    EXPECT_EQ(doc.Identity.CodePageIndex, -1);
+    EXPECT_EQ(doc.Identity.UnlistedCodePage, 65001);
+    EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 2 : \"CodePage=65001\"");
+    ParseTypText(doc, "[_id]\nCodePage=1251\n[End]\n", kScopeDocument);
+    EXPECT_EQ(doc.Identity.CodePageIndex, 1);
+    EXPECT_EQ(doc.Identity.UnlistedCodePage, 0);
+}
+
+TEST(ParserSections, CommentsLoseLeadingBlankLinesAndSemicolonText) {
+    const Document doc = ParseDocument(
+        "[_comments]\n\n; only a comment\nFirst line ; cut here\n\nThird,\n[end]\n[_comments]\nMore\n[end]\n");
+    EXPECT_EQ(doc.HeaderGapBytes, BytesOf("First line\r\n\r\nThird\r\nMore"));
+}
+
+TEST(ParserSections, DrawOrderRowsComeBackCanonicalAndSorted) {
+    Document doc = ParseDocument(
+        "[_drawOrder]\nType=0x10f00,2\nType=0x3,1\ntype=0x10e01,1\nType=0x002,1,\nType=0x004\n[End]\n");
+    const std::vector<std::string> expected{"Type=0x002,1", "Type=0x003,1", "Type=0x10e,SubType=0x01,1",
+                                            "Type=0x10f,SubType=0x00,2"};
+    EXPECT_EQ(doc.DrawOrderRows, expected);
+    EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 6 : \"Type=0x004\"");  // no level
+}
+
+TEST(ParserSections, LastPieceOfTheTextIsNeverAHead) {
+    // Without a final line end the head on the last line is lost...
+    EXPECT_TRUE(ParseDocument(SolidPolygon("01") + "[_polygon]").Polygons.size() == 1);
+    // ...while an [end] there still closes a body.
+    const Document doc = ParseDocument("[_polygon]\nType=0x05\n[end] ; closing");
+    ASSERT_EQ(doc.Polygons.size(), 1u);
+    EXPECT_EQ(doc.Polygons[0].Type, "005");
+    EXPECT_FALSE(doc.ReadErrorFlag);
+}
+
+TEST(ParserSections, ByteOrderMarkAndCrLfAreAccepted) {
+    const Document doc = ParseDocument("\xEF\xBB\xBF[_id]\r\nFID=42\r\n[End]\r\n" + SolidPolygon("03"));
+    EXPECT_EQ(doc.Identity.txtFID, "42");
+    ASSERT_EQ(doc.Polygons.size(), 1u);
+    EXPECT_EQ(doc.Polygons[0].ColourBytes, B({0x30, 0x20, 0x10}));
+}
+
+TEST(ParserFailures, UnclosedSectionsStopAtTheLastLine) {
+    for (const char* head : {"[_id]", "[_comments]", "[_drawOrder]", "[_polygon]", "[_line]", "[_point]"}) {
+        const std::string text = std::string(head) + "\nType=0x03\n\"1 c #000000\"\n";
+        Document doc = ParseDocument(text);
+        EXPECT_TRUE(doc.ReadErrorFlag) << head;
+        EXPECT_NE(doc.ReadErrorLog.find("Ligne 4 : \"\""), std::string::npos) << head << doc.ReadErrorLog;
+    }
+    const Document doc = ParseDocument("[_polygon]\nType=0x03");
+    ASSERT_EQ(doc.Polygons.size(), 1u);
+    EXPECT_EQ(doc.Polygons[0].Type, "003");
+    EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 2 : \"Type=0x03\"");
+}
+
+TEST(ParserFailures, EmptyBodyTakesItsEndAsAKeyLineAndRunsOn) {
+    const Document doc = ParseDocument("[_polygon]\n[end]\n[_line]\nType=0x05\n[end]\n");
+    ASSERT_EQ(doc.Polygons.size(), 1u);
+    EXPECT_EQ(doc.Polygons[0].Type, "005");
+    EXPECT_TRUE(doc.Polylines.empty());
+}
+
+TEST(ParserFailures, BadValuesAreLoggedAndParsingGoesOn) {
+    const Document doc = ParseDocument(
+        "[_line]\nType=0x01\nLineWidth=300\nXpm=\"0 0 1 0\"\n\"1 c #0000zz\"\n[end]\n" + SolidPolygon("02"));
+    EXPECT_TRUE(doc.ReadErrorFlag);
+    EXPECT_NE(doc.ReadErrorLog.find("Ligne 3 : \"LineWidth=300\""), std::string::npos);
+    ASSERT_EQ(doc.Polylines.size(), 1u);
+    EXPECT_EQ(doc.Polylines[0].ColourBytes, B({0, 0, 0}));  // a bad digit reads as 0, no error
+    EXPECT_EQ(doc.Polygons.size(), 1u);
+}
+
+TEST(ParserFailures, ArbitraryTextAlwaysEnds) {
+    const std::string sample =
+        "[_id]\nProductCode=1\n[End]\n[_drawOrder]\nType=0x10f00,2\n[End]\n" + SolidPolygon("10e01") +
+        "[_line]\nType=0x01\nXpm=\"32 2 2  1\"\n\"! c #000000\"\n\"  c none\"\n\"!!!\"\n\"!\"\n[end]\n"
+        "[_point]\nType=0x2f\nSubType=0x01\nString1=0x04,abc\nExtendedLabels=Y\nFontStyle=SmallFont\n"
+        "CustomColor=DayAndNight\nDaycustomColor:#112233\nNightcustomColor:#445566\n"
+        "DayXpm=\"3 2 2 1\"  Colormode=32\n\"! c #FF0000\"  alpha=3\n\"  c none\"\n\"! !\"\n\"!!\"\n"
+        "NightXpm=\"2 2 0 1\" Colormode=0\n\"#123456\"\n[end]\n";
+    // Every cut of the sample: the parser ends and names what it could not read.
+    for (std::size_t cut = 0; cut <= sample.size(); ++cut) {
+        Document doc;
+        ParseTypText(doc, std::string_view(sample).substr(0, cut), kScopeDocument);
+        ParseTypText(doc, std::string_view(sample).substr(cut), kScopePoi, 0);
+        ParseTypText(doc, std::string_view(sample).substr(cut), kScopePolygon, 0);
+    }
+    // A huge declared bitmap on a short text stays short in the log and
+    // makes no pixel bytes.
+    for (const char* header : {"\"255 255 0 0\" Colormode=0", "\"255 255 1 1\"\n\"! c #000000\""}) {
+        Document doc = ParseDocument(std::string("[_point]\nDayXpm=") + header + "\n\"!!\"\n");
+        ASSERT_EQ(doc.Pois.size(), 1u);
+        EXPECT_TRUE(doc.Pois[0].Bitmaps[0].PixelBytes.empty());
+        EXPECT_LT(doc.ReadErrorLog.size(), 200u);
+    }
+}
+
+TEST(ParserScopes, SingleObjectScopeRebuildsTheSelectedRecordAndFindsItAgain) {
+    Document doc = ParseDocument(SolidPolygon("01") + SolidPolygon("05") + SolidPolygon("03") +
+                                 "[_comments]\nnote\n[end]\n");
+    ASSERT_EQ(doc.Polygons.size(), 3u);
+    EXPECT_EQ(doc.Polygons[1].Type, "003");  // sorted
+    ParseResult result = ParseTypText(doc, "[_polygon]\nType=0x07\n[end]\n", kScopePolygon, 0);
+    ASSERT_EQ(doc.Polygons.size(), 3u);
+    EXPECT_EQ(doc.Polygons[2].Type, "007");
+    EXPECT_TRUE(doc.Polygons[2].ColourBytes.empty());  // reset, then refilled
+    EXPECT_EQ(result.SelectIndex, 2);
+    EXPECT_EQ(doc.HeaderGapBytes, Bytes({'n', 'o', 't', 'e'}));  // one object's text leaves the comment alone
+}
+
+TEST(ParserScopes, SameKindTwiceRefillsTheSameRecord) {
+    Document doc = ParseDocument(SolidPolygon("01") + SolidPolygon("02"));
+    const ParseResult result = ParseTypText(doc, SolidPolygon("0a") + SolidPolygon("0b"), kScopePolygon, 1);
+    ASSERT_EQ(doc.Polygons.size(), 2u);
+    EXPECT_EQ(doc.Polygons[1].Type, "00b");
+    EXPECT_EQ(result.SelectIndex, 1);
+}
+
+TEST(ParserScopes, SectionOfAnotherKindWritesOverRecordZero) {
+    Document doc = ParseDocument(SolidPolygon("01") + SolidPolygon("02") + "[_line]\nType=0x05\n[end]\n");
+    ParseTypText(doc, "[_polygon]\nType=0x09\n[end]\n", kScopePolyline, 0);
+    ASSERT_EQ(doc.Polygons.size(), 2u);
+    EXPECT_EQ(doc.Polygons[0].Type, "009");
+    EXPECT_EQ(doc.Polygons[0].ColourBytes, B({0x30, 0x20, 0x10}));  // not reset
+    EXPECT_EQ(doc.Polygons[1].Type, "002");                          // not sorted either
+    EXPECT_FALSE(doc.ReadErrorFlag);
+
+    // With no record of that kind there is nothing to write to.
+    Document empty = ParseDocument(SolidPolygon("01"));
+    ParseTypText(empty, "[_point]\nType=0x09\n[end]\n" + SolidPolygon("04"), kScopePolygon, 0);
+    EXPECT_TRUE(empty.Pois.empty());
+    EXPECT_EQ(empty.Polygons[0].Type, "004");
+    EXPECT_EQ(empty.ReadErrorLog, "\r\nLigne 1 : \"[_point]\"");
+}
+
+TEST(ParserScopes, WholeDocumentAddsAndCountsPolylines) {
+    const Document doc = ParseDocument("[_line]\nType=0x03\n[end]\n[_line]\nType=0x01\n[end]\n");
+    ASSERT_EQ(doc.Polylines.size(), 2u);
+    EXPECT_EQ(doc.PolylineCount, 2);
+    EXPECT_EQ(doc.Polylines[0].Type, "001");
+    EXPECT_EQ(doc.Polylines[0].Flags2, 0x02);  // no UseOrientation=Y
+}
+
+TEST(ParserFiles, LoadSetsTheDefaultsOfATextDocument) {
+    Document doc;
+    doc.Polygons.resize(4);
+    LoadTypText(doc, "[_id]\nFID=7\n[End]\n", "/maps/dir/style.txt");
+    EXPECT_TRUE(doc.Polygons.empty());
+    EXPECT_TRUE(doc.FromText);
+    EXPECT_EQ(doc.FileName, "style.txt");
+    EXPECT_EQ(doc.FileFolder, "/maps/dir");
+    EXPECT_EQ(doc.Identity.HeaderSizeIndex, 0);
+    EXPECT_EQ(doc.Identity.CodePageIndex, 2);
+    EXPECT_EQ(doc.Identity.txtFID, "7");
+    EXPECT_FALSE(OpenTypText(doc, "/nonexistent/file.txt"));
+    EXPECT_EQ(doc.Identity.txtFID, "7");
+}

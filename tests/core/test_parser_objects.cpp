@@ -1,0 +1,278 @@
+// Object bodies: polygon and line patterns and widths, POI palettes and
+// pixels, labels and extended labels.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "document/encoding.h"
+#include "parser_test_support.h"
+
+using namespace mirvane;
+using mirvane::test::B;
+using mirvane::test::BytesOf;
+using mirvane::test::ParseDocument;
+
+namespace {
+
+PolygonRecord ParsePolygon(const std::string& body) {
+    const Document doc = ParseDocument("[_polygon]\nType=0x01\n" + body + "[end]\n");
+    EXPECT_EQ(doc.Polygons.size(), 1u);
+    return doc.Polygons.empty() ? PolygonRecord{} : doc.Polygons[0];
+}
+
+PolylineRecord ParseLine(const std::string& body) {
+    const Document doc = ParseDocument("[_line]\nType=0x01\n" + body + "[end]\n");
+    EXPECT_EQ(doc.Polylines.size(), 1u);
+    return doc.Polylines.empty() ? PolylineRecord{} : doc.Polylines[0];
+}
+
+PoiRecord ParsePoi(const std::string& body, std::string* log = nullptr) {
+    const Document doc = ParseDocument("[_point]\nType=0x2f\nSubType=0x01\n" + body + "[end]\n");
+    if (log) *log = doc.ReadErrorLog;
+    EXPECT_EQ(doc.Pois.size(), 1u);
+    return doc.Pois.empty() ? PoiRecord{} : doc.Pois[0];
+}
+
+std::string Rows(const std::string& row, int count) {
+    std::string rows;
+    for (int k = 0; k < count; ++k) rows += "\"" + row + "\"\n";
+    return rows;
+}
+
+}  // namespace
+
+TEST(ParserTypes, TypeAndSubTypeKeys) {
+    const Document doc = ParseDocument(
+        "[_polygon]\ntype=0x10E01\n[end]\n[_polygon]\nType=0x3\n[end]\n[_polygon]\nType=0x1234\nsubtype=0x5\n[end]\n");
+    ASSERT_EQ(doc.Polygons.size(), 3u);
+    EXPECT_EQ(doc.Polygons[0].Type, "003");
+    EXPECT_EQ(doc.Polygons[0].SubType, "00");
+    EXPECT_EQ(doc.Polygons[1].Type, "10e");
+    EXPECT_EQ(doc.Polygons[1].SubType, "01");
+    EXPECT_EQ(doc.Polygons[2].Type, "234");  // a fourth digit is lost
+    EXPECT_EQ(doc.Polygons[2].SubType, "05");
+}
+
+struct PolygonForm {
+    const char* Text;
+    int Flags;
+    std::size_t Colours;
+};
+
+const std::string kRows = Rows(std::string(32, '!'), 32);
+
+class PolygonForms : public ::testing::TestWithParam<PolygonForm> {};
+
+TEST_P(PolygonForms, FlagsAndColours) {
+    const std::string text = GetParam().Text;
+    const PolygonRecord r = ParsePolygon(text.find("32 32") == std::string::npos ? text : text + kRows);
+    EXPECT_EQ(r.Flags & 0x0F, GetParam().Flags) << GetParam().Text;
+    EXPECT_EQ(r.ColourBytes.size(), GetParam().Colours * 3) << GetParam().Text;
+    EXPECT_EQ(r.Length, PolygonRecordLength(r));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Parser, PolygonForms,
+    ::testing::Values(
+        PolygonForm{"Xpm=\"0 0 1 0\"\n\"1 c #000000\"\n", 6, 1},
+        PolygonForm{"Xpm=\"0 0 2 0\"\n\"1 c #000000\"\n\"2 c #111111\"\n", 7, 2},
+        PolygonForm{"Xpm=\"0 0 2 0\"\n\"1 c #000000\"\n\"2 c NONE\"\n", 6, 1},
+        PolygonForm{"Xpm=\"0 0 3 0\"\n\"1 c #000000\"\n\"2 c #111111\"\n\"3 c #222222\"\n", 7, 3},
+        PolygonForm{"Xpm=\"32 32 2 1\"\n\"! c #000000\"\n\"# c #111111\"\n", 8, 2},
+        PolygonForm{"Xpm=\"32 32 2 1\"\n\"! c #000000\"\n\"  c none\"\n", 14, 1},
+        PolygonForm{"Xpm=\"32 32 2 1\"\n\"  c none\"\n\"! c #000000\"\n", 10, 1},
+        PolygonForm{"Xpm=\"32 32 4 1\"\n\"! c #0\"\n\"# c #1\"\n\"3 c #2\"\n\"4 c #3\"\n", 9, 4},
+        PolygonForm{"Xpm=\"32 32 4 1\"\n\"! c #0\"\n\"  c none\"\n\"3 c #2\"\n\"4 c #3\"\n", 11, 3},
+        PolygonForm{"Xpm=\"32 32 4 1\"\n\"! c #0\"\n\"# c #1\"\n\"3 c #2\"\n\"4 c none\"\n", 13, 3},
+        PolygonForm{"Xpm=\"32 32 4 1\"\n\"! c #0\"\n\"  c none\"\n\"3 c #2\"\n\"4 c none\"\n", 15, 2},
+        // A capital NONE as last colour of a pattern is read as a colour.
+        PolygonForm{"Xpm=\"32 32 4 1\"\n\"! c #0\"\n\"# c #1\"\n\"3 c #2\"\n\"4 c NONE\"\n", 9, 4}));
+
+TEST(ParserPolygon, PatternRowsUseTheFirstColoursCode) {
+    std::string rows = "\"!" + std::string(31, '#') + "\",\n";  // C-array style row
+    rows += "\"" + std::string(32, '!') + "\"\n";
+    rows += "\"#!\"\n";  // too short: the rest reads as clear bits
+    rows += Rows(std::string(40, '.') + "!", 29);  // too long: the rest is dropped
+    const PolygonRecord r = ParsePolygon("Xpm=\"32 32 2 1\",\n\"! c #FF0000\"\n\"# c #00FF00\"\n" + rows);
+    EXPECT_EQ(r.Flags, 0x08);
+    EXPECT_EQ(r.ColourBytes, B({0x00, 0x00, 0xFF, 0x00, 0xFF, 0x00}));
+    ASSERT_EQ(r.PatternBytes.size(), 128u);
+    EXPECT_EQ(Bytes(r.PatternBytes.begin(), r.PatternBytes.begin() + 12),
+              B({0x01, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF, 0x02, 0, 0, 0}));
+    EXPECT_EQ(r.PatternBytes[127], 0);
+    EXPECT_EQ(r.Length, 1 + 6 + 128);
+}
+
+TEST(ParserPolygon, TwoCharactersPerPixel) {
+    std::string row;
+    for (int k = 0; k < 32; ++k) row += k % 2 ? "ab" : "aa";
+    const PolygonRecord r = ParsePolygon("Xpm=\"32 32 2 2\"\n\"aa c #000000\"\n\"ab c #FFFFFF\"\n" + Rows(row, 32));
+    ASSERT_EQ(r.PatternBytes.size(), 128u);
+    EXPECT_EQ(r.PatternBytes[0], 0x55);
+}
+
+TEST(ParserLine, WidthsBordersAndOrientation) {
+    const char* twoColours = "Xpm=\"0 0 2 0\"\n\"1 c #000000\"\n\"2 c #FFFFFF\"\n";
+    // The writer's half border comes back rounded to even: 2 + 2 * 2.
+    PolylineRecord r = ParseLine(std::string("UseOrientation=Y\nLineWidth=2\nBorderWidth=1.5\n") + twoColours);
+    EXPECT_EQ(r.Flags1, 0);
+    EXPECT_EQ(r.Flags2, 0);
+    EXPECT_EQ(r.PatternBytes, B({2, 6}));
+    EXPECT_EQ(r.Length, 2 + 6 + 2);
+    // Widths after the Xpm block are found by the look-ahead.
+    r = ParseLine(std::string(twoColours) + "LineWidth=3\nBorderWidth=0\n");
+    EXPECT_EQ(r.Flags1, 0);
+    EXPECT_EQ(r.PatternBytes, B({3, 3}));
+    // Without BorderWidth two solid colours are day and night.
+    r = ParseLine(std::string("LineWidth=4\n") + twoColours);
+    EXPECT_EQ(r.Flags1, 7);
+    EXPECT_EQ(r.Flags2, 0x02);
+    EXPECT_EQ(r.PatternBytes, B({4}));
+    // No LineWidth at all: width 0.
+    r = ParseLine("Xpm=\"0 0 1 0\"\n\"1 c #000000\"\n");
+    EXPECT_EQ(r.Flags1, 6);
+    EXPECT_EQ(r.PatternBytes, B({0}));
+}
+
+TEST(ParserLine, PatternRowsAndTransparentBackground) {
+    const PolylineRecord r = ParseLine("Xpm=\"32 2 2  1\"\n\"! c #102030\"\n\"  c none\"\n\"!!!!!!!!\"\n\" !\"\n");
+    EXPECT_EQ(r.Flags1, 2 * 8 + 0x06);
+    EXPECT_EQ(r.ColourBytes, B({0x30, 0x20, 0x10}));
+    EXPECT_EQ(r.PatternBytes, B({0xFF, 0, 0, 0, 0x02, 0, 0, 0}));
+    EXPECT_EQ(r.Length, 2 + 3 + 8);
+}
+
+TEST(ParserLabels, RunsOfStringLinesBecomeOneBlock) {
+    const PolygonRecord r = ParsePolygon("String1=0x04,Hello, world\nstring2=0x01,Caf\xE9\n");
+    EXPECT_EQ(r.Flags, 0x10);
+    EXPECT_EQ(r.LabelBytes, BytesOf(std::string("\x29\x04Hello, world\0\x01" "Caf\xE9\0", 21)));
+}
+
+TEST(ParserLabels, ValueRules) {
+    // '=' cuts the label, "0x" is removed from it, and without a comma the
+    // value is a code alone or a label of code 0.
+    PolygonRecord r = ParsePolygon("String1=0x04,a=b\nString2=0x01,x0xy\nString3=0x05\nString=Hi\n");
+    EXPECT_EQ(r.LabelBytes, BytesOf(std::string("\x1B\x04" "a\0\x01xy\0\x05\0\0Hi\0", 14)));
+    // A second run replaces the first.
+    r = ParsePolygon("String1=0x04,one\nXpm=\"0 0 1 0\"\n\"1 c #000000\"\nString1=0x02,two\n");
+    EXPECT_EQ(r.LabelBytes, BytesOf(std::string("\x0B\x02two\0", 6)));
+    // 128 payload bytes and more take the two-byte prefix.
+    r = ParsePolygon("String1=0x04," + std::string(200, 'x') + "\n");
+    ASSERT_EQ(r.LabelBytes.size(), 204u);
+    EXPECT_EQ(r.LabelBytes[0], (202 * 4 + 2) & 0xFF);
+    EXPECT_EQ(r.LabelBytes[1], (202 * 4 + 2) >> 8);
+}
+
+TEST(ParserLabels, ExtendedLabelsOfAllFourColourChoices) {
+    const std::string head = "ExtendedLabels=Y\nFontStyle=";
+    EXPECT_EQ(ParsePolygon(head + "NoLabel (invisible)\nCustomColor=No\n").ExtendedLabelBytes, B({1}));
+    EXPECT_EQ(ParsePolygon(head + "SmallFont\ncustomcolor=day\nDaycustomColor:#112233\n").ExtendedLabelBytes,
+              B({8 + 2, 0x33, 0x22, 0x11}));
+    EXPECT_EQ(ParseLine(head + "LargeFont\nCustomColor=Night\nNightcustomColor:#445566\n").ExtendedLabelBytes,
+              B({16 + 4, 0x66, 0x55, 0x44}));
+    const PoiRecord poi = ParsePoi(head + "NormalFont\nCustomColor=DayAndNight\nDaycustomColor=#112233\n"
+                                          "NightcustomColor:#445566\n");
+    EXPECT_EQ(poi.Flags, 0x08);
+    EXPECT_EQ(poi.ExtendedLabelBytes, B({24 + 3, 0x33, 0x22, 0x11, 0x66, 0x55, 0x44}));
+    EXPECT_EQ(poi.Length, 5 + 7);
+}
+
+TEST(ParserPoi, TransparentLineAnywhereInThePalette) {
+    std::string log;
+    const PoiRecord r = ParsePoi(
+        "DayXpm=\"4 2 3 1\"   Colormode=16\n\"!\tc #FF0000\"\n\"  \tc none\"\n\"#\tc #0000FF\"\n\"! # \"\n\"#!  !\"\n", &log);
+    EXPECT_TRUE(log.empty()) << log;
+    EXPECT_EQ(r.Flags, 0x01);
+    EXPECT_EQ(r.Width, 4);
+    EXPECT_EQ(r.Height, 2);
+    const PoiBitmap& day = r.Bitmaps[0];
+    EXPECT_EQ(day.ColourCount, 2);
+    EXPECT_EQ(day.ColourMode, 16);
+    EXPECT_EQ(day.PaletteBytes, B({0x00, 0x00, 0xFF, 0xFF, 0x00, 0x00}));
+    // 2 bits a pixel, index 2 transparent; the fifth character of a row is dropped.
+    EXPECT_EQ(day.PixelBytes, B({0x98, 0xA1}));
+    EXPECT_EQ(r.Length, 5 + 6 + 2);
+}
+
+TEST(ParserPoi, TwoCharactersPerCode) {
+    const char* alphabet = "!#%?$*=123456789";
+    std::string palette;
+    for (int k = 0; k < 17; ++k)
+        palette += std::string("\"") + alphabet[k / 16] + alphabet[k % 16] + "\tc #0000" + (k < 10 ? "0" : "") +
+                   std::to_string(k) + "\"\n";
+    const PoiRecord r = ParsePoi("DayXpm=\"2 1 17 2\"   Colormode=16\n" + palette + "\"#!!?\"\n");
+    EXPECT_EQ(r.Bitmaps[0].ColourCount, 17);
+    EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({16, 3}));  // 8 bits a pixel
+}
+
+TEST(ParserPoi, OnlyATransparentLineForcesThePalette) {
+    const PoiRecord r = ParsePoi("DayXpm=\"3 1 1 1\"\n\"  c none\"\n\"   \"\n");
+    const PoiBitmap& day = r.Bitmaps[0];
+    EXPECT_EQ(day.ColourCount, 0);
+    EXPECT_TRUE(day.ForcePalette);
+    EXPECT_EQ(day.ColourMode, 16);  // no Colormode= means 16
+    EXPECT_EQ(day.PaletteBytes.size(), 3u);
+    EXPECT_EQ(day.PixelBytes, B({0}));
+    EXPECT_EQ(r.Length, 5 + 1);
+}
+
+TEST(ParserPoi, LaterOfTwoEqualCodesWins) {
+    const PoiRecord r = ParsePoi("DayXpm=\"2 1 2 1\" Colormode=0\n\"a c #000000\"\n\"a c #FFFFFF\"\n\"ab\"\n");
+    EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({0x01}));
+}
+
+TEST(ParserPoi, Mode32PaletteAndTrueColour) {
+    PoiRecord r = ParsePoi("DayXpm=\"2 1 2 1\"   Colormode=32\n\"! c #FF0000\"  alpha=0\n\"# c #00FF00\"  alpha=15\n\"!#\"\n");
+    EXPECT_EQ(r.Bitmaps[0].PaletteBytes, B({0x00, 0x00, 0xFF, 0x00, 0xF0, 0x0F, 0xF0}));
+    EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({0x04}));
+
+    r = ParsePoi("DayXpm=\"2 1 0 1\"   Colormode=0\n;Couleurs 24 bits\n\"#112233\"\n\"#445566\"\n");
+    EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({0x33, 0x22, 0x11, 0x66, 0x55, 0x44}));
+    // Mode 16 starts with the key colour.
+    r = ParsePoi("DayXpm=\"1 1 0 1\"   Colormode=16\n;Couleurs 24 bits\n\"#FF00FF\"\n\"#010203\"\n");
+    EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({0xFF, 0x00, 0xFF, 0x03, 0x02, 0x01}));
+    EXPECT_EQ(r.Length, 5 + 6);
+    // Mode 32: 28 bits a pixel; 2 pixels take 7 bytes.
+    r = ParsePoi("DayXpm=\"2 1 0 1\"   Colormode=32\n;Couleurs 24 bits\n\"#000001\"  canalalpha=15\n\"#000000\"  canalalpha=1\n");
+    EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({0x01, 0x00, 0x00, 0x0F, 0x00, 0x00, 0x10}));
+}
+
+TEST(ParserPoi, NightOnlyPoiCountsNoNightPixels) {
+    const PoiRecord r = ParsePoi("NightXpm=\"2 1 1 1\"  Colormode=16\n\"! c #102030\"\n\"!!\"\n");
+    EXPECT_EQ(r.Flags, 0x02);
+    EXPECT_EQ(r.Bitmaps[1].PaletteBytes, B({0x30, 0x20, 0x10}));
+    EXPECT_EQ(r.Bitmaps[1].PixelBytes.size(), 1u);
+    EXPECT_EQ(r.Length, 5 + 2 + 3);
+}
+
+TEST(ParserPoi, NightHeaderSetsTheSizeOfBoth) {
+    const PoiRecord r = ParsePoi("DayXpm=\"2 2 1 1\"\n\"! c #000000\"\n\"!!\"\n\"!!\"\n"
+                                 "NightXpm=\"3 1 1 1\"\n\"! c #FFFFFF\"\n\"!!!\"\n");
+    EXPECT_EQ(r.Width, 3);
+    EXPECT_EQ(r.Height, 1);
+    EXPECT_EQ(r.Flags, 0x03);
+    EXPECT_EQ(r.Bitmaps[0].PixelBytes.size(), 2u);  // packed for the day size
+    EXPECT_EQ(r.Bitmaps[1].PixelBytes.size(), 1u);
+}
+
+TEST(ParserPoi, EmptyBitmapHeader) {
+    const PoiRecord r = ParsePoi("DayXpm=\"0 0 0 0\"\n");
+    EXPECT_EQ(r.Width, 0);
+    EXPECT_EQ(r.Bitmaps[0].ColourMode, 0);
+    EXPECT_TRUE(r.Bitmaps[0].PixelBytes.empty());
+    EXPECT_EQ(r.Length, 5);
+}
+
+TEST(ParserPoi, TransparentLineFirstMiddleOrLast) {
+    const std::string colours[] = {"\"! c #FF0000\"\n", "\"# c #0000FF\"\n"};
+    const std::string none = "\"  c none\"\n";
+    for (int at = 0; at < 3; ++at) {
+        std::string palette = colours[0] + colours[1];
+        palette.insert(at == 0 ? 0 : at == 1 ? colours[0].size() : palette.size(), none);
+        const PoiRecord r = ParsePoi("DayXpm=\"4 1 3 1\"\n" + palette + "\"! # \"\n");
+        SCOPED_TRACE(at);
+        EXPECT_EQ(r.Bitmaps[0].ColourCount, 2);
+        EXPECT_EQ(r.Bitmaps[0].PaletteBytes, B({0x00, 0x00, 0xFF, 0xFF, 0x00, 0x00}));
+        EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({0x98}));
+    }
+}
