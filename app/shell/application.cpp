@@ -15,6 +15,7 @@
 #include "shell/main_window.h"
 #include "shell/qt_settings_store.h"
 #include "text/listing.h"
+#include "text/parser.h"
 
 namespace mirvane::app {
 
@@ -29,9 +30,9 @@ QString FindLanguageFolder() {
 }
 
 // Wires the text route: the listing shown in BoxVisualisation, and the
-// reading of .txt files (model.SetTextOpener, which also enables "open text"
-// and the .txt drops) once the text parser is built in.
+// reading of .txt files, which also enables "open text" and the .txt drops.
 void ConnectTextRoute(MainWindow& window, MainWindowModel& model) {
+    model.SetTextOpener(OpenTypText);
     window.SetListingFunction([&model](Document& doc) {
         const ListingContext context{model.DateText(), ListingClock::Now()};
         return ListWholeDocument(doc, context).Plain();

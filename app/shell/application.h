@@ -17,8 +17,8 @@ std::string ProgramVersionText();
 // The "Langues" folder beside the program, else the installed data folder.
 QString FindLanguageFolder();
 
-// Connects the text listing of BoxVisualisation (and, once the text parser is
-// built in, the opening of .txt files) to a window and its model.
+// Connects the text listing of BoxVisualisation and the opening of .txt files
+// to a window and its model.
 void ConnectTextRoute(MainWindow& window, MainWindowModel& model);
 
 // Runs the program on the arguments (without the program name):

@@ -85,12 +85,12 @@ std::string MainWindowModel::NameCaption() const {
 std::string MainWindowModel::LengthText() const {
     if (doc_.State == DocumentState::None) return {};
     if (doc_.ModifiedFlag) return ModifiedMark();  // the length on disk no longer holds
-    if (doc_.FilePath.empty()) return {};
+    if (doc_.FilePath.empty() || doc_.FromText) return {};
     return LengthCaption(doc_.FileLengthText);
 }
 
 std::string MainWindowModel::DateText() const {
-    if (doc_.FilePath.empty()) return {};
+    if (doc_.FilePath.empty() || doc_.FromText) return {};
     return DateCreationCaption(doc_.Header);
 }
 
@@ -163,7 +163,7 @@ bool MainWindowModel::OpenText(const std::string& path) {
     if (!textOpener_) return false;
     std::string chosen = path;
     if (chosen.empty()) {
-        auto answer = prompts_.ChooseOpenPath(MainText("Ouvrir un fichier texte", "msgOuvrirTxt"),
+        auto answer = prompts_.ChooseOpenPath(MainText("Ouvrir un fichier txt", "msgOuvrirtxt"),
                                               MainText("Fichiers texte", "msgFiltreTxt") + " (*.txt)");
         if (!answer || answer->empty()) return false;
         chosen = *answer;

@@ -142,6 +142,29 @@ private slots:
         QCOMPARE(prompts_->Texts("errors").size(), expected.ReadErrorFlag ? 1u : 0u);
     }
 
+    void openingATextFileFillsTheListsAndDropsAcceptIt() {
+        REQUIRE_CORPUS();
+        const QString text = QString(MIRVANE_SHARED_DIR) + "/corpus/text/jbm-osm.txt";
+        if (!QFileInfo::exists(text)) QSKIP("no text corpus");
+        QVERIFY(Action("mnuouvrirtxt")->isEnabled());
+        prompts_->Paths.push_back(text.toStdString());
+        Action("mnuouvrirtxt")->trigger();
+        Document binary;
+        QVERIFY(OpenBinaryTyp(binary, CorpusFile("jbm-osm.typ").toStdString()));
+        QCOMPARE(window_->windowTitle(), QString("Mirvane v0.1.0 - [jbm-osm.txt]"));
+        QCOMPARE(Find<QListWidget>("ListPolygone")->count(), binary.PolygonCount());
+        QCOMPARE(Find<QListWidget>("ListPOI")->count(), binary.PoiCount());
+        QCOMPARE(Find<QComboBox>("cbbHeadersize")->currentIndex(), 0);
+        QVERIFY(Find<QLabel>("lblDateCreation")->text().isEmpty());
+        QVERIFY(model_->Recent().Items().front() == text.toStdString());
+
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(text)});
+        QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window_.get(), &enter);
+        QVERIFY(enter.isAccepted());
+    }
+
     void aTruncatedFileOpensWithTheErrorList() {
         REQUIRE_CORPUS();
         QFile whole(CorpusFile("suke-tmz.typ"));
