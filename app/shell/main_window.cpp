@@ -24,6 +24,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "colour/colour_identifier.h"
 #include "document/presentation.h"
 #include "shell/texts.h"
 
@@ -130,6 +131,10 @@ void MainWindow::BuildMenus() {
     mnuTypSpeciaux_->setEnabled(false);
     mnuOuvrirTypMapset_->setEnabled(false);
     tools->addActions({mnuSauvegardeAuto_, mnuTypSpeciaux_});
+    QAction* mnuCouleurIdentifieur = MakeAction(
+        this, "mnuCouleurIdentifieur", MainTr("&Identifieur de couleur et de type...", "mnuCouleurIdentifieur"));
+    tools->addAction(mnuCouleurIdentifieur);
+    connect(mnuCouleurIdentifieur, &QAction::triggered, this, [this] { ShowColourIdentifier(this); });
 
     connect(mnuNouveau_, &QAction::triggered, this, [this] {
         if (CommitIdentityEdits()) model_.New();
