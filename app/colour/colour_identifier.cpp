@@ -1,6 +1,7 @@
 #include "colour/colour_identifier.h"
 
 #include <QCursor>
+#include <QFontMetrics>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -25,6 +26,8 @@ QLabel* MakeValueLabel(QWidget* parent, const char* name) {
     QFont font = label->font();
     font.setBold(true);
     label->setFont(font);
+    // Room for the longest value, so that the window keeps its size.
+    label->setMinimumWidth(QFontMetrics(font).horizontalAdvance(QStringLiteral("#WWWWWW")));
     return label;
 }
 

@@ -196,6 +196,8 @@ private slots:
         QCOMPARE(Child<QLabel>(window, "Label1")->text(), QStringLiteral("#123456"));
         QCOMPARE(Child<QLabel>(window, "Type")->text(), QStringLiteral("0x234"));
         QCOMPARE(Child<QLabel>(window, "SubType")->text(), QStringLiteral("0x56"));
+        window->Tick({499, 100});  // the magnifier over the edge of two colours
+        QCOMPARE(Child<QLabel>(window, "Label1")->text(), QStringLiteral("#123456"));
         Picture(window, "colour-identifier.png");
     }
 

@@ -141,14 +141,15 @@ TEST(PaletteDialog, ThePipetteChoosesTheLastPixelReadOnRelease) {
     dialog.PipettePixel(Rgb(0xABCDEF));
     EXPECT_FALSE(dialog.PipetteMoved(10, 20)) << "a still pointer is not read again";
     EXPECT_TRUE(dialog.PipetteMoved(11, 20));
-    dialog.PipettePixel(Rgb(0x0000FF));
-    EXPECT_EQ(dialog.Label10_Caption(), "#0000FF");
+    dialog.PipettePixel(Rgb(0x0000F0));
+    EXPECT_EQ(dialog.Label10_Caption(), "#0000F0");
     EXPECT_EQ(dialog.CouleurChoisie(), Rgb(0x393020)) << "nothing is chosen before the release";
 
     dialog.PipetteEnd();
     EXPECT_FALSE(dialog.PrelevementEnCours());
-    EXPECT_EQ(dialog.CouleurChoisie(), Rgb(0x0000FF));
-    EXPECT_EQ(dialog.CarreEncadre(), 0);
+    EXPECT_EQ(dialog.CouleurChoisie(), Rgb(0x0000F0));
+    EXPECT_EQ(dialog.CarreAvecBordure(), 0);
+    EXPECT_EQ(dialog.CarreEncadre(), carre_a_encadrer(Rgb(0x393020))) << "the frame stays where it was";
     EXPECT_TRUE(dialog.Label9Visible());
 }
 
