@@ -113,6 +113,7 @@ void TextPane::ShowListing(const ListingText& listing, int codePage) {
     filling_ = true;
     shownCodePage_ = codePage;
     FillListingDocument(*pane_->document(), listing, codePage, colours_);
+    pane_->moveCursor(QTextCursor::Start);  // a new listing is read from the top
     textShown_ = true;
     filling_ = false;
 }

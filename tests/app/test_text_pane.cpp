@@ -15,6 +15,7 @@
 #include <QTextCursor>
 #include <memory>
 
+#include "document/presentation.h"
 #include "editors/main_window_model.h"
 #include "scripted_prompts.h"
 #include "shell/application.h"
@@ -106,9 +107,10 @@ private slots:
             QTextCursor at = text->find(word);
             return at.charFormat().foreground().color();
         };
-        QCOMPARE(colourAt("[_polygon]"), QColor(70, 150, 70));  // section head
-        QCOMPARE(colourAt("Type=0x"), QColor(0, 0, 255));       // key
-        QCOMPARE(colourAt("FF0000"), QColor(255, 0, 0));        // the rest
+        QCOMPARE(colourAt("[_polygon]"), QColor(0, 0, 255));  // section head
+        QCOMPARE(colourAt("ProductCode"), QColor(255, 0, 0));     // key
+        QCOMPARE(colourAt("FF0000"), QColor(0, 0, 0));        // the rest
+        QCOMPARE(colourAt("COMMENTAIRES"), QColor(70, 150, 70));  // comment
         QVERIFY(!Find<QPushButton>("cmdAppliquerModif")->isVisible());
     }
 
@@ -116,7 +118,7 @@ private slots:
         settings_->Set(kSettingsSection, "RtfColour3", "\\red10\\green20\\blue30");
         window_->Text().SetColours(LoadRtfColours(*settings_));
         ShowWholeText();
-        QCOMPARE(Pane()->document()->find("FF0000").charFormat().foreground().color(), QColor(10, 20, 30));
+        QCOMPARE(Pane()->document()->find("ProductCode").charFormat().foreground().color(), QColor(10, 20, 30));
     }
 
     void applyOnePolygonKeepsItsCyrillicLabelAndReselectsIt() {
