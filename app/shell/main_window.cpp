@@ -26,7 +26,9 @@
 
 #include "colour/colour_identifier.h"
 #include "document/presentation.h"
+#include "editors/text_pane_session.h"
 #include "shell/texts.h"
+#include "text/text_pane.h"
 
 namespace mirvane::app {
 
@@ -291,6 +293,7 @@ QWidget* MainWindow::BuildTextPanel() {
     cmdAppliquerModif_ = MakeButton(panel, "cmdAppliquerModif", MainTr("Appliquer les modifications",
                                                                        "cmdAppliquerModif"));
     cmdAppliquerModif_->hide();
+    textPane_ = new TextPane(*this, model_, BoxVisualisation_, cmdAppliquerModif_, cmdEnregistrer_);
     connect(cmdvoirtxt_, &QPushButton::clicked, this, [this] {
         model_.SetEditScope(0);
         RefreshTextPane();
@@ -299,6 +302,7 @@ QWidget* MainWindow::BuildTextPanel() {
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(cmdvoirtxt_);
     buttons->addWidget(cmdEnregistrer_);
+    buttons->addWidget(textPane_->SearchButton());
     buttons->addStretch();
     buttons->addWidget(cmdAppliquerModif_);
     auto* layout = new QVBoxLayout(panel);
@@ -390,6 +394,7 @@ void MainWindow::RefreshEnables() {
     mnuEnregistrerTxt_->setEnabled(state.SaveText);
     cmdEnregistrer_->setEnabled(state.SaveText);
     cmdvoirtxt_->setEnabled(state.ViewText && static_cast<bool>(listing_));
+    textPane_->RefreshEnables(model_.HasDocument() && static_cast<bool>(listing_));
 }
 
 void MainWindow::RefreshTextPane() {
@@ -398,16 +403,13 @@ void MainWindow::RefreshTextPane() {
             ? MainTr("Le texte du TYP s'affichera ici.", "BoxVisualisationVide")
             : MainTr("Ouvrez un fichier TYP (Ctrl+O) ou déposez-le sur cette fenêtre.", "BoxVisualisationAide"));
     if (!listing_ || !model_.HasDocument()) {
-        BoxVisualisation_->clear();
+        textPane_->Clear();
         return;
     }
     Document& doc = model_.Doc();
     const bool oneObject = model_.EditScope() != 0 && objectListing_;
-    const std::string bytes =
-        oneObject ? objectListing_(doc, model_.EditScope(), model_.EditIndex()) : listing_(doc);
-    BoxVisualisation_->setPlainText(
-        DecodeDocumentText(bytes, doc.Identity.UnlistedCodePage ? doc.Identity.UnlistedCodePage
-                                                                           : SelectedCodePage(doc.Identity)).replace("\r\n", "\n"));
+    textPane_->ShowListing(oneObject ? objectListing_(doc, model_.EditScope(), model_.EditIndex()) : listing_(doc),
+                           PaneCodePage(doc.Identity));
 }
 
 bool MainWindow::FinishIdentityField(QLineEdit* field, bool fid) {

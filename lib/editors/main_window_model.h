@@ -39,6 +39,8 @@ public:
     Document& Doc() { return doc_; }
     const Document& Doc() const { return doc_; }
     const RecentFiles& Recent() const { return recent_; }
+    UserPrompts& Prompts() { return prompts_; }
+    SettingsStore& Settings() { return settings_; }
 
     // Called after every change of the model, for the views to redraw.
     void SetChangedHandler(std::function<void()> handler) { changed_ = std::move(handler); }
@@ -87,6 +89,8 @@ public:
     bool DeleteObject(ObjectKind kind, int row);
     // Modifié: the document differs from the file.
     void MarkModified();
+    // Asks whether the existing file at `path` may be replaced.
+    bool ConfirmOverwrite(const std::string& path);
 
     // --- header fields
     static bool IdentityKeyAccepted(char key);  // digits and backspace
@@ -102,7 +106,6 @@ private:
     void Changed();
     void AddRecent(const std::string& path);
     void SetFilePath(const std::string& path);
-    bool ConfirmOverwrite(const std::string& path);
 
     Document& doc_;
     UserPrompts& prompts_;
