@@ -26,7 +26,8 @@ ColoursDialog::ColoursDialog(const Raster& bitmap, BitmapWriter write, QWidget* 
     bars->addRow(ColoursTr("Vert", "lblVert"), MakeBar("ScrollVert", CanalCouleur::Vert));
     bars->addRow(ColoursTr("Bleu", "lblBleu"), MakeBar("ScrollBleu", CanalCouleur::Bleu));
 
-    auto* lblFermer = new QLabel(QStringLiteral("<a href=\"fermer\">%1</a>").arg(ColoursTr("Fermer", "lblFermer")), this);
+    const QString close = ColoursTr("Fermer", "lblFermer");
+    auto* lblFermer = new QLabel(QStringLiteral("<a href=\"fermer\">%1</a>").arg(close), this);
     lblFermer->setObjectName("lblFermer");
     lblFermer->setAlignment(Qt::AlignRight);
     connect(lblFermer, &QLabel::linkActivated, this, &QWidget::close);

@@ -162,8 +162,10 @@ PaletteDialog::PaletteDialog(Colour current, PaletteCaller caller, PaletteDialog
     chosen->addWidget(lblCouleurChoisie_);
     chosen->addStretch();
 
-    label3_ = MakeLabel(this, "Label3", PaletteTr("La couleur actuelle ne fait pas partie de la palette Garmin", "label3"));
-    label9_ = MakeLabel(this, "Label9", PaletteTr("La couleur choisie ne fait pas partie de la palette Garmin", "label9"));
+    label3_ = MakeLabel(this, "Label3",
+                        PaletteTr("La couleur actuelle ne fait pas partie de la palette Garmin", "label3"));
+    label9_ = MakeLabel(this, "Label9",
+                        PaletteTr("La couleur choisie ne fait pas partie de la palette Garmin", "label9"));
     for (QLabel* warning : {label3_, label9_}) {
         warning->setStyleSheet("QLabel { color: #B00000; }");
         warning->setWordWrap(true);
@@ -171,7 +173,8 @@ PaletteDialog::PaletteDialog(Colour current, PaletteCaller caller, PaletteDialog
     }
 
     auto* right = new QVBoxLayout;
-    right->addWidget(MakeLabel(this, "Label16", PaletteTr("Couleurs Garmin voisines de la couleur choisie", "label16")));
+    right->addWidget(
+        MakeLabel(this, "Label16", PaletteTr("Couleurs Garmin voisines de la couleur choisie", "label16")));
     right->addWidget(BuildNeighbours());
     right->addLayout(chosen);
     right->addWidget(label3_);

@@ -15,6 +15,10 @@
 #include "colour/colour_identifier.h"
 #include "colour/colours_dialog.h"
 #include "colour/palette_dialog.h"
+#include "editors/main_window_model.h"
+#include "editors/settings_store.h"
+#include "scripted_prompts.h"
+#include "shell/main_window.h"
 
 using namespace mirvane;
 using mirvane::app::PaletteDialog;
@@ -117,7 +121,8 @@ private slots:
         QVERIFY(frame->geometry().contains(Square(dialog.get(), 37)->geometry()));
         QVERIFY(!Child(dialog.get(), "Label9")->isVisible());
         QVERIFY(Child(dialog.get(), "Label3")->isVisible());
-        QCOMPARE(Child<QLabel>(dialog.get(), "lblCouleurChoisie")->text(), QString::fromStdString(texte_couleur(*couleur_carre(37))));
+        QCOMPARE(Child<QLabel>(dialog.get(), "lblCouleurChoisie")->text(),
+                 QString::fromStdString(texte_couleur(*couleur_carre(37))));
 
         // Back to the current colour: no square has it, the frame stays.
         ClickSquare(dialog.get(), kCarreActuel);
@@ -199,6 +204,21 @@ private slots:
         window->Tick({499, 100});  // the magnifier over the edge of two colours
         QCOMPARE(Child<QLabel>(window, "Label1")->text(), QStringLiteral("#123456"));
         Picture(window, "colour-identifier.png");
+    }
+
+    void theToolsMenuOpensTheIdentifier() {
+        Document doc;
+        ScriptedPrompts prompts;
+        MemorySettingsStore settings;
+        MainWindowModel model(doc, prompts, settings, "v0.1.0");
+        app::MainWindow window(model);
+        window.show();
+        auto* entry = window.findChild<QAction*>("mnuCouleurIdentifieur");
+        QVERIFY(entry);
+        entry->trigger();
+        auto* identifier = window.findChild<QWidget*>("frmColorIdentifier");
+        QVERIFY(identifier && identifier->isVisible());
+        QCOMPARE(identifier->windowTitle(), QStringLiteral("Identifieue de couleur et de type"));
     }
 
     void theMixerWritesTheBitmapBackOnEveryMove() {
