@@ -321,8 +321,7 @@ bool PaletteDialog::eventFilter(QObject* watched, QEvent* event) {
     }
     if (event->type() == QEvent::MouseButtonRelease && mouse->button() == Qt::LeftButton &&
         model_.PrelevementEnCours()) {
-        picPicker_->releaseMouse();
-        timer1_->stop();
+        StopPipetteCapture();
         model_.PipetteEnd();
         Refresh();
         return true;
@@ -357,16 +356,19 @@ void PaletteDialog::Refresh() {
     label10_->setText(Q(model_.Label10_Caption()));
 }
 
+void PaletteDialog::StopPipetteCapture() {
+    picPicker_->releaseMouse();
+    timer1_->stop();
+}
+
 void PaletteDialog::accept() {
+    StopPipetteCapture();
     model_.cmdOK_Click();
     QDialog::accept();
 }
 
 void PaletteDialog::reject() {
-    if (model_.PrelevementEnCours()) {
-        picPicker_->releaseMouse();
-        timer1_->stop();
-    }
+    StopPipetteCapture();
     model_.cmdAnnuler_Click();
     QDialog::reject();
 }

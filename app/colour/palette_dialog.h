@@ -55,6 +55,7 @@ private:
     QWidget* BuildPipette();
     void Refresh();
     void Click(int index);
+    void StopPipetteCapture();
 
     PaletteDialogModel model_;
     FreeColourDialog freeColourDialog_;
