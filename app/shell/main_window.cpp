@@ -315,8 +315,12 @@ QWidget* MainWindow::BuildPreviewColumn() {
     column->setStretchFactor(1, 2);
     column->setStretchFactor(2, 1);
     column->setChildrenCollapsible(false);
-    connect(fraApercu_, &PreviewFrame::VisualisationClicked, this,
-            [this] { fraVisualization_->Toggle(model_.Doc(), fraApercu_->Background()); });
+    connect(fraApercu_, &PreviewFrame::VisualisationClicked, this, [this, column] {
+        fraVisualization_->Toggle(model_.Doc(), fraApercu_->Background());
+        // The icons take two thirds of what the preview leaves.
+        const int rest = std::max(0, column->height() - fraApercu_->sizeHint().height());
+        if (fraVisualization_->isVisible()) column->setSizes({fraApercu_->sizeHint().height(), rest * 2 / 3, rest / 3});
+    });
     connect(fraApercu_, &PreviewFrame::BackgroundChanged, this,
             [this] { fraVisualization_->Rebuild(model_.Doc(), fraApercu_->Background()); });
     connect(fraVisualization_, &IconsFrame::IconClicked, this, [this](IconRef ref) {
