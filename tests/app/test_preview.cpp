@@ -109,6 +109,11 @@ private slots:
         QTest::mouseClick(Find<QRadioButton>("optSuperposition"), Qt::LeftButton);
         QVERIFY(!Find<QWidget>("sldZoom")->isEnabled());
         Shot("apercu-poi-superposition");
+
+        model_->Close();  // nothing is picked any more
+        QCOMPARE(DrawnPixels(0), 0);
+        QVERIFY(!Find<QPushButton>("cmdCouleurfond")->isEnabled());
+        QVERIFY(!Find<QWidget>("Label4")->isVisible());
     }
 
     void aMosaicOfAPoiIsEmpty() {
