@@ -14,6 +14,7 @@
 #include "shell/dialog_prompts.h"
 #include "shell/main_window.h"
 #include "shell/qt_settings_store.h"
+#include "shell/update_check.h"
 #include "text/text_pane.h"
 #include "text/listing.h"
 #include "text/parser.h"
@@ -83,8 +84,7 @@ int RunMirvane(const QStringList& arguments) {
 
     QtSettingsStore settings;
     SettleLanguage(settings);
-    // The update check is not built in: the setting is kept as it stands.
-    SettleUpdateCheck(settings);
+    const bool checkForUpdate = SettleUpdateCheck(settings);
     RemoveLeftOverBackup(BackupFolder().toStdString());
 
     DialogPrompts prompts;
@@ -92,6 +92,7 @@ int RunMirvane(const QStringList& arguments) {
     MainWindowModel model(doc, prompts, settings, ProgramVersionText());
     MainWindow window(model);
     prompts.SetParent(&window);
+    if (checkForUpdate) StartUpdateCheck(QString::fromStdString(UpdateAddress(settings)), &window);
     ConnectTextRoute(window, model);
     window.SetAutoSaveChecked(AutoSaveSetting(settings));
     window.show();

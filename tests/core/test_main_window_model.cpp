@@ -200,5 +200,17 @@ TEST_F(ModelFixture, SaveAsksBeforeOverwritingAndWritesAReadableFile) {
     EXPECT_EQ(again.ReadErrorLog, readLog);
 }
 
+TEST(Startup, UpdateCheckComparesWeightedVersions) {
+    EXPECT_EQ(VersionNumber("1.2.3"), 10203);
+    EXPECT_EQ(VersionNumber("0.10.0\r\n"), 1000);
+    EXPECT_FALSE(VersionNumber("1.2").has_value());
+    EXPECT_FALSE(VersionNumber("<html>").has_value());
+    EXPECT_EQ(JudgeUpdate(0, 1, 0, "0.1.1"), UpdateVerdict::NewerAvailable);
+    EXPECT_EQ(JudgeUpdate(0, 1, 0, "0.1.0"), UpdateVerdict::UpToDate);
+    EXPECT_EQ(JudgeUpdate(1, 0, 0, "0.9.9"), UpdateVerdict::UpToDate);
+    EXPECT_EQ(JudgeUpdate(0, 1, 0, "not a version"), UpdateVerdict::UpToDate);
+    EXPECT_EQ(JudgeUpdate(0, 1, 0, ""), UpdateVerdict::ShowUpdateWindow);
+}
+
 }  // namespace
 }  // namespace mirvane
