@@ -14,6 +14,7 @@
 #include "shell/dialog_prompts.h"
 #include "shell/main_window.h"
 #include "shell/qt_settings_store.h"
+#include "shell/texts.h"
 #include "text/listing.h"
 #include "text/parser.h"
 
@@ -24,8 +25,10 @@ std::string ProgramVersionText() {
 }
 
 QString FindLanguageFolder() {
-    const QString beside = QDir(QCoreApplication::applicationDirPath()).filePath("Langues");
-    if (QFileInfo(beside).isDir()) return beside;
+    // Beside the program (the build tree gets a copy), ../share/mirvane of a
+    // moved installation, the user's data folder, then the installed prefix.
+    const QString chosen = Q(ChooseLanguageFolder(QCoreApplication::applicationDirPath().toStdString()));
+    if (QFileInfo(chosen).isDir()) return chosen;
     return QDir(MIRVANE_DATA_DIR).filePath("Langues");
 }
 

@@ -24,7 +24,10 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "compiler/compiler_window.h"
 #include "document/presentation.h"
+#include "extra/labels_window.h"
+#include "lang/change_language.h"
 #include "shell/texts.h"
 
 namespace mirvane::app {
@@ -130,6 +133,18 @@ void MainWindow::BuildMenus() {
     mnuTypSpeciaux_->setEnabled(false);
     mnuOuvrirTypMapset_->setEnabled(false);
     tools->addActions({mnuSauvegardeAuto_, mnuTypSpeciaux_});
+    auto* mnuCompiler = tools->addAction(MainTr("Compiler un fichier txt avec cGPSmapper...", "mnuCompiler"));
+    mnuCompiler->setObjectName("mnuCompiler");
+    connect(mnuCompiler, &QAction::triggered, this, [this] {
+        auto* compiler = new CompilerWindow(model_.Settings(), model_.Prompts(), this);
+        compiler->setAttribute(Qt::WA_DeleteOnClose);
+        compiler->open();
+    });
+    QMenu* languages = menuBar()->addMenu(MainTr("&Langues", "mnuLangues"));
+    languages->setObjectName("mnuLangues");
+    QAction* mnuChoixLangue = languages->addAction(MainTr("Choisir la langue...", "mnuChoixLangue"));
+    mnuChoixLangue->setObjectName("mnuChoixLangue");
+    connect(mnuChoixLangue, &QAction::triggered, this, [this] { OpenLanguagesWindow(*this); });
 
     connect(mnuNouveau_, &QAction::triggered, this, [this] {
         if (CommitIdentityEdits()) model_.New();
@@ -193,7 +208,12 @@ QWidget* MainWindow::BuildHeaderPanel() {
     cmdDraworder_ = MakeButton(header, "cmdDraworder", MainTr("Draw order...", "cmdDraworder"));
     cmdIcones_ = MakeButton(header, "cmdIcones", MainTr("Icônes", "cmdIcones"));
     cmdLabels_ = MakeButton(header, "cmdLabels", MainTr("Labels...", "cmdLabels"));
-    notYetBuilt_ << cmdDraworder_ << cmdIcones_ << cmdLabels_;
+    notYetBuilt_ << cmdDraworder_ << cmdIcones_;
+    connect(cmdLabels_, &QPushButton::clicked, this, [this] {
+        auto* labels = new LabelsWindow(model_.Doc(), this);
+        labels->setAttribute(Qt::WA_DeleteOnClose);
+        labels->open();
+    });
     auto* tools = new QHBoxLayout;
     tools->addWidget(cmdDraworder_);
     tools->addWidget(cmdIcones_);
@@ -379,6 +399,7 @@ void MainWindow::RefreshEnables() {
     cbbCodepage_->setEnabled(state.Combos);
     cbbHeadersize_->setEnabled(state.Combos);
     cmdCreerTYP_->setEnabled(state.CreateTyp);
+    cmdLabels_->setEnabled(model_.HasDocument() && ChosenHeaderSize(model_.Doc().Identity) >= 156);
     mnuEnregistrerTyp_->setEnabled(state.CreateTyp);
     mnufermer_->setEnabled(state.Close);
     mnuouvrirtxt_->setEnabled(state.OpenText);

@@ -39,6 +39,9 @@ public:
     Document& Doc() { return doc_; }
     const Document& Doc() const { return doc_; }
     const RecentFiles& Recent() const { return recent_; }
+    // For the windows the main window opens.
+    UserPrompts& Prompts() { return prompts_; }
+    SettingsStore& Settings() { return settings_; }
 
     // Called after every change of the model, for the views to redraw.
     void SetChangedHandler(std::function<void()> handler) { changed_ = std::move(handler); }
