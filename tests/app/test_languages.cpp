@@ -58,6 +58,7 @@ class LanguagesTest : public QObject {
     void ChooseLanguage(const QString& language) {
         Find<QAction>(window_.get(), "mnuChoixLangue")->trigger();
         auto* dialog = Find<QDialog>(window_.get(), "frmLangues");
+        Picture(*dialog, "languages_window.png");
         auto* list = Find<QListWidget>(dialog, "lstLang");
         const auto rows = list->findItems(language, Qt::MatchExactly);
         QCOMPARE(rows.size(), 1);
@@ -135,7 +136,7 @@ private slots:
         auto* dialog = Find<QDialog>(window_.get(), "frmLabels");
         QVERIFY(dialog->windowTitle().startsWith(QString::fromUtf8("Liste des POIs supplémentaires")));
         QVERIFY(!Find<QPlainTextEdit>(dialog, "txtLabels")->toPlainText().isEmpty());
-        Picture(*dialog, "labels_window.png");
+        Picture(*dialog, "labels_window_empty.png");
     }
 
     void labelsShowBytesInTheDocumentsCodePage() {
@@ -151,6 +152,7 @@ private slots:
         QVERIFY(window.windowTitle().endsWith("  (2)"));
         const QString text = Find<QPlainTextEdit>(&window, "txtLabels")->toPlainText();
         QCOMPARE(text, QString::fromUtf8("\n 01 AB\t 7F\t\tŠkoda\n 02 00\t 80\t\tB"));
+        Picture(window, "labels_window.png");
     }
 
     void compilerStartsTheToolWithTheTextAndTheTyp() {

@@ -182,7 +182,7 @@ KeySet KeysInSource() {
 
 // The scan reads the whole tree: once for all tests.
 const KeySet& SourceKeys() {
-    static const KeySet& keys = SourceKeys();
+    static const KeySet keys = KeysInSource();
     return keys;
 }
 
