@@ -41,4 +41,9 @@ bool ApplyHeaderSizeOption(IdentityFields& fields, const std::string& value);
 // Saves like the program's save command and reports a failure on stderr.
 int SaveAndReport(Document& doc, const std::string& path);
 
+// Opens IN with `open`, applies the --header-size, --fid and --product-code
+// options and saves to -o OUT: roundtrip and compile.
+using DocumentOpener = bool (*)(Document&, const std::string&);
+int ReadAndSaveCommand(const Arguments& args, const char* help, DocumentOpener open);
+
 }  // namespace mirvane::cli

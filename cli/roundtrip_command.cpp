@@ -12,8 +12,9 @@ namespace {
 
 const char* const kHelp =
     "Usage: mirvane-cli roundtrip IN.typ -o OUT.typ [--header-size 91|110|156|164|174|N]\n"
+    "                             [--fid N] [--product-code N]\n"
     "Reads a binary TYP and writes it back with fresh offsets and today's date.\n"
-    "The header size defaults to that of the file read.\n";
+    "The header size, FID and product code default to those of the file read.\n";
 
 }  // namespace
 
@@ -35,24 +36,28 @@ int SaveAndReport(Document& doc, const std::string& path) {
     return kExitOk;
 }
 
-int RoundtripCommand(const Arguments& input) {
+int ReadAndSaveCommand(const Arguments& input, const char* help, DocumentOpener open) {
     Arguments args = input;
     if (WantsHelp(args)) {
-        std::cout << kHelp;
+        std::cout << help;
         return kExitOk;
     }
-    std::string output, headerSize;
+    std::string output, headerSize, fid, productCode;
     const bool hasOutput = TakeOption(args, "-o", output);
     const bool hasHeaderSize = TakeOption(args, "--header-size", headerSize);
+    const bool hasFid = TakeOption(args, "--fid", fid);
+    const bool hasProductCode = TakeOption(args, "--product-code", productCode);
     if (!hasOutput || args.size() != 1) {
-        std::cerr << kHelp;
+        std::cerr << help;
         return kExitFailure;
     }
     Document doc;
-    if (!OpenBinaryTyp(doc, args[0])) {
+    if (!open(doc, args[0])) {
         std::cerr << "mirvane-cli: cannot read " << args[0] << "\n";
         return kExitFailure;
     }
+    if (hasFid) doc.Identity.txtFID = fid;
+    if (hasProductCode) doc.Identity.txtProductCode = productCode;
     if (hasHeaderSize && !ApplyHeaderSizeOption(doc.Identity, headerSize)) {
         std::cerr << "mirvane-cli: --header-size takes a number of bytes from 91 to 65535\n";
         return kExitFailure;
@@ -61,5 +66,7 @@ int RoundtripCommand(const Arguments& input) {
     const int saveStatus = SaveAndReport(doc, output);
     return saveStatus != kExitOk ? saveStatus : logStatus;
 }
+
+int RoundtripCommand(const Arguments& args) { return ReadAndSaveCommand(args, kHelp, OpenBinaryTyp); }
 
 }  // namespace mirvane::cli

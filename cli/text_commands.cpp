@@ -64,36 +64,6 @@ int DecompileCommand(const Arguments& input) {
     return ReportLog(doc.ReadErrorLog, doc.ReadErrorFlag);
 }
 
-int CompileCommand(const Arguments& input) {
-    Arguments args = input;
-    if (WantsHelp(args)) {
-        std::cout << kCompileHelp;
-        return kExitOk;
-    }
-    std::string output, headerSize;
-    const bool hasOutput = TakeOption(args, "-o", output);
-    const bool hasHeaderSize = TakeOption(args, "--header-size", headerSize);
-    std::string fid, productCode;
-    const bool hasFid = TakeOption(args, "--fid", fid);
-    const bool hasProductCode = TakeOption(args, "--product-code", productCode);
-    if (!hasOutput || args.size() != 1) {
-        std::cerr << kCompileHelp;
-        return kExitFailure;
-    }
-    Document doc;
-    if (!OpenTypText(doc, args[0])) {
-        std::cerr << "mirvane-cli: cannot read " << args[0] << "\n";
-        return kExitFailure;
-    }
-    if (hasFid) doc.Identity.txtFID = fid;
-    if (hasProductCode) doc.Identity.txtProductCode = productCode;
-    if (hasHeaderSize && !ApplyHeaderSizeOption(doc.Identity, headerSize)) {
-        std::cerr << "mirvane-cli: --header-size takes a number of bytes from 91 to 65535\n";
-        return kExitFailure;
-    }
-    const int logStatus = ReportLog(doc.ReadErrorLog, doc.ReadErrorFlag);
-    const int saveStatus = SaveAndReport(doc, output);
-    return saveStatus != kExitOk ? saveStatus : logStatus;
-}
+int CompileCommand(const Arguments& args) { return ReadAndSaveCommand(args, kCompileHelp, OpenTypText); }
 
 }  // namespace mirvane::cli
