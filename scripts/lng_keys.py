@@ -21,7 +21,7 @@ import sys
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 SCANNED = ("lib", "app", "cli")
 # name -> (section argument or literal section, default argument, key argument)
-BUILT_IN = {"LookupText": (0, 1, 2), "LookupTextIn": (1, 2, 3)}
+BUILT_IN = {"LookupText": (0, 1, 2), "FormCaption": (0, 1, 2), "LookupTextIn": (1, 2, 3)}
 TABLE_ROW = re.compile(r'MainWindowText\{\s*"\w+"\s*,\s*"(\w+)"\s*,\s*TextRole::')
 DEFINITION = re.compile(r'\b(\w+)\s*\(([^(){};]*)\)\s*(?:const\s*)?\{\s*return\s+(?:QString::fromStdString\()?(\w+)\s*\(')
 ESCAPES = {"n": 10, "t": 9, "r": 13, "0": 0, "\\": 92, '"': 34, "'": 39, "a": 7, "b": 8, "f": 12, "v": 11, "?": 63}

@@ -10,6 +10,7 @@
 #include "document/document.h"
 #include "editors/main_window_model.h"
 #include "editors/startup.h"
+#include "lang/change_language.h"
 #include "lang/lookup.h"
 #include "shell/dialog_prompts.h"
 #include "shell/main_window.h"
@@ -96,6 +97,7 @@ int RunMirvane(const QStringList& arguments) {
     prompts.SetParent(&window);
     ConnectTextRoute(window, model);
     window.SetAutoSaveChecked(AutoSaveSetting(settings));
+    if (LanguageName() != kBuiltInLanguage) ChangerLangue1(window);
     window.show();
 
     const QString pending = args.value(0);

@@ -9,8 +9,8 @@ namespace mirvane {
 
 namespace {
 
-std::string LanguagesText(std::string_view fallback, std::string_view key) {
-    return LookupText("Langues", fallback, key);
+std::string LanguagesCaption(std::string_view fallback, std::string_view key) {
+    return FormCaption("Langues", fallback, key);
 }
 
 std::filesystem::path Utf8Path(const std::string& utf8) {
@@ -23,9 +23,9 @@ LanguagesModel::LanguagesModel(SettingsStore& settings, UserPrompts& prompts)
     : settings_(settings), prompts_(prompts) {}
 
 void LanguagesModel::Form_Load() {
-    Caption = LanguagesText("Langues disponibles", "frmLangues");
-    lblLangues_Caption = LanguagesText("Choisissez la langue de Mirvane :", "lblLangues");
-    cmdOK_Caption = LanguagesText("OK", "cmdOK");
+    Caption = LanguagesCaption("Langues disponibles", "frmLangues");
+    lblLangues_Caption = LanguagesCaption("Choisissez la langue de Mirvane :", "lblLangues");
+    cmdOK_Caption = LanguagesCaption("OK", "cmdOK");
     lstLang = {kFrenchRow};
     SelectedRow = 0;
     for (const std::string& name : ListLanguages()) {
@@ -51,6 +51,11 @@ LanguageChange LanguagesModel::cmdOK_Click() {
     prompts_.Inform("Mirvane", LookupTextIn(oldName, "Langues", "Restart Mirvane to apply changes to Main Window",
                                             "Redemarrer"));
     return LanguageChange::BackToFrench;
+}
+
+std::string FormCaption(std::string_view section, std::string_view defaultText, std::string_view key) {
+    if (LanguageName() == kBuiltInLanguage) return std::string(defaultText);
+    return LookupText(section, defaultText, key);
 }
 
 std::string LookupTextIn(const std::string& name, const std::string& section, const std::string& defaultText,

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "editors/settings_store.h"
@@ -41,6 +42,10 @@ private:
     SettingsStore& settings_;
     UserPrompts& prompts_;
 };
+
+// A caption of a form: the built-in French while the language is French (a
+// stray Francais.lng changes messages only), else looked up.
+std::string FormCaption(std::string_view section, std::string_view defaultText, std::string_view key);
 
 // The text of `key` in the file of language `name`, or the default: the
 // restart message is read from the language being left.

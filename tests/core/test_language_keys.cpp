@@ -148,7 +148,9 @@ KeySet KeysInSource() {
                 files.push_back({entry.path(), ReadFile(entry.path()), {}});
         }
     }
-    Lookups global{{"LookupText", {{std::nullopt, 0}, 1, 2}}, {"LookupTextIn", {{std::nullopt, 1}, 2, 3}}};
+    Lookups global{{"LookupText", {{std::nullopt, 0}, 1, 2}},
+                   {"FormCaption", {{std::nullopt, 0}, 1, 2}},
+                   {"LookupTextIn", {{std::nullopt, 1}, 2, 3}}};
     FindWrappers(files, global);
 
     KeySet keys;

@@ -100,6 +100,21 @@ TEST_F(LanguagesModelTest, BackToFrenchStoresFrancaisAndAsksForARestartInTheOldL
               std::vector<std::string>{"Mirvane|Restart Mirvane to apply changes to Main Window"});
 }
 
+TEST_F(LanguagesModelTest, AStrayFrancaisFileChangesMessagesButNotCaptions) {
+    Write("Francais", "[Langues]\nfrmLangues=Langues\ncmdOK=D'accord\n");
+    mirvane::SetLanguageName(mirvane::kBuiltInLanguage);
+    mirvane::LanguagesModel model(settings_, prompts_);
+    model.Form_Load();
+    EXPECT_EQ(model.Caption, "Langues disponibles");
+    EXPECT_EQ(model.cmdOK_Caption, "OK");
+    EXPECT_EQ(mirvane::LookupText("Langues", "OK", "cmdOK"), "D'accord");
+
+    mirvane::SetLanguageName("English");
+    Write("English", "[Langues]\nfrmLangues=Available languages\n");
+    model.Form_Load();
+    EXPECT_EQ(model.Caption, "Available languages");
+}
+
 TEST_F(LanguagesModelTest, AMissingFolderListsOnlyFrench) {
     mirvane::SetLanguageFolder((folder_ / "absent").string());
     mirvane::LanguagesModel model(settings_, prompts_);
