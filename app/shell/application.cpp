@@ -16,6 +16,7 @@
 #include "shell/main_window.h"
 #include "shell/qt_settings_store.h"
 #include "shell/texts.h"
+#include "text/text_pane.h"
 #include "text/listing.h"
 #include "text/parser.h"
 
@@ -39,9 +40,9 @@ void ConnectTextRoute(MainWindow& window, MainWindowModel& model) {
     model.SetTextOpener(OpenTypText);
     window.SetListingFunction([&model](Document& doc) {
         const ListingContext context{model.DateText(), ListingClock::Now()};
-        return ListWholeDocument(doc, context).Plain();
+        return ListWholeDocument(doc, context);
     }, [](Document& doc, int scope, int index) {
-        return ListOneObject(doc, scope, index, false).Text.Plain();
+        return ListOneObject(doc, scope, index, false).Text;
     });
 }
 
@@ -88,7 +89,7 @@ int RunMirvane(const QStringList& arguments) {
     SettleLanguage(settings);
     // The update check is not built in: the setting is kept as it stands.
     SettleUpdateCheck(settings);
-    RemoveLeftOverBackup(QCoreApplication::applicationDirPath().toStdString());
+    RemoveLeftOverBackup(BackupFolder().toStdString());
 
     DialogPrompts prompts;
     Document doc;

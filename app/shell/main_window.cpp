@@ -26,9 +26,11 @@
 
 #include "compiler/compiler_window.h"
 #include "document/presentation.h"
+#include "editors/text_pane_session.h"
 #include "extra/labels_window.h"
 #include "lang/change_language.h"
 #include "shell/texts.h"
+#include "text/text_pane.h"
 
 namespace mirvane::app {
 
@@ -89,6 +91,13 @@ MainWindow::MainWindow(MainWindowModel& model, QWidget* parent) : QMainWindow(pa
     margins->setContentsMargins(6, 4, 6, 2);
     margins->addWidget(split);
     setCentralWidget(central);
+
+    // After the edit menu of the text pane.
+    QMenu* languages = menuBar()->addMenu(MainTr("&Langues", "mnuLangues"));
+    languages->setObjectName("mnuLangues");
+    QAction* mnuChoixLangue = languages->addAction(MainTr("Choisir la langue...", "mnuChoixLangue"));
+    mnuChoixLangue->setObjectName("mnuChoixLangue");
+    connect(mnuChoixLangue, &QAction::triggered, this, [this] { OpenLanguagesWindow(*this); });
     statusBar()->setObjectName("barreEtat");
     resize(1280, 800);
 
@@ -140,11 +149,6 @@ void MainWindow::BuildMenus() {
         compiler->setAttribute(Qt::WA_DeleteOnClose);
         compiler->open();
     });
-    QMenu* languages = menuBar()->addMenu(MainTr("&Langues", "mnuLangues"));
-    languages->setObjectName("mnuLangues");
-    QAction* mnuChoixLangue = languages->addAction(MainTr("Choisir la langue...", "mnuChoixLangue"));
-    mnuChoixLangue->setObjectName("mnuChoixLangue");
-    connect(mnuChoixLangue, &QAction::triggered, this, [this] { OpenLanguagesWindow(*this); });
 
     connect(mnuNouveau_, &QAction::triggered, this, [this] {
         if (CommitIdentityEdits()) model_.New();
@@ -306,6 +310,7 @@ QWidget* MainWindow::BuildTextPanel() {
     cmdAppliquerModif_ = MakeButton(panel, "cmdAppliquerModif", MainTr("Appliquer les modifications",
                                                                        "cmdAppliquerModif"));
     cmdAppliquerModif_->hide();
+    textPane_ = new TextPane(*this, model_, BoxVisualisation_, cmdAppliquerModif_, cmdEnregistrer_);
     connect(cmdvoirtxt_, &QPushButton::clicked, this, [this] {
         model_.SetEditScope(0);
         RefreshTextPane();
@@ -314,6 +319,7 @@ QWidget* MainWindow::BuildTextPanel() {
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(cmdvoirtxt_);
     buttons->addWidget(cmdEnregistrer_);
+    buttons->addWidget(textPane_->SearchButton());
     buttons->addStretch();
     buttons->addWidget(cmdAppliquerModif_);
     auto* layout = new QVBoxLayout(panel);
@@ -406,6 +412,7 @@ void MainWindow::RefreshEnables() {
     mnuEnregistrerTxt_->setEnabled(state.SaveText);
     cmdEnregistrer_->setEnabled(state.SaveText);
     cmdvoirtxt_->setEnabled(state.ViewText && static_cast<bool>(listing_));
+    textPane_->RefreshEnables(model_.HasDocument() && static_cast<bool>(listing_));
 }
 
 void MainWindow::RefreshTextPane() {
@@ -414,16 +421,13 @@ void MainWindow::RefreshTextPane() {
             ? MainTr("Le texte du TYP s'affichera ici.", "BoxVisualisationVide")
             : MainTr("Ouvrez un fichier TYP (Ctrl+O) ou déposez-le sur cette fenêtre.", "BoxVisualisationAide"));
     if (!listing_ || !model_.HasDocument()) {
-        BoxVisualisation_->clear();
+        textPane_->Clear();
         return;
     }
     Document& doc = model_.Doc();
     const bool oneObject = model_.EditScope() != 0 && objectListing_;
-    const std::string bytes =
-        oneObject ? objectListing_(doc, model_.EditScope(), model_.EditIndex()) : listing_(doc);
-    BoxVisualisation_->setPlainText(
-        DecodeDocumentText(bytes, doc.Identity.UnlistedCodePage ? doc.Identity.UnlistedCodePage
-                                                                           : SelectedCodePage(doc.Identity)).replace("\r\n", "\n"));
+    textPane_->ShowListing(oneObject ? objectListing_(doc, model_.EditScope(), model_.EditIndex()) : listing_(doc),
+                           PaneCodePage(doc.Identity));
 }
 
 bool MainWindow::FinishIdentityField(QLineEdit* field, bool fid) {

@@ -7,6 +7,7 @@
 
 #include "document/document.h"
 #include "editors/main_window_model.h"
+#include "text/listing_text.h"
 
 class QAction;
 class QComboBox;
@@ -20,15 +21,17 @@ class QPushButton;
 
 namespace mirvane::app {
 
+class TextPane;
+
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
     // Writes the document as text for BoxVisualisation (the listing), in the
     // document's code page; it may log broken objects in the document.
-    using ListingFunction = std::function<std::string(Document&)>;
+    using ListingFunction = std::function<ListingText(Document&)>;
 
     // The text of one object (scope 1 polygon, 2 polyline, 3 POI, and its row).
-    using ObjectListingFunction = std::function<std::string(Document&, int scope, int index)>;
+    using ObjectListingFunction = std::function<ListingText(Document&, int scope, int index)>;
 
     MainWindow(MainWindowModel& model, QWidget* parent = nullptr);
     ~MainWindow() override;
@@ -36,6 +39,7 @@ public:
     MainWindowModel& Model() { return model_; }
     void SetListingFunction(ListingFunction listing, ObjectListingFunction objectListing = {});
     void SetAutoSaveChecked(bool checked);
+    TextPane& Text() { return *textPane_; }
 
     // Redraws every widget from the model.
     void Refresh();
@@ -85,6 +89,7 @@ private:
     QList<QPushButton*> notYetBuilt_;
     QPlainTextEdit* BoxVisualisation_;
     QPushButton *cmdvoirtxt_, *cmdEnregistrer_, *cmdAppliquerModif_;
+    TextPane* textPane_;
 };
 
 }  // namespace mirvane::app

@@ -120,7 +120,7 @@ EnableState MainWindowModel::Enables() const {
     if (!HasDocument()) return state;
     state.ObjectCommands = state.IdentityFields = state.Combos = true;
     state.CreateTyp = state.ViewText = state.DrawOrder = state.Close = true;
-    state.SaveText = false;  // saving the pane's text is not built in yet
+    state.SaveText = true;
     return state;
 }
 

@@ -39,7 +39,6 @@ public:
     Document& Doc() { return doc_; }
     const Document& Doc() const { return doc_; }
     const RecentFiles& Recent() const { return recent_; }
-    // For the windows the main window opens.
     UserPrompts& Prompts() { return prompts_; }
     SettingsStore& Settings() { return settings_; }
 
@@ -90,6 +89,8 @@ public:
     bool DeleteObject(ObjectKind kind, int row);
     // Modifié: the document differs from the file.
     void MarkModified();
+    // Asks whether the existing file at `path` may be replaced.
+    bool ConfirmOverwrite(const std::string& path);
 
     // --- header fields
     static bool IdentityKeyAccepted(char key);  // digits and backspace
@@ -105,7 +106,6 @@ private:
     void Changed();
     void AddRecent(const std::string& path);
     void SetFilePath(const std::string& path);
-    bool ConfirmOverwrite(const std::string& path);
 
     Document& doc_;
     UserPrompts& prompts_;

@@ -42,6 +42,7 @@ inline constexpr std::array kMainWindowTexts = {
     MainWindowText{"mnuCompiler", "mnuCompiler", TextRole::Caption},
     MainWindowText{"mnuLangues", "mnuLangues", TextRole::Caption},
     MainWindowText{"mnuChoixLangue", "mnuChoixLangue", TextRole::Caption},
+    MainWindowText{"mnuEdition", "mnuEdition", TextRole::Caption},
     MainWindowText{"mnuAnnuler", "mnuAnnuler", TextRole::Caption},
     MainWindowText{"mnuCouper", "mnuCouper", TextRole::Caption},
     MainWindowText{"mnuCopier", "mnuCopier", TextRole::Caption},

@@ -1,0 +1,182 @@
+#include "text/text_pane.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QFocusEvent>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStandardPaths>
+#include <QTextCursor>
+
+#include "shell/texts.h"
+#include "text/backups_window.h"
+#include "text/listing_document.h"
+#include "text/search_window.h"
+
+namespace mirvane::app {
+
+namespace {
+
+QAction* MakeAction(QObject* owner, const char* name, const QString& caption, const char* keysShown = nullptr) {
+    // The keys are only shown: the pane and the other fields handle them
+    // themselves, and Delete stays with the object lists.
+    auto* action = new QAction(keysShown ? caption + '\t' + keysShown : caption, owner);
+    action->setObjectName(name);
+    return action;
+}
+
+}  // namespace
+
+QString BackupFolder() {
+    const QString program = QCoreApplication::applicationDirPath();
+    if (QFileInfo(program).isWritable()) return program;
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    QDir().mkpath(data);
+    return data;
+}
+
+TextPane::TextPane(QMainWindow& window, MainWindowModel& model, QPlainTextEdit* pane, QPushButton* apply,
+                   QPushButton* saveText)
+    : QObject(&window), window_(window), model_(model), session_(model, model.Prompts()), pane_(pane),
+      cmdAppliquerModif_(apply), colours_(PaneColours(LoadRtfColours(model.Settings()))) {
+    session_.SetBackupFolder(BackupFolder().toStdString());
+    mnuSauvegardeAuto_ = window.findChild<QAction*>("mnuSauvegardeAuto");
+
+    cmdRecherche_ = new QPushButton(MainTr("Rechercher...", "cmdRecherche"), pane->parentWidget());
+    cmdRecherche_->setObjectName("cmdRecherche");
+    auto* find = new QShortcut(QKeySequence::Find, &window);
+    connect(find, &QShortcut::activated, this, &TextPane::OpenSearch);
+    connect(cmdRecherche_, &QPushButton::clicked, this, &TextPane::OpenSearch);
+
+    BuildEditMenu();
+    if (auto* tools = window.findChild<QMenu*>("mnuOutils")) {
+        auto* backups = MakeAction(&window, "mnuSauvegardeTexte",
+                                   MainTr("Voir les dernières sauvegardes texte", "mnuSauvegardeTexte"));
+        tools->addAction(backups);
+        connect(backups, &QAction::triggered, this, &TextPane::OpenBackups);
+    }
+    if (auto* saveMenu = window.findChild<QAction*>("mnuEnregistrerTxt"))
+        connect(saveMenu, &QAction::triggered, this, &TextPane::SaveText);
+    connect(saveText, &QPushButton::clicked, this, &TextPane::SaveText);
+
+    pane_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(pane_, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& at) { mnuEdition_->popup(pane_->viewport()->mapToGlobal(at)); });
+    connect(pane_, &QPlainTextEdit::textChanged, this, [this] {
+        if (filling_) return;
+        session_.Pane().BoxVisualisation_Change();
+        RedrawApplyButton();
+    });
+    pane_->installEventFilter(this);
+    connect(cmdAppliquerModif_, &QPushButton::clicked, this, &TextPane::Apply);
+    RedrawApplyButton();
+}
+
+void TextPane::BuildEditMenu() {
+    mnuEdition_ = window_.menuBar()->addMenu(MainTr("&Edition", "mnuEdition"));
+    mnuEdition_->setObjectName("mnuEdition");
+    auto add = [this](const char* name, const QString& caption, const char* keys, auto command) {
+        QAction* action = MakeAction(&window_, name, caption, keys);
+        mnuEdition_->addAction(action);
+        paneCommands_ << action;
+        connect(action, &QAction::triggered, this, [this, command] {
+            pane_->setFocus();
+            command();
+        });
+    };
+    add("mnuAnnuler", MainTr("Annuler", "mnuAnnuler"), "Ctrl+Z", [this] { pane_->undo(); });
+    mnuEdition_->addSeparator();
+    add("mnuCouper", MainTr("Couper", "mnuCouper"), "Ctrl+X", [this] { pane_->cut(); });
+    add("mnuCopier", MainTr("Copier", "mnuCopier"), "Ctrl+C", [this] { pane_->copy(); });
+    add("mnuColler", MainTr("Coller", "mnuColler"), "Ctrl+V", [this] { pane_->paste(); });
+    add("mnuSupprimer", MainTr("Supprimer", "mnuSupprimer"), "Suppr", [this] {
+        QTextCursor cursor = pane_->textCursor();
+        if (!pane_->isReadOnly()) cursor.removeSelectedText();
+        pane_->setTextCursor(cursor);
+    });
+    mnuEdition_->addSeparator();
+    add("mnuSelectionnerTout", MainTr("Sélectionner tout", "mnuSelectionnerTout"), "Ctrl+A",
+        [this] { pane_->selectAll(); });
+}
+
+void TextPane::SetColours(const RtfColours& colours) { colours_ = PaneColours(colours); }
+
+void TextPane::ShowListing(const ListingText& listing, int codePage) {
+    filling_ = true;
+    shownCodePage_ = codePage;
+    FillListingDocument(*pane_->document(), listing, codePage, colours_);
+    pane_->moveCursor(QTextCursor::Start);  // a new listing is read from the top
+    textShown_ = true;
+    filling_ = false;
+}
+
+void TextPane::Clear() {
+    filling_ = true;
+    pane_->clear();
+    textShown_ = false;
+    filling_ = false;
+}
+
+void TextPane::RefreshEnables(bool hasDocument) {
+    pane_->setReadOnly(!hasDocument);
+    for (QAction* action : paneCommands_) action->setEnabled(hasDocument);
+    cmdRecherche_->setEnabled(hasDocument);
+}
+
+void TextPane::Apply() {
+    const int scope = model_.EditScope();
+    const bool autoBackup = mnuSauvegardeAuto_ && mnuSauvegardeAuto_->isChecked();
+    const int row = session_.Apply(PaneBytes(*pane_->document(), shownCodePage_), autoBackup);
+    RedrawApplyButton();
+    if (scope != 0) ReselectObject(scope, row);
+}
+
+void TextPane::ReselectObject(int scope, int row) {
+    static const char* const kLists[] = {"ListPolygone", "ListPolyline", "ListPOI"};
+    auto* list = window_.findChild<QListWidget*>(kLists[scope - 1]);
+    if (!list || row < 0 || row >= list->count()) return;
+    list->setCurrentRow(row);
+    list->scrollToItem(list->currentItem());
+}
+
+void TextPane::SaveText() { session_.SaveText(PaneBytes(*pane_->document(), shownCodePage_)); }
+
+void TextPane::OpenSearch() {
+    if (!search_) search_ = new SearchWindow(pane_, model_.Prompts(), &window_);
+    search_->show();
+    search_->raise();
+    search_->activateWindow();
+}
+
+void TextPane::OpenBackups() {
+    auto* backups = new BackupsWindow(session_.Backups(), shownCodePage_, &window_);
+    backups->setAttribute(Qt::WA_DeleteOnClose);
+    backups->show();
+}
+
+void TextPane::RedrawApplyButton() {
+    const TextPaneModel& pane = session_.Pane();
+    cmdAppliquerModif_->setText(QString::fromStdString(pane.cmdAppliquerModif_Caption));
+    cmdAppliquerModif_->setVisible(pane.cmdAppliquerModif_Visible);
+    cmdAppliquerModif_->setEnabled(pane.cmdAppliquerModif_Enabled);
+}
+
+bool TextPane::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == pane_ && event->type() == QEvent::FocusOut &&
+        static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
+        const QWidget* next = QApplication::focusWidget();
+        session_.Pane().BoxVisualisation_LostFocus(textShown_ && !pane_->isReadOnly(), next == pane_);
+        RedrawApplyButton();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+}  // namespace mirvane::app

@@ -1,0 +1,282 @@
+// The text pane driven through its widgets: colours, apply in both scopes,
+// backups, search, saving the text, and a Cyrillic label going round.
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QDialog>
+#include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <memory>
+
+#include "document/presentation.h"
+#include "editors/main_window_model.h"
+#include "scripted_prompts.h"
+#include "shell/application.h"
+#include "shell/main_window.h"
+#include "text/listing.h"
+#include "text/text_pane.h"
+
+using namespace mirvane;
+
+namespace {
+
+// "Москва" in Windows-1251.
+const std::string kMoscow1251 = "\xCC\xEE\xF1\xEA\xE2\xE0";
+
+std::string SampleText() {
+    return "[_id]\r\nProductCode=1\r\nFID=500\r\nCodePage=1251\r\n[End]\r\n\r\n"
+           "[_drawOrder]\r\nType=0x01,1\r\nType=0x02,2\r\n[End]\r\n\r\n"
+           "[_polygon]\r\nType=0x01\r\nString1=0x04," + kMoscow1251 +
+           "\r\nExtendedLabels=N\r\nXpm=\"0 0 1 0\"\r\n\"1 c #FF0000\"\r\n[end]\r\n\r\n"
+           "[_polygon]\r\nType=0x02\r\nExtendedLabels=N\r\nXpm=\"0 0 1 0\"\r\n\"1 c #00FF00\"\r\n[end]\r\n";
+}
+
+}  // namespace
+
+class TextPaneTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> dir_;
+    std::unique_ptr<Document> doc_;
+    std::unique_ptr<ScriptedPrompts> prompts_;
+    std::unique_ptr<MemorySettingsStore> settings_;
+    std::unique_ptr<MainWindowModel> model_;
+    std::unique_ptr<app::MainWindow> window_;
+
+    template <typename T>
+    T* Find(const char* name) {
+        T* widget = window_->findChild<T*>(QString::fromUtf8(name));
+        if (!widget) qFatal("no widget %s", name);
+        return widget;
+    }
+    QPlainTextEdit* Pane() { return Find<QPlainTextEdit>("BoxVisualisation"); }
+    QString Path(const char* name) { return dir_->filePath(name); }
+
+    // Types into the pane as the user would: the change event comes from the widget.
+    void ReplaceInPane(const QString& from, const QString& to) {
+        QTextCursor found = Pane()->document()->find(from);
+        QVERIFY(!found.isNull());
+        Pane()->setTextCursor(found);
+        Pane()->setFocus();
+        QTest::keyClicks(Pane(), to);
+    }
+    void ShowWholeText() { Find<QPushButton>("cmdvoirtxt")->click(); }
+    void PickPolygon(int row) {
+        auto* list = Find<QListWidget>("ListPolygone");
+        list->setCurrentRow(row);
+        emit list->itemClicked(list->item(row));
+    }
+    std::string ListingOfPolygon(int row) { return ListOneObject(*doc_, 1, row, false).Text.Plain(); }
+
+private slots:
+    void init() {
+        dir_ = std::make_unique<QTemporaryDir>();
+        doc_ = std::make_unique<Document>();
+        prompts_ = std::make_unique<ScriptedPrompts>();
+        settings_ = std::make_unique<MemorySettingsStore>();
+        model_ = std::make_unique<MainWindowModel>(*doc_, *prompts_, *settings_, "v0.1.0");
+        window_ = std::make_unique<app::MainWindow>(*model_);
+        app::ConnectTextRoute(*window_, *model_);
+        window_->Text().Session().SetBackupFolder(dir_->path().toStdString());
+        window_->show();
+        QFile file(Path("sample.txt"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(QByteArray::fromStdString(SampleText()));
+        file.close();
+        QVERIFY(model_->OpenText(Path("sample.txt").toStdString()));
+        QCOMPARE(doc_->Polygons.size(), std::size_t(2));
+    }
+
+    void cleanup() {
+        window_.reset();
+        model_.reset();
+    }
+
+    void listingIsColouredAndDecodedInTheDocumentCodePage() {
+        ShowWholeText();
+        QTextDocument* text = Pane()->document();
+        QVERIFY(Pane()->toPlainText().contains(QString::fromUtf8("String1=0x04,Москва")));
+        auto colourAt = [&](const QString& word) {
+            QTextCursor at = text->find(word);
+            return at.charFormat().foreground().color();
+        };
+        QCOMPARE(colourAt("[_polygon]"), QColor(0, 0, 255));  // section head
+        QCOMPARE(colourAt("ProductCode"), QColor(255, 0, 0));     // key
+        QCOMPARE(colourAt("FF0000"), QColor(0, 0, 0));        // the rest
+        QCOMPARE(colourAt("COMMENTAIRES"), QColor(70, 150, 70));  // comment
+        QVERIFY(!Find<QPushButton>("cmdAppliquerModif")->isVisible());
+    }
+
+    void coloursComeFromTheSettings() {
+        settings_->Set(kSettingsSection, "RtfColour3", "\\red10\\green20\\blue30");
+        window_->Text().SetColours(LoadRtfColours(*settings_));
+        ShowWholeText();
+        QCOMPARE(Pane()->document()->find("ProductCode").charFormat().foreground().color(), QColor(10, 20, 30));
+    }
+
+    void applyOnePolygonKeepsItsCyrillicLabelAndReselectsIt() {
+        PickPolygon(0);
+        QVERIFY(Pane()->toPlainText().contains(QString::fromUtf8("Москва")));
+        ReplaceInPane("FF0000", "0000FF");
+        auto* apply = Find<QPushButton>("cmdAppliquerModif");
+        QVERIFY(apply->isVisible() && apply->isEnabled());
+        QCOMPARE(apply->text(), QString::fromUtf8("Cliquer ici pour appliquer les modifications"));
+        apply->click();
+
+        QCOMPARE(doc_->Polygons.size(), std::size_t(2));
+        const std::string listing = ListingOfPolygon(0);
+        QVERIFY(listing.find("#0000FF") != std::string::npos);
+        QVERIFY(listing.find("String1=0x04," + kMoscow1251) != std::string::npos);
+        QVERIFY(ListingOfPolygon(1).find("#00FF00") != std::string::npos);
+        QCOMPARE(Find<QListWidget>("ListPolygone")->currentRow(), 0);
+        QCOMPARE(model_->EditScope(), 1);
+        QVERIFY(Pane()->toPlainText().contains("#0000FF"));
+        QVERIFY(window_->windowTitle().endsWith(QString::fromUtf8(" modifié")));
+        QVERIFY(!apply->isEnabled());
+    }
+
+    void applyWholeDocumentReplacesEverything() {
+        ShowWholeText();
+        QTextCursor second = Pane()->document()->find("Type=0x02");
+        QVERIFY(!second.isNull());
+        // Cut from the second polygon's section to the end.
+        second.movePosition(QTextCursor::PreviousBlock, QTextCursor::MoveAnchor);
+        second.movePosition(QTextCursor::StartOfBlock);
+        second.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+        Pane()->setTextCursor(second);
+        Find<QAction>("mnuSupprimer")->trigger();
+        Find<QPushButton>("cmdAppliquerModif")->click();
+        QCOMPARE(doc_->Polygons.size(), std::size_t(1));
+        QVERIFY(ListingOfPolygon(0).find("String1=0x04," + kMoscow1251) != std::string::npos);
+        QCOMPARE(SelectedCodePage(doc_->Identity), 1251);
+
+        // An emptied pane leaves an empty document.
+        Find<QAction>("mnuSelectionnerTout")->trigger();
+        Find<QAction>("mnuSupprimer")->trigger();
+        Find<QPushButton>("cmdAppliquerModif")->click();
+        QVERIFY(doc_->Polygons.empty());
+        QVERIFY(doc_->DrawOrderRows.empty());
+    }
+
+    void editMenuUndoesOnThePanesOwnStack() {
+        ShowWholeText();
+        const QString before = Pane()->toPlainText();
+        ReplaceInPane("FF0000", "123456");
+        QVERIFY(Pane()->toPlainText() != before);
+        for (int i = 0; i < 6 && Pane()->toPlainText() != before; ++i) Find<QAction>("mnuAnnuler")->trigger();
+        QCOMPARE(Pane()->toPlainText(), before);
+        // The listing itself is not on the stack.
+        Find<QAction>("mnuAnnuler")->trigger();
+        QCOMPARE(Pane()->toPlainText(), before);
+    }
+
+    void backupsWindowStepsThroughThreeApplies() {
+        PickPolygon(1);
+        for (const char* colour : {"111111", "222222", "333333"}) {
+            ReplaceInPane(Pane()->document()->find(QRegularExpression("#[0-9A-F]{6}")).selectedText().mid(1),
+                          colour);
+            Find<QPushButton>("cmdAppliquerModif")->click();
+        }
+        QCOMPARE(window_->Text().Session().Backups().Count(), std::size_t(3));
+        QVERIFY(QFile::exists(Path("Mirvane.save")));
+
+        Find<QAction>("mnuSauvegardeTexte")->trigger();
+        auto* backups = window_->findChild<QDialog*>("frmSauvegardetxt");
+        QVERIFY(backups);
+        QCOMPARE(backups->windowTitle(), QString::fromUtf8("Dernière sauvegarde au format texte  ( 3/3 )"));
+        QVERIFY(backups->findChild<QPlainTextEdit*>("Text1")->toPlainText().contains("333333"));
+        QVERIFY(!backups->findChild<QPushButton*>("cmdSuivant")->isEnabled());
+        backups->findChild<QPushButton*>(QString::fromUtf8("cmdPrécédent"))->click();
+        QCOMPARE(backups->windowTitle(), QString::fromUtf8("Sauvegarde au format texte  ( 2/3 )"));
+        QVERIFY(backups->findChild<QPlainTextEdit*>("Text1")->toPlainText().contains("222222"));
+        if (qEnvironmentVariableIsSet("MIRVANE_SHOTS"))
+            backups->grab().save(qEnvironmentVariable("MIRVANE_SHOTS") + "/frmSauvegardetxt.png");
+        backups->close();
+    }
+
+    void autoBackupOffWritesNothing() {
+        Find<QAction>("mnuSauvegardeAuto")->setChecked(false);
+        ShowWholeText();
+        ReplaceInPane("FF0000", "ABCDEF");
+        Find<QPushButton>("cmdAppliquerModif")->click();
+        QCOMPARE(window_->Text().Session().Backups().Count(), std::size_t(1));
+        QVERIFY(!QFile::exists(Path("Mirvane.save")));
+    }
+
+    void searchAndReplaceAll() {
+        ShowWholeText();
+        Find<QPushButton>("cmdRecherche")->click();
+        auto* search = window_->findChild<QDialog*>("frmRecherche");
+        QVERIFY(search && search->isVisible());
+        search->findChild<QLineEdit*>("Text1")->setText("extendedlabels");
+        search->findChild<QPushButton*>("cmdSuivant")->click();
+        QCOMPARE(Pane()->textCursor().selectedText(), QString("ExtendedLabels"));
+
+        search->findChild<QCheckBox*>("chkCasse")->setChecked(true);
+        Pane()->moveCursor(QTextCursor::Start);
+        search->findChild<QLineEdit*>("txtRemplacer")->setText("Extended Labels Extended");
+        search->findChild<QLineEdit*>("Text1")->setText("Extended");
+        search->findChild<QPushButton*>("cmdRemplacerTout")->click();
+        QVERIFY(!prompts_->Texts("inform").empty());
+        QCOMPARE(QString::fromStdString(prompts_->Texts("inform").back()).section('|', 1),
+                 QString::fromUtf8("2  remplacements effectués"));
+        QCOMPARE(Pane()->toPlainText().count("Extended Labels Extended"), 2);
+        QVERIFY(Find<QPushButton>("cmdAppliquerModif")->isEnabled());
+        if (qEnvironmentVariableIsSet("MIRVANE_SHOTS"))
+            search->grab().save(qEnvironmentVariable("MIRVANE_SHOTS") + "/frmRecherche.png");
+
+        // Nothing more to find: the question to start again, answered No.
+        search->findChild<QLineEdit*>("Text1")->setText("absent word");
+        search->findChild<QPushButton*>("cmdSuivant")->click();
+        QVERIFY(QString::fromStdString(prompts_->Texts("ask").back()).contains("absent word"));
+    }
+
+    void saveTextAndOpenItAgain() {
+        ShowWholeText();
+        const std::string target = Path("saved.txt").toStdString();
+        prompts_->Paths.push_back(target);
+        Find<QAction>("mnuEnregistrerTxt")->trigger();
+        QFile saved(Path("saved.txt"));
+        QVERIFY(saved.open(QIODevice::ReadOnly));
+        const QByteArray bytes = saved.readAll();
+        saved.close();
+        QVERIFY(bytes.contains(QByteArray::fromStdString("String1=0x04," + kMoscow1251 + "\r\n")));
+        QVERIFY(!bytes.contains("\n\n"));
+
+        // Again on the same name: the overwrite question, answered No, then a cancel.
+        prompts_->Paths.push_back(target);
+        Find<QPushButton>("cmdEnregistrer")->click();
+        QVERIFY(QString::fromStdString(prompts_->Texts("ask").back()).contains(QString::fromStdString(target)));
+
+        QVERIFY(model_->OpenText(target));
+        QCOMPARE(doc_->Polygons.size(), std::size_t(2));
+        QVERIFY(ListingOfPolygon(0).find("String1=0x04," + kMoscow1251) != std::string::npos);
+    }
+
+    void leavingThePaneEnablesApply() {
+        ShowWholeText();
+        Pane()->setFocus();
+        QApplication::processEvents();
+        Find<QListWidget>("ListPolygone")->setFocus();
+        QApplication::processEvents();
+        QVERIFY(Find<QPushButton>("cmdAppliquerModif")->isEnabled());
+    }
+
+    void screenshotOfTheMainWindow() {
+        if (!qEnvironmentVariableIsSet("MIRVANE_SHOTS")) QSKIP("set MIRVANE_SHOTS to a folder for pictures");
+        window_->resize(1280, 800);
+        ShowWholeText();
+        QApplication::processEvents();
+        window_->grab().save(qEnvironmentVariable("MIRVANE_SHOTS") + "/text_pane.png");
+    }
+};
+
+QTEST_MAIN(TextPaneTest)
+#include "test_text_pane.moc"
