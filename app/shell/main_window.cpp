@@ -27,8 +27,11 @@
 #include "compiler/compiler_window.h"
 #include "document/presentation.h"
 #include "editors/text_pane_session.h"
+#include "editors/preview_pane.h"
 #include "extra/labels_window.h"
 #include "lang/change_language.h"
+#include "preview/icons_view.h"
+#include "preview/preview_frame.h"
 #include "shell/texts.h"
 #include "text/text_pane.h"
 
@@ -80,7 +83,7 @@ MainWindow::MainWindow(MainWindowModel& model, QWidget* parent) : QMainWindow(pa
     split->setObjectName("splitPrincipal");
     split->addWidget(BuildHeaderPanel());
     split->addWidget(lists);
-    split->addWidget(BuildTextPanel());
+    split->addWidget(BuildPreviewColumn());
     split->setStretchFactor(0, 0);
     split->setStretchFactor(1, 1);
     split->setStretchFactor(2, 3);
@@ -280,10 +283,7 @@ QGroupBox* MainWindow::BuildObjectFrame(const char* frameName, const char* listN
     deleteButtons_[static_cast<int>(kind) - 1] = remove;
     connect(remove, &QPushButton::clicked, this, [this, kind] { DeleteSelected(kind); });
     // Picking a row shows that object's text.
-    connect(list, &QListWidget::itemClicked, this, [this, kind, list] {
-        model_.SetEditScope(static_cast<int>(kind), list->currentRow());
-        RefreshTextPane();
-    });
+    connect(list, &QListWidget::itemClicked, this, [this, kind, list] { PickObject(kind, list->currentRow()); });
     list->installEventFilter(this);  // the Delete key in the list
 
     auto* buttons = new QHBoxLayout;
@@ -314,6 +314,7 @@ QWidget* MainWindow::BuildTextPanel() {
     connect(cmdvoirtxt_, &QPushButton::clicked, this, [this] {
         model_.SetEditScope(0);
         RefreshTextPane();
+        fraApercu_->HideLabelColours();
     });
 
     auto* buttons = new QHBoxLayout;
@@ -327,6 +328,39 @@ QWidget* MainWindow::BuildTextPanel() {
     layout->addWidget(BoxVisualisation_, 1);
     layout->addLayout(buttons);
     return panel;
+}
+
+QWidget* MainWindow::BuildPreviewColumn() {
+    auto* column = new QSplitter(Qt::Vertical);
+    column->setObjectName("splitApercu");
+    fraApercu_ = new PreviewFrame;
+    fraVisualization_ = new IconsFrame;
+    column->addWidget(fraApercu_);
+    column->addWidget(fraVisualization_);
+    column->addWidget(BuildTextPanel());
+    column->setStretchFactor(1, 2);
+    column->setStretchFactor(2, 1);
+    column->setChildrenCollapsible(false);
+    connect(fraApercu_, &PreviewFrame::VisualisationClicked, this, [this, column] {
+        fraVisualization_->Toggle(model_.Doc(), fraApercu_->Background());
+        // The icons take two thirds of what the preview leaves.
+        const int rest = std::max(0, column->height() - fraApercu_->sizeHint().height());
+        if (fraVisualization_->isVisible()) column->setSizes({fraApercu_->sizeHint().height(), rest * 2 / 3, rest / 3});
+    });
+    connect(fraApercu_, &PreviewFrame::BackgroundChanged, this,
+            [this] { fraVisualization_->Rebuild(model_.Doc(), fraApercu_->Background()); });
+    connect(fraVisualization_, &IconsFrame::IconClicked, this, [this](IconRef ref) {
+        ListOf(ref.Kind)->setCurrentRow(ref.Index);
+        PickObject(ref.Kind, ref.Index);
+    });
+    return column;
+}
+
+void MainWindow::PickObject(ObjectKind kind, int row) {
+    model_.SetEditScope(static_cast<int>(kind), row);
+    RefreshTextPane();
+    fraApercu_->ShowObject(model_.Doc(), static_cast<int>(kind), row);
+    if (const auto icon = IconOfRow(static_cast<int>(kind), row)) fraVisualization_->ShowIcon(*icon);
 }
 
 void MainWindow::SetListingFunction(ListingFunction listing, ObjectListingFunction objectListing) {
@@ -348,7 +382,15 @@ void MainWindow::Refresh() {
     RefreshRecentMenu();
     RefreshEnables();
     RefreshTextPane();
+    RefreshPreview();
     refreshing_ = false;
+}
+
+void MainWindow::RefreshPreview() {
+    // The preview follows the object whose text the pane shows.
+    if (model_.EditScope() != 0) fraApercu_->ShowObject(model_.Doc(), model_.EditScope(), model_.EditIndex());
+    else fraApercu_->Reset();
+    fraVisualization_->Rebuild(model_.Doc(), fraApercu_->Background());
 }
 
 void MainWindow::RefreshLists() {

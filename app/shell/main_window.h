@@ -22,6 +22,8 @@ class QPushButton;
 namespace mirvane::app {
 
 class TextPane;
+class IconsFrame;
+class PreviewFrame;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -56,11 +58,16 @@ private:
     QGroupBox* BuildObjectFrame(const char* frameName, const char* listName, const char* kindWord,
                                 QListWidget*& list, ObjectKind kind);
     QWidget* BuildTextPanel();
+    // fraApercu above the icons view and the text pane.
+    QWidget* BuildPreviewColumn();
+    // A row was picked in a list or an icon in the icons view: text, preview, icon.
+    void PickObject(ObjectKind kind, int row);
     void RefreshLists();
     void RefreshIdentity();
     void RefreshRecentMenu();
     void RefreshEnables();
     void RefreshTextPane();
+    void RefreshPreview();
     // On leaving txtFID or txtProductCode: checks the value and hands it to the
     // model; false, with the focus back in the field, when it is refused.
     bool FinishIdentityField(QLineEdit* field, bool fid);
@@ -90,6 +97,8 @@ private:
     QPlainTextEdit* BoxVisualisation_;
     QPushButton *cmdvoirtxt_, *cmdEnregistrer_, *cmdAppliquerModif_;
     TextPane* textPane_;
+    PreviewFrame* fraApercu_;
+    IconsFrame* fraVisualization_;
 };
 
 }  // namespace mirvane::app

@@ -6,11 +6,12 @@
 #include <QTextDocument>
 
 #include "labels/codepage.h"
+#include "shell/texts.h"
 
 namespace mirvane::app {
 
 QString DecodePaneText(const std::string& bytes, int codePage) {
-    QString text = QString::fromStdString(DecodeCodePage(bytes, codePage));
+    QString text = DecodeDocumentText(bytes, codePage);
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     return text;
 }

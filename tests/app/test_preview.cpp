@@ -1,0 +1,190 @@
+// The preview frame and the icons view of the main window, driven through
+// their widgets on a corpus file.
+#include <QApplication>
+#include <QFileInfo>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTest>
+#include <memory>
+
+#include "editors/main_window_model.h"
+#include "preview/icons_view.h"
+#include "preview/preview_frame.h"
+#include "preview/raster_image.h"
+#include "scripted_prompts.h"
+#include "shell/application.h"
+#include "shell/main_window.h"
+
+using namespace mirvane;
+
+namespace {
+
+const QString kCorpusFile = QString(MIRVANE_SHARED_DIR) + "/corpus/binary/jbm-osm.typ";
+
+// Pictures go to this folder when it is set, for looking at them.
+const QByteArray kShotsFolder = qgetenv("MIRVANE_PREVIEW_SHOTS");
+
+}  // namespace
+
+class PreviewTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<Document> doc_;
+    std::unique_ptr<ScriptedPrompts> prompts_;
+    std::unique_ptr<MemorySettingsStore> settings_;
+    std::unique_ptr<MainWindowModel> model_;
+    std::unique_ptr<app::MainWindow> window_;
+
+    template <typename T>
+    T* Find(const char* name) {
+        T* widget = window_->findChild<T*>(name);
+        if (!widget) qFatal("no widget %s", name);
+        return widget;
+    }
+    app::PreviewFrame* Frame() { return Find<app::PreviewFrame>("fraApercu"); }
+    app::IconsFrame* Icons() { return Find<app::IconsFrame>("fraVisualization"); }
+    QListWidget* List(ObjectKind kind) {
+        return Find<QListWidget>(kind == ObjectKind::Polygon ? "ListPolygone"
+                                 : kind == ObjectKind::Polyline ? "ListPolyline" : "ListPOI");
+    }
+
+    void Pick(ObjectKind kind, int row) {
+        QListWidget* list = List(kind);
+        QVERIFY(row < list->count());
+        list->scrollToItem(list->item(row));
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+        QCOMPARE(list->currentRow(), row);
+    }
+
+    // Pixels of Apercus(index) that differ from the preview's background.
+    int DrawnPixels(int index) {
+        const QImage image = Find<app::RasterPicture>(qPrintable(QString("Apercus(%1)").arg(index)))->Image();
+        const QRgb background = app::RasterQColor(Frame()->Background()).rgb();
+        int drawn = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) drawn += image.pixel(x, y) != background;
+        return drawn;
+    }
+
+    void Shot(const QString& name) {
+        if (kShotsFolder.isEmpty()) return;
+        QApplication::processEvents();
+        window_->grab().save(QString(kShotsFolder) + "/" + name + ".png");
+    }
+
+private slots:
+    void init() {
+        if (!QFileInfo::exists(kCorpusFile)) QSKIP(qPrintable("no corpus file " + kCorpusFile));
+        doc_ = std::make_unique<Document>();
+        prompts_ = std::make_unique<ScriptedPrompts>();
+        settings_ = std::make_unique<MemorySettingsStore>();
+        model_ = std::make_unique<MainWindowModel>(*doc_, *prompts_, *settings_, "v0.1.0");
+        window_ = std::make_unique<app::MainWindow>(*model_);
+        app::ConnectTextRoute(*window_, *model_);
+        window_->resize(1280, 800);
+        window_->show();
+        model_->OpenAny(kCorpusFile.toStdString());
+        QVERIFY(List(ObjectKind::Polygon)->count() > 0);
+        QVERIFY(List(ObjectKind::Polyline)->count() > 0);
+        QVERIFY(List(ObjectKind::Poi)->count() > 0);
+    }
+
+    void cleanup() {
+        window_.reset();
+        model_.reset();
+    }
+
+    void pickingEachKindShowsItsPicture() {
+        QCOMPARE(DrawnPixels(0), 0);
+        for (ObjectKind kind : {ObjectKind::Polygon, ObjectKind::Polyline, ObjectKind::Poi}) {
+            Pick(kind, 0);
+            QVERIFY2(DrawnPixels(0) > 0, qPrintable(QString("kind %1").arg(static_cast<int>(kind))));
+            QCOMPARE(Frame()->Model().State().EditScope, static_cast<int>(kind));
+        }
+        QVERIFY(Find<QPlainTextEdit>("BoxVisualisation")->toPlainText().contains("[_point]"));
+        Shot("apercu-poi-seul");
+        QTest::mouseClick(Find<QRadioButton>("optSuperposition"), Qt::LeftButton);
+        QVERIFY(!Find<QWidget>("sldZoom")->isEnabled());
+        Shot("apercu-poi-superposition");
+
+        model_->Close();  // nothing is picked any more
+        QCOMPARE(DrawnPixels(0), 0);
+        QVERIFY(!Find<QPushButton>("cmdCouleurfond")->isEnabled());
+        QVERIFY(!Find<QWidget>("Label4")->isVisible());
+    }
+
+    void aMosaicOfAPoiIsEmpty() {
+        Pick(ObjectKind::Polygon, std::min(13, List(ObjectKind::Polygon)->count() - 1));  // a pattern in jbm-osm
+        Shot("apercu-polygone-seul");
+        QTest::mouseClick(Find<QRadioButton>("optMosaique"), Qt::LeftButton);
+        QVERIFY(Find<QRadioButton>("optMosaique")->isChecked());
+        QVERIFY(DrawnPixels(0) > 0);
+        Shot("apercu-polygone-mosaique");
+        Pick(ObjectKind::Polyline, 0);
+        Pick(ObjectKind::Poi, 0);
+        QVERIFY(!Find<QRadioButton>("optMosaique")->isEnabled());
+        QCOMPARE(DrawnPixels(0), 0);
+        QCOMPARE(DrawnPixels(1), 0);
+        QTest::mouseClick(Find<QRadioButton>("optSuperposition"), Qt::LeftButton);
+        Shot("apercu-polygone-superposition");
+        QVERIFY(DrawnPixels(0) > 0);
+    }
+
+    void theBackgroundButtonRepaintsThePreview() {
+        Pick(ObjectKind::Poi, 0);
+        RasterColour asked = 0;
+        Frame()->SetColourChooser([&asked](RasterColour current) -> std::optional<RasterColour> {
+            asked = current;
+            return 0x00204060;
+        });
+        QTest::mouseClick(Find<QPushButton>("cmdCouleurfond"), Qt::LeftButton);
+        QCOMPARE(asked, kDefaultPreviewBackground);
+        QCOMPARE(Frame()->Background(), RasterColour{0x00204060});
+        const QImage day = Find<app::RasterPicture>("Apercus(0)")->Image();
+        QCOMPARE(day.pixel(0, 0), qRgb(0x60, 0x40, 0x20));
+
+        Frame()->SetColourChooser([](RasterColour) { return std::nullopt; });  // cancelled
+        QTest::mouseClick(Find<QPushButton>("cmdCouleurfond"), Qt::LeftButton);
+        QCOMPARE(Frame()->Background(), RasterColour{0x00204060});
+    }
+
+    void anIconClickSelectsItsRowAndARowScrollsToItsIcon() {
+        QVERIFY(!Icons()->isVisible());
+        Pick(ObjectKind::Polygon, std::min(13, List(ObjectKind::Polygon)->count() - 1));
+        QTest::mouseClick(Find<QPushButton>("cmdVisualisation"), Qt::LeftButton);
+        QVERIFY(Icons()->isVisible());
+        Shot("icones");
+        const IconsViewModel& icons = Icons()->Model();
+        QCOMPARE(icons.Counts().Pois, List(ObjectKind::Poi)->count());
+
+        const int poi = std::min(3, List(ObjectKind::Poi)->count() - 1);
+        const RasterRect cell = icons.Grid().CellOf(*icons.Counts().NumberOf({ObjectKind::Poi, poi}));
+        QTest::mouseClick(Icons()->Picture(), Qt::LeftButton, {},
+                          QPoint(cell.Left + cell.Width / 2, cell.Top + cell.Height / 2));
+        QCOMPARE(List(ObjectKind::Poi)->currentRow(), poi);
+        QCOMPARE(Frame()->Model().State().EditScope, 3);
+        QVERIFY(Find<QPlainTextEdit>("BoxVisualisation")->toPlainText().contains("[_point]"));
+        QTest::mouseClick(Icons()->Picture(), Qt::LeftButton, {}, QPoint(1, 1));  // the margin picks nothing
+        QCOMPARE(List(ObjectKind::Poi)->currentRow(), poi);
+
+        auto* scroll = Find<QScrollBar>("VScroll1");
+        scroll->setValue(0);
+        const int last = List(ObjectKind::Poi)->count() - 1;
+        Pick(ObjectKind::Poi, last);
+        const RasterRect lastCell = icons.Grid().CellOf(*icons.Counts().NumberOf({ObjectKind::Poi, last}));
+        const int viewHeight = Find<QWidget>("Picture5")->findChild<QWidget*>("qt_scrollarea_viewport")->height();
+        if (lastCell.Top + lastCell.Height > viewHeight) QVERIFY(scroll->value() > 0);
+        QVERIFY(lastCell.Top >= scroll->value());
+        QVERIFY(lastCell.Top + lastCell.Height <= scroll->value() + viewHeight);
+        Shot("icones-dernier-poi");
+
+        QTest::mouseClick(Find<QPushButton>("cmdVisualisation"), Qt::LeftButton);
+        QVERIFY(!Icons()->isVisible());
+    }
+};
+
+QTEST_MAIN(PreviewTest)
+#include "test_preview.moc"
