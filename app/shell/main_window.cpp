@@ -24,6 +24,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "colour/colour_identifier.h"
 #include "compiler/compiler_window.h"
 #include "document/presentation.h"
 #include "editors/text_pane_session.h"
@@ -145,6 +146,10 @@ void MainWindow::BuildMenus() {
     mnuTypSpeciaux_->setEnabled(false);
     mnuOuvrirTypMapset_->setEnabled(false);
     tools->addActions({mnuSauvegardeAuto_, mnuTypSpeciaux_});
+    QAction* mnuCouleurIdentifieur = MakeAction(
+        this, "mnuCouleurIdentifieur", MainTr("&Identifieur de couleur et de type...", "mnuCouleurIdentifieur"));
+    tools->addAction(mnuCouleurIdentifieur);
+    connect(mnuCouleurIdentifieur, &QAction::triggered, this, [this] { ShowColourIdentifier(this); });
     auto* mnuCompiler = tools->addAction(MainTr("Compiler un fichier txt avec cGPSmapper...", "mnuCompiler"));
     mnuCompiler->setObjectName("mnuCompiler");
     connect(mnuCompiler, &QAction::triggered, this, [this] {

@@ -1,0 +1,41 @@
+// frmColorIdentifier: a small tool window that follows the pointer and shows
+// the colour of the screen under it, with the type and subtype that colour
+// stands for in an identification TYP.
+#pragma once
+
+#include <QWidget>
+
+#include "colour/screen_reader.h"
+#include "editors/palette_dialog_model.h"
+
+class QLabel;
+class QTimer;
+
+namespace mirvane::app {
+
+class ColourIdentifierWindow : public QWidget {
+    Q_OBJECT
+public:
+    explicit ColourIdentifierWindow(QWidget* parent = nullptr);
+
+    void SetScreenReader(ScreenReader reader) { screenReader_ = std::move(reader); }
+    // One tick of Timer1, at the pointer's place.
+    void Tick(const QPoint& pointer);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    ScreenReader screenReader_;
+    SuiviCurseur pointer_;
+    QTimer* timer1_;
+    QLabel *picture1_, *label1_, *type_, *subType_;
+    Magnifier* loupe_;
+};
+
+// The menu entry mnuCouleurIdentifieur: shows the one window of `owner`,
+// making it the first time.
+void ShowColourIdentifier(QWidget* owner);
+
+}  // namespace mirvane::app
