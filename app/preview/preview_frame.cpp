@@ -1,7 +1,6 @@
 #include "preview/preview_frame.h"
 
 #include <QButtonGroup>
-#include <QColorDialog>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -9,6 +8,8 @@
 #include <QSlider>
 #include <QVBoxLayout>
 
+#include "colour/palette_dialog.h"
+#include "editors/palette_dialog_model.h"
 #include "editors/preview_pane.h"
 #include "preview/raster_image.h"
 #include "shell/texts.h"
@@ -25,10 +26,12 @@ Widget* Named(Widget* widget, const char* name) {
 
 }  // namespace
 
+// The background comes from the Garmin palette dialog, as every colour of the program does.
 std::optional<RasterColour> ChooseColourWithDialog(RasterColour current, QWidget* parent) {
-    const QColor chosen = QColorDialog::getColor(RasterQColor(current), parent);
-    if (!chosen.isValid()) return std::nullopt;
-    return QColorRaster(chosen);
+    const auto chosen =
+        ChooseGarminColour(parent, current, static_cast<int>(PaletteCaller::PreviewBackground));
+    if (!chosen) return std::nullopt;
+    return static_cast<RasterColour>(*chosen);
 }
 
 PreviewFrame::PreviewFrame(QWidget* parent) : QGroupBox(MainTr("Aperçu", "fraApercu"), parent) {
