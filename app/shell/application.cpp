@@ -10,10 +10,12 @@
 #include "document/document.h"
 #include "editors/main_window_model.h"
 #include "editors/startup.h"
+#include "lang/change_language.h"
 #include "lang/lookup.h"
 #include "shell/dialog_prompts.h"
 #include "shell/main_window.h"
 #include "shell/qt_settings_store.h"
+#include "shell/texts.h"
 #include "shell/update_check.h"
 #include "text/text_pane.h"
 #include "text/listing.h"
@@ -26,8 +28,10 @@ std::string ProgramVersionText() {
 }
 
 QString FindLanguageFolder() {
-    const QString beside = QDir(QCoreApplication::applicationDirPath()).filePath("Langues");
-    if (QFileInfo(beside).isDir()) return beside;
+    // Beside the program (the build tree gets a copy), ../share/mirvane of a
+    // moved installation, the user's data folder, then the installed prefix.
+    const QString chosen = Q(ChooseLanguageFolder(QCoreApplication::applicationDirPath().toStdString()));
+    if (QFileInfo(chosen).isDir()) return chosen;
     return QDir(MIRVANE_DATA_DIR).filePath("Langues");
 }
 
@@ -95,6 +99,7 @@ int RunMirvane(const QStringList& arguments) {
     if (checkForUpdate) StartUpdateCheck(QString::fromStdString(UpdateAddress(settings)), &window);
     ConnectTextRoute(window, model);
     window.SetAutoSaveChecked(AutoSaveSetting(settings));
+    if (LanguageName() != kBuiltInLanguage) ChangerLangue1(window);
     window.show();
 
     const QString pending = args.value(0);

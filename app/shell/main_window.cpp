@@ -25,9 +25,12 @@
 #include <QVBoxLayout>
 
 #include "colour/colour_identifier.h"
+#include "compiler/compiler_window.h"
 #include "document/presentation.h"
 #include "editors/text_pane_session.h"
 #include "editors/preview_pane.h"
+#include "extra/labels_window.h"
+#include "lang/change_language.h"
 #include "preview/icons_view.h"
 #include "preview/preview_frame.h"
 #include "shell/texts.h"
@@ -92,6 +95,13 @@ MainWindow::MainWindow(MainWindowModel& model, QWidget* parent) : QMainWindow(pa
     margins->setContentsMargins(6, 4, 6, 2);
     margins->addWidget(split);
     setCentralWidget(central);
+
+    // After the edit menu of the text pane.
+    QMenu* languages = menuBar()->addMenu(MainTr("&Langues", "mnuLangues"));
+    languages->setObjectName("mnuLangues");
+    QAction* mnuChoixLangue = languages->addAction(MainTr("Choisir la langue...", "mnuChoixLangue"));
+    mnuChoixLangue->setObjectName("mnuChoixLangue");
+    connect(mnuChoixLangue, &QAction::triggered, this, [this] { OpenLanguagesWindow(*this); });
     statusBar()->setObjectName("barreEtat");
     resize(1280, 800);
 
@@ -140,6 +150,13 @@ void MainWindow::BuildMenus() {
         this, "mnuCouleurIdentifieur", MainTr("&Identifieur de couleur et de type...", "mnuCouleurIdentifieur"));
     tools->addAction(mnuCouleurIdentifieur);
     connect(mnuCouleurIdentifieur, &QAction::triggered, this, [this] { ShowColourIdentifier(this); });
+    auto* mnuCompiler = tools->addAction(MainTr("Compiler un fichier txt avec cGPSmapper...", "mnuCompiler"));
+    mnuCompiler->setObjectName("mnuCompiler");
+    connect(mnuCompiler, &QAction::triggered, this, [this] {
+        auto* compiler = new CompilerWindow(model_.Settings(), model_.Prompts(), this);
+        compiler->setAttribute(Qt::WA_DeleteOnClose);
+        compiler->open();
+    });
 
     connect(mnuNouveau_, &QAction::triggered, this, [this] {
         if (CommitIdentityEdits()) model_.New();
@@ -203,7 +220,12 @@ QWidget* MainWindow::BuildHeaderPanel() {
     cmdDraworder_ = MakeButton(header, "cmdDraworder", MainTr("Draw order...", "cmdDraworder"));
     cmdIcones_ = MakeButton(header, "cmdIcones", MainTr("Icônes", "cmdIcones"));
     cmdLabels_ = MakeButton(header, "cmdLabels", MainTr("Labels...", "cmdLabels"));
-    notYetBuilt_ << cmdDraworder_ << cmdIcones_ << cmdLabels_;
+    notYetBuilt_ << cmdDraworder_ << cmdIcones_;
+    connect(cmdLabels_, &QPushButton::clicked, this, [this] {
+        auto* labels = new LabelsWindow(model_.Doc(), this);
+        labels->setAttribute(Qt::WA_DeleteOnClose);
+        labels->open();
+    });
     auto* tools = new QHBoxLayout;
     tools->addWidget(cmdDraworder_);
     tools->addWidget(cmdIcones_);
@@ -430,6 +452,7 @@ void MainWindow::RefreshEnables() {
     cbbCodepage_->setEnabled(state.Combos);
     cbbHeadersize_->setEnabled(state.Combos);
     cmdCreerTYP_->setEnabled(state.CreateTyp);
+    cmdLabels_->setEnabled(model_.HasDocument() && ChosenHeaderSize(model_.Doc().Identity) >= 156);
     mnuEnregistrerTyp_->setEnabled(state.CreateTyp);
     mnufermer_->setEnabled(state.Close);
     mnuouvrirtxt_->setEnabled(state.OpenText);

@@ -26,8 +26,11 @@ std::string LengthCaption(const std::string& fileLengthText) {
 }
 
 std::vector<std::string> HeaderSizeItems() {
-    return {"91 (ancien format)", "110 (+ Extra POI)", "156 (+ labels)", "164 (+ inconnu...)",
-            "174 (+ Active Routing)"};
+    return {"91 " + LookupText("Main", "(ancien format)", "cbbHeaderSize0"),
+            "110 " + LookupText("Main", "(+ Extra POI)", "cbbHeaderSize1"),
+            "156 " + LookupText("Main", "(+ labels)", "cbbHeaderSize2"),
+            "164 " + LookupText("Main", "(+ inconnu...)", "cbbHeaderSize3"),
+            "174 " + LookupText("Main", "(+ Active Routing)", "cbbHeaderSize4")};
 }
 
 void SelectHeaderSize(IdentityFields& fields, int headerSize) {

@@ -1,0 +1,184 @@
+// The change of language in the main window, frmLangues driven by its widgets,
+// and the windows opened from the main window: frmLabels and frmCompiler.
+#include <QAction>
+#include <QDialog>
+#include <QDir>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <memory>
+
+#include "compiler/compiler_window.h"
+#include "document/binary_reader.h"
+#include "editors/main_window_model.h"
+#include "extra/labels_window.h"
+#include "lang/change_language.h"
+#include "lang/lookup.h"
+#include "scripted_prompts.h"
+#include "shell/application.h"
+#include "shell/main_window.h"
+
+using namespace mirvane;
+
+namespace {
+
+const QString kCorpus = QString(MIRVANE_SHARED_DIR) + "/corpus/binary/";
+
+// Where the pictures of the windows go, when asked for.
+void Picture(QWidget& widget, const char* name) {
+    const QString folder = qEnvironmentVariable("MIRVANE_SCREENSHOTS");
+    if (!folder.isEmpty()) widget.grab().save(folder + "/" + name);
+}
+
+}  // namespace
+
+class LanguagesTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<Document> doc_;
+    std::unique_ptr<ScriptedPrompts> prompts_;
+    std::unique_ptr<MemorySettingsStore> settings_;
+    std::unique_ptr<MainWindowModel> model_;
+    std::unique_ptr<app::MainWindow> window_;
+
+    template <typename T>
+    T* Find(QObject* parent, const char* name) {
+        T* found = parent->findChild<T*>(name);
+        if (!found) qFatal("no %s", name);
+        return found;
+    }
+
+    // Picks `language` in frmLangues opened from the menu.
+    void ChooseLanguage(const QString& language) {
+        Find<QAction>(window_.get(), "mnuChoixLangue")->trigger();
+        auto* dialog = Find<QDialog>(window_.get(), "frmLangues");
+        Picture(*dialog, "languages_window.png");
+        auto* list = Find<QListWidget>(dialog, "lstLang");
+        const auto rows = list->findItems(language, Qt::MatchExactly);
+        QCOMPARE(rows.size(), 1);
+        list->setCurrentItem(rows.front());
+        QTest::mouseClick(Find<QPushButton>(dialog, "cmdOK"), Qt::LeftButton);
+        QApplication::processEvents();
+    }
+
+    void Open(const char* file) {
+        if (!QFileInfo(kCorpus + file).exists()) QSKIP("no corpus");
+        model_->OpenTyp((kCorpus + file).toStdString());
+    }
+
+private slots:
+    void initTestCase() { SetLanguageFolder(QString(MIRVANE_SOURCE_DIR "/Langues").toStdString()); }
+
+    void init() {
+        SetLanguageName(kBuiltInLanguage);
+        doc_ = std::make_unique<Document>();
+        prompts_ = std::make_unique<ScriptedPrompts>();
+        settings_ = std::make_unique<MemorySettingsStore>();
+        model_ = std::make_unique<MainWindowModel>(*doc_, *prompts_, *settings_, "v0.1.0");
+        window_ = std::make_unique<app::MainWindow>(*model_);
+        app::ConnectTextRoute(*window_, *model_);
+        window_->show();
+    }
+    void cleanup() {
+        window_.reset();
+        model_.reset();
+        SetLanguageName(kBuiltInLanguage);
+    }
+
+    void englishTranslatesTheMainWindowAndFrenchAsksForARestart() {
+        Open("jbm-osm.typ");
+        auto* polygons = Find<QGroupBox>(window_.get(), "fraPolygone");
+        const QString count = " (" + QString::number(doc_->PolygonCount()) + ")";
+        QVERIFY(polygons->title().startsWith("Liste des polygones"));
+        prompts_->Log.clear();
+        ChooseLanguage("English");
+        QCOMPARE(QString::fromStdString(LanguageName()), QString("English"));
+        QCOMPARE(settings_->Get("Paramètres", "Langue"), std::optional<std::string>("English"));
+        QVERIFY(polygons->title().startsWith("Polygons"));
+        QVERIFY(polygons->title().endsWith(count));
+        QCOMPARE(Find<QMenu>(window_.get(), "mnuFichier")->title(), QString("&File"));
+        QCOMPARE(Find<QAction>(window_.get(), "mnuOuvrirTYP")->text(), QString("&Open a TYP..."));
+        QCOMPARE(Find<QPushButton>(window_.get(), "cmdvoirtxt")->text(), QString("Show the text"));
+        QCOMPARE(Find<QPushButton>(window_.get(), "cmdAddPOI")->toolTip(), QString("Add a new POI"));
+        QVERIFY(prompts_->Log.empty());
+        Picture(*window_, "main_window_english.png");
+
+        ChooseLanguage(QString::fromUtf8("Français"));
+        QCOMPARE(QString::fromStdString(LanguageName()), QString("Francais"));
+        QCOMPARE(settings_->Get("Paramètres", "Langue"), std::optional<std::string>("Francais"));
+        QCOMPARE(prompts_->Texts("inform"),
+                 std::vector<std::string>{"Mirvane|Restart Mirvane to apply changes to Main Window"});
+        // Until the restart the menus keep their English texts.
+        QCOMPARE(Find<QMenu>(window_.get(), "mnuFichier")->title(), QString("&File"));
+    }
+
+    void theSameLanguageChangesNothing() {
+        ChooseLanguage(QString::fromUtf8("Français"));
+        QVERIFY(!settings_->Get("Paramètres", "Langue"));
+        QVERIFY(prompts_->Log.empty());
+        QCOMPARE(Find<QMenu>(window_.get(), "mnuFichier")->title(), QString("&Fichier"));
+    }
+
+    void labelsFollowTheHeaderSize() {
+        auto* labels = Find<QPushButton>(window_.get(), "cmdLabels");
+        QVERIFY(!labels->isEnabled());
+        Open("suke-tmz.typ");
+        QVERIFY(!labels->isEnabled());
+        Open("jbm-osm.typ");
+        QVERIFY(labels->isEnabled());
+        QTest::mouseClick(labels, Qt::LeftButton);
+        auto* dialog = Find<QDialog>(window_.get(), "frmLabels");
+        QVERIFY(dialog->windowTitle().startsWith(QString::fromUtf8("Liste des POIs supplémentaires")));
+        QVERIFY(!Find<QPlainTextEdit>(dialog, "txtLabels")->toPlainText().isEmpty());
+        Picture(*dialog, "labels_window_empty.png");
+    }
+
+    void labelsShowBytesInTheDocumentsCodePage() {
+        Document doc;
+        doc.Identity.CodePageIndex = 0;  // 1250
+        doc.Extra2.LabelTable1RecordSize = 2;
+        doc.Extra2.LabelTable2RecordSize = 1;
+        doc.LabelTextBytes = {0x8a, 'k', 'o', 'd', 'a', 0, 'B', 0};
+        doc.Extra2.LabelTextLength = static_cast<int>(doc.LabelTextBytes.size());
+        doc.LabelTable1Bytes = {0x01, 0xab, 0x02, 0x00};
+        doc.LabelTable2Bytes = {0x7f, 0x80};
+        app::LabelsWindow window(doc);
+        QVERIFY(window.windowTitle().endsWith("  (2)"));
+        const QString text = Find<QPlainTextEdit>(&window, "txtLabels")->toPlainText();
+        QCOMPARE(text, QString::fromUtf8("\n 01 AB\t 7F\t\tŠkoda\n 02 00\t 80\t\tB"));
+        Picture(window, "labels_window.png");
+    }
+
+    void compilerStartsTheToolWithTheTextAndTheTyp() {
+        QTemporaryDir folder;
+        settings_->Set("cGPSmapper", "Chemin", "/opt/cgpsmapper/cgpsmapper");
+        Find<QAction>(window_.get(), "mnuCompiler")->trigger();
+        auto* dialog = Find<app::CompilerWindow>(window_.get(), "frmCompiler");
+        QVERIFY(prompts_->Log.empty());  // the tool's path was stored
+        QCOMPARE(Find<QLineEdit>(dialog, "txtChemincGPSmapper")->text(), QString("/opt/cgpsmapper/cgpsmapper"));
+        std::optional<CompilerCommand> started;
+        dialog->Start = [&started](const CompilerCommand& command) {
+            started = command;
+            return true;
+        };
+        auto* text = Find<QLineEdit>(dialog, "txtFichiertxt");
+        text->setFocus();
+        QTest::keyClicks(text, folder.filePath("map.txt"));
+        QCOMPARE(Find<QLineEdit>(dialog, "txtFichierTyp")->text(), folder.filePath("map.typ"));
+        Picture(*dialog, "compiler_window.png");
+        QTest::mouseClick(Find<QPushButton>(dialog, "Command1"), Qt::LeftButton);
+        QVERIFY(started);
+        QCOMPARE(started->CommandLine, "/opt/cgpsmapper/cgpsmapper typ " + folder.filePath("map.txt").toStdString() +
+                                           " " + folder.filePath("map.typ").toStdString());
+        QVERIFY(QFileInfo(folder.filePath("map.typ")).exists());  // made empty before the tool runs
+    }
+};
+
+QTEST_MAIN(LanguagesTest)
+#include "test_languages.moc"

@@ -1,0 +1,126 @@
+// frmLangues: the list, the choice, the stored setting and the restart
+// message in the words of the language left.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "editors/languages_model.h"
+#include "lang/lookup.h"
+#include "scripted_prompts.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class LanguagesModelTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        folder_ = fs::temp_directory_path() / ("mirvane_langs_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) +
+                                               ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        fs::create_directories(folder_);
+        Write("English", "[Langues]\nRedemarrer=Please restart\n[Main]\nfraPOI=POIs\n");
+        Write("Deutsch", "[Main]\nfraPOI=POIs\n");
+        savedFolder_ = mirvane::LanguageFolder();
+        savedName_ = mirvane::LanguageName();
+        mirvane::SetLanguageFolder(folder_.string());
+    }
+    void TearDown() override {
+        mirvane::SetLanguageFolder(savedFolder_);
+        mirvane::SetLanguageName(savedName_);
+        fs::remove_all(folder_);
+    }
+    void Write(const std::string& name, const std::string& text) {
+        std::ofstream(folder_ / (name + ".lng"), std::ios::binary) << text;
+    }
+    int RowOf(const mirvane::LanguagesModel& model, const std::string& name) {
+        for (std::size_t i = 0; i < model.lstLang.size(); ++i)
+            if (model.lstLang[i] == name) return static_cast<int>(i);
+        return -1;
+    }
+
+    fs::path folder_;
+    std::string savedFolder_, savedName_;
+    mirvane::MemorySettingsStore settings_;
+    ScriptedPrompts prompts_;
+};
+
+TEST_F(LanguagesModelTest, FrenchComesFirstAndTheCurrentLanguageIsSelected) {
+    mirvane::SetLanguageName(mirvane::kBuiltInLanguage);
+    mirvane::LanguagesModel model(settings_, prompts_);
+    model.Form_Load();
+    EXPECT_EQ(model.Caption, "Langues disponibles");
+    ASSERT_EQ(model.lstLang.size(), 3u);
+    EXPECT_EQ(model.lstLang[0], "Français");
+    EXPECT_EQ(model.SelectedRow, 0);
+
+    mirvane::SetLanguageName("English");
+    model.Form_Load();
+    EXPECT_EQ(model.SelectedRow, RowOf(model, "English"));
+}
+
+TEST_F(LanguagesModelTest, SameLanguageChangesNothing) {
+    mirvane::SetLanguageName("English");
+    mirvane::LanguagesModel model(settings_, prompts_);
+    model.Form_Load();
+    EXPECT_EQ(model.cmdOK_Click(), mirvane::LanguageChange::Unchanged);
+    EXPECT_FALSE(model.Visible);
+    EXPECT_FALSE(settings_.Get("Paramètres", "Langue"));
+    EXPECT_TRUE(prompts_.Log.empty());
+}
+
+TEST_F(LanguagesModelTest, AnotherLanguageIsStoredAndTranslatesAtOnce) {
+    mirvane::SetLanguageName(mirvane::kBuiltInLanguage);
+    mirvane::LanguagesModel model(settings_, prompts_);
+    model.Form_Load();
+    model.SelectedRow = RowOf(model, "Deutsch");
+    EXPECT_EQ(model.cmdOK_Click(), mirvane::LanguageChange::Translated);
+    EXPECT_EQ(mirvane::LanguageName(), "Deutsch");
+    EXPECT_EQ(settings_.Get("Paramètres", "Langue"), "Deutsch");
+    EXPECT_TRUE(prompts_.Log.empty());
+}
+
+TEST_F(LanguagesModelTest, BackToFrenchStoresFrancaisAndAsksForARestartInTheOldLanguage) {
+    mirvane::SetLanguageName("English");
+    mirvane::LanguagesModel model(settings_, prompts_);
+    model.Form_Load();
+    model.SelectedRow = 0;
+    EXPECT_EQ(model.cmdOK_Click(), mirvane::LanguageChange::BackToFrench);
+    EXPECT_EQ(mirvane::LanguageName(), "Francais");
+    EXPECT_EQ(settings_.Get("Paramètres", "Langue"), "Francais");
+    EXPECT_EQ(prompts_.Texts("inform"), std::vector<std::string>{"Mirvane|Please restart"});
+
+    // A language file without the key gives the English default.
+    prompts_.Log.clear();
+    mirvane::SetLanguageName("Deutsch");
+    model.Form_Load();
+    model.SelectedRow = 0;
+    model.cmdOK_Click();
+    EXPECT_EQ(prompts_.Texts("inform"),
+              std::vector<std::string>{"Mirvane|Restart Mirvane to apply changes to Main Window"});
+}
+
+TEST_F(LanguagesModelTest, AStrayFrancaisFileChangesMessagesButNotCaptions) {
+    Write("Francais", "[Langues]\nfrmLangues=Langues\ncmdOK=D'accord\n");
+    mirvane::SetLanguageName(mirvane::kBuiltInLanguage);
+    mirvane::LanguagesModel model(settings_, prompts_);
+    model.Form_Load();
+    EXPECT_EQ(model.Caption, "Langues disponibles");
+    EXPECT_EQ(model.cmdOK_Caption, "OK");
+    EXPECT_EQ(mirvane::LookupText("Langues", "OK", "cmdOK"), "D'accord");
+
+    mirvane::SetLanguageName("English");
+    Write("English", "[Langues]\nfrmLangues=Available languages\n");
+    model.Form_Load();
+    EXPECT_EQ(model.Caption, "Available languages");
+}
+
+TEST_F(LanguagesModelTest, AMissingFolderListsOnlyFrench) {
+    mirvane::SetLanguageFolder((folder_ / "absent").string());
+    mirvane::LanguagesModel model(settings_, prompts_);
+    model.Form_Load();
+    EXPECT_EQ(model.lstLang, std::vector<std::string>{"Français"});
+    EXPECT_EQ(mirvane::LookupTextIn("English", "Langues", "x", "Redemarrer"), "x");
+}
+
+}  // namespace
