@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
-#include <iterator>
 
 #include "document/encoding.h"
 #include "document/presentation.h"
@@ -559,13 +557,6 @@ void BinaryTypReader::ReadGap() {
 void ReadBinaryTyp(Document& doc, const Bytes& file, const std::string& path) {
     doc.Reset();
     BinaryTypReader(doc, file).Read(path);
-}
-
-bool ReadWholeFile(const std::string& path, Bytes& out) {
-    std::ifstream stream(path, std::ios::binary);
-    if (!stream) return false;
-    out.assign(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
-    return !stream.bad();
 }
 
 bool OpenBinaryTyp(Document& doc, const std::string& path) {

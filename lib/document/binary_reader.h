@@ -5,6 +5,7 @@
 #include <string>
 
 #include "document/document.h"
+#include "document/file_io.h"
 
 namespace mirvane {
 
@@ -15,8 +16,5 @@ void ReadBinaryTyp(Document& doc, const Bytes& file, const std::string& path = {
 // Reads the whole file into memory and then as above. False, with `doc`
 // untouched, when the file cannot be read at all.
 bool OpenBinaryTyp(Document& doc, const std::string& path);
-
-// Whole file into memory; no value when it cannot be read.
-bool ReadWholeFile(const std::string& path, Bytes& out);
 
 }  // namespace mirvane

@@ -132,6 +132,30 @@ private:
         std::uint16_t RecordSize = 0;
     };
 
+    // Where the header keeps the place of a polygon or POI section.
+    struct SectionFields {
+        std::int32_t TypHeader::*DataOffset;
+        std::int32_t TypHeader::*DataLength;
+        std::int32_t TypHeader::*IndexOffset;
+        std::uint16_t TypHeader::*RecordSize;
+        std::int32_t TypHeader::*IndexLength;
+    };
+    static constexpr SectionFields kPolygonFields{&TypHeader::PolygonDataOffset, &TypHeader::PolygonDataLength,
+                                                  &TypHeader::PolygonIndexOffset, &TypHeader::PolygonIndexRecordSize,
+                                                  &TypHeader::PolygonIndexLength};
+    static constexpr SectionFields kPoiFields{&TypHeader::PoiDataOffset, &TypHeader::PoiDataLength,
+                                              &TypHeader::PoiIndexOffset, &TypHeader::PoiIndexRecordSize,
+                                              &TypHeader::PoiIndexLength};
+
+    void StoreSection(const Section& s, const SectionFields& fields) {
+        TypHeader& h = doc_.Header;
+        h.*fields.DataOffset = s.DataOffset;
+        h.*fields.DataLength = s.DataLength;
+        h.*fields.IndexOffset = s.IndexOffset;
+        h.*fields.RecordSize = s.RecordSize;
+        h.*fields.IndexLength = s.IndexLength;
+    }
+
     template <typename Record, typename WriteRecord>
     std::int64_t WriteData(std::vector<Record>& records, WriteRecord writeRecord) {
         const std::int64_t start = out_.Position();
@@ -174,22 +198,12 @@ private:
             if (r.Flags & 0x10) out_.Append(r.LabelBytes);
             if (r.Flags & 0x20) out_.Append(r.ExtendedLabelBytes);
         });
-        TypHeader& h = doc_.Header;
-        h.PolygonDataOffset = s.DataOffset;
-        h.PolygonDataLength = s.DataLength;
-        h.PolygonIndexOffset = s.IndexOffset;
-        h.PolygonIndexRecordSize = s.RecordSize;
-        h.PolygonIndexLength = s.IndexLength;
+        StoreSection(s, kPolygonFields);
     }
 
     void WritePois() {
         const Section s = WriteObjectSection(doc_.Pois, [this](const PoiRecord& r) { WritePoi(r); });
-        TypHeader& h = doc_.Header;
-        h.PoiDataOffset = s.DataOffset;
-        h.PoiDataLength = s.DataLength;
-        h.PoiIndexOffset = s.IndexOffset;
-        h.PoiIndexRecordSize = s.RecordSize;
-        h.PoiIndexLength = s.IndexLength;
+        StoreSection(s, kPoiFields);
     }
 
     // Night pixels are written only under bit 0, though the reader reads a

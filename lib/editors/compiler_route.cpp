@@ -6,6 +6,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "document/file_io.h"
 #include "document/records.h"
 #include "lang/lookup.h"
 
@@ -15,10 +16,6 @@ namespace {
 
 std::string CompilerText(std::string_view fallback, std::string_view key) {
     return LookupText("Compiler", fallback, key);
-}
-
-std::filesystem::path Utf8Path(const std::string& utf8) {
-    return std::filesystem::path(std::u8string(reinterpret_cast<const char8_t*>(utf8.data()), utf8.size()));
 }
 
 // Filters in the file dialog's form "Name (*.ext)".
@@ -57,7 +54,7 @@ std::optional<std::string> TypPathFor(const std::string& textPath) {
 
 bool TruncateFile(const std::string& path, std::string& reason) {
     errno = 0;
-    std::ofstream file(Utf8Path(path), std::ios::out | std::ios::trunc | std::ios::binary);
+    std::ofstream file(PathFromUtf8(path), std::ios::out | std::ios::trunc | std::ios::binary);
     if (file) return true;
     const int error = errno;
     reason = error ? std::generic_category().message(error) : std::string("error");

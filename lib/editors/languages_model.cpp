@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "document/file_io.h"
 #include "lang/ini_file.h"
 #include "lang/lookup.h"
 
@@ -11,10 +12,6 @@ namespace {
 
 std::string LanguagesCaption(std::string_view fallback, std::string_view key) {
     return FormCaption("Langues", fallback, key);
-}
-
-std::filesystem::path Utf8Path(const std::string& utf8) {
-    return std::filesystem::path(std::u8string(reinterpret_cast<const char8_t*>(utf8.data()), utf8.size()));
 }
 
 }  // namespace
@@ -61,7 +58,7 @@ std::string FormCaption(std::string_view section, std::string_view defaultText, 
 std::string LookupTextIn(const std::string& name, const std::string& section, const std::string& defaultText,
                          const std::string& key) {
     if (!LanguageFolder().empty() && !name.empty()) {
-        if (auto file = LoadIniFile(Utf8Path(LanguageFolder()) / Utf8Path(name + ".lng")))
+        if (auto file = LoadIniFile(PathFromUtf8(LanguageFolder()) / PathFromUtf8(name + ".lng")))
             return file->Value(section, key, defaultText);
     }
     return CutToCharacters(defaultText, kMaxIniValueLength);

@@ -138,49 +138,43 @@ void MainWindowModel::New() {
 bool MainWindowModel::OpenTyp(const std::string& path) {
     // The path is asked before closing, so that a cancelled dialog keeps the work.
     std::string chosen = path;
-    if (chosen.empty()) {
-        auto answer = prompts_.ChooseOpenPath(MainText("Ouvrir un fichier TYP", "msgOuvrirTyp"), TypFilter());
-        if (!answer || answer->empty()) return false;
-        chosen = *answer;
-    }
-    if (HasDocument()) Close();
-    Document loaded;
-    if (!OpenBinaryTyp(loaded, chosen)) {
-        prompts_.Warn("Mirvane", MainText("Impossible de lire le fichier", "msgLectureImpossible") + " " + chosen);
-        Changed();
+    if (chosen.empty() && !AskOpenPath(chosen, MainText("Ouvrir un fichier TYP", "msgOuvrirTyp"), TypFilter()))
         return false;
-    }
-    doc_ = std::move(loaded);
-    SetFilePath(chosen);
-    newDocumentFlag_ = false;
-    AddRecent(chosen);
-    Changed();
-    if (doc_.ReadErrorFlag) prompts_.ShowErrorList(ErrorListText());
-    return true;
+    return LoadDocument(chosen, OpenBinaryTyp, false);
 }
 
 bool MainWindowModel::OpenText(const std::string& path) {
     if (!textOpener_) return false;
     std::string chosen = path;
-    if (chosen.empty()) {
-        auto answer = prompts_.ChooseOpenPath(MainText("Ouvrir un fichier txt", "msgOuvrirtxt"),
-                                              MainText("Fichiers texte", "msgFiltreTxt") + " (*.txt)");
-        if (!answer || answer->empty()) return false;
-        chosen = *answer;
-    }
+    if (chosen.empty() && !AskOpenPath(chosen, MainText("Ouvrir un fichier txt", "msgOuvrirtxt"),
+                                       MainText("Fichiers texte", "msgFiltreTxt") + " (*.txt)"))
+        return false;
+    return LoadDocument(chosen, textOpener_, true);
+}
+
+bool MainWindowModel::AskOpenPath(std::string& chosen, const std::string& title, const std::string& filter) {
+    auto answer = prompts_.ChooseOpenPath(title, filter);
+    if (!answer || answer->empty()) return false;
+    chosen = *answer;
+    return true;
+}
+
+bool MainWindowModel::LoadDocument(const std::string& path, const DocumentReader& reader, bool fromText) {
     if (HasDocument()) Close();
     Document loaded;
-    if (!textOpener_(loaded, chosen)) {
-        prompts_.Warn("Mirvane", MainText("Impossible de lire le fichier", "msgLectureImpossible") + " " + chosen);
+    if (!reader(loaded, path)) {
+        prompts_.Warn("Mirvane", MainText("Impossible de lire le fichier", "msgLectureImpossible") + " " + path);
         Changed();
         return false;
     }
     doc_ = std::move(loaded);
-    doc_.FromText = true;
-    if (doc_.State == DocumentState::None) doc_.State = DocumentState::Loaded;
-    SetFilePath(chosen);
+    if (fromText) {
+        doc_.FromText = true;
+        if (doc_.State == DocumentState::None) doc_.State = DocumentState::Loaded;
+    }
+    SetFilePath(path);
     newDocumentFlag_ = false;
-    AddRecent(chosen);
+    AddRecent(path);
     Changed();
     if (doc_.ReadErrorFlag) prompts_.ShowErrorList(ErrorListText());
     return true;

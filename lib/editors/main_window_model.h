@@ -32,7 +32,8 @@ struct EnableState {
 class MainWindowModel {
 public:
     // Reads a text TYP into the document; true when it could be read.
-    using TextOpener = std::function<bool(Document&, const std::string& path)>;
+    using DocumentReader = std::function<bool(Document&, const std::string& path)>;
+    using TextOpener = DocumentReader;
 
     MainWindowModel(Document& doc, UserPrompts& prompts, SettingsStore& settings, std::string versionText);
 
@@ -106,6 +107,10 @@ private:
     void Changed();
     void AddRecent(const std::string& path);
     void SetFilePath(const std::string& path);
+    // False when the open dialog is cancelled; `chosen` is left alone then.
+    bool AskOpenPath(std::string& chosen, const std::string& title, const std::string& filter);
+    // Closes the current document, then reads `path` into a fresh one; warns when it cannot be read.
+    bool LoadDocument(const std::string& path, const DocumentReader& reader, bool fromText);
 
     Document& doc_;
     UserPrompts& prompts_;

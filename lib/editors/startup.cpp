@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "editors/text_backups.h"
 #include "lang/lookup.h"
 
 namespace mirvane {
@@ -59,10 +60,7 @@ void StoreAutoSaveSetting(SettingsStore& store, bool enabled) {
     store.Set(kSettingsSection, "Sauvegarde automatique", enabled ? "true" : "false");
 }
 
-void RemoveLeftOverBackup(const std::string& folder) {
-    std::error_code ignored;
-    std::filesystem::remove(std::filesystem::path(folder) / "Mirvane.save", ignored);
-}
+void RemoveLeftOverBackup(const std::string& folder) { RemoveBackupFile(folder); }
 
 std::string CommandLinePath(const std::string& argument) {
     std::string path = argument;

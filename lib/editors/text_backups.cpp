@@ -4,6 +4,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "document/file_io.h"
 #include "document/records.h"
 #include "lang/lookup.h"
 
@@ -13,11 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-fs::path Utf8Path(const std::string& utf8) {
-    return fs::path(std::u8string(reinterpret_cast<const char8_t*>(utf8.data()), utf8.size()));
-}
-
-fs::path BackupPath(const std::string& folder) { return Utf8Path(folder) / kBackupFileName; }
+fs::path BackupPath(const std::string& folder) { return PathFromUtf8(folder) / kBackupFileName; }
 
 }  // namespace
 
@@ -26,10 +23,7 @@ const std::string& TextBackups::At(std::size_t index) const {
     return index < texts_.size() ? texts_[index] : none;
 }
 
-std::string BackupFilePath(const std::string& folder) {
-    const std::u8string text = BackupPath(folder).u8string();
-    return std::string(reinterpret_cast<const char*>(text.data()), text.size());
-}
+std::string BackupFilePath(const std::string& folder) { return Utf8FromPath(BackupPath(folder)); }
 
 void RemoveBackupFile(const std::string& folder) {
     std::error_code ignored;

@@ -148,4 +148,19 @@ std::string EncodeCodePage(std::string_view utf8, int codePage, bool* lossless) 
     return out;
 }
 
+std::string DecodeDocumentBytes(std::string_view bytes, int codePage) {
+    if (codePage != kUtf8CodePage) return DecodeCodePage(bytes, IsSupportedCodePage(codePage) ? codePage : 1252);
+    std::string text;
+    text.reserve(bytes.size());
+    std::size_t start = 0;
+    while (start < bytes.size()) {
+        std::size_t end = bytes.find('\n', start);
+        end = end == std::string_view::npos ? bytes.size() : end + 1;
+        const std::string_view line = bytes.substr(start, end - start);
+        text += IsValidUtf8(line) ? std::string(line) : DecodeCodePage(line, 1252);
+        start = end;
+    }
+    return text;
+}
+
 }  // namespace mirvane

@@ -19,6 +19,11 @@ bool IsSupportedCodePage(int codePage);
 // 65001 gives the bytes as they stand.
 std::string DecodeCodePage(std::string_view bytes, int codePage);
 
+// Text bytes of a document for showing. An unsupported code page reads as
+// 1252. A 65001 document still holds the program's own words in 1252: each
+// line (up to and with its '\n') is read as UTF-8 where it is valid, else as 1252.
+std::string DecodeDocumentBytes(std::string_view bytes, int codePage);
+
 // UTF-8 -> bytes in `codePage`. A character the code page lacks, or a byte that
 // is not valid UTF-8, becomes '?' and sets *lossless to false (else true).
 // 65001 gives the text as it stands.

@@ -1,8 +1,6 @@
 #include "lang/ini_file.h"
 
-#include <fstream>
-#include <iterator>
-
+#include "document/file_io.h"
 #include "labels/codepage.h"
 
 namespace mirvane {
@@ -77,10 +75,8 @@ std::string TextFileToUtf8(std::string_view bytes) {
 }
 
 std::optional<IniFile> LoadIniFile(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) return std::nullopt;
-    const std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    if (in.bad()) return std::nullopt;
+    std::string bytes;
+    if (!ReadWholeFile(path, bytes)) return std::nullopt;
     return IniFile(TextFileToUtf8(bytes));
 }
 

@@ -7,6 +7,7 @@
 #include <mutex>
 #include <optional>
 
+#include "document/file_io.h"
 #include "lang/ini_file.h"
 
 namespace mirvane {
@@ -17,15 +18,6 @@ namespace {
 
 std::string g_folder;
 std::string g_name = kBuiltInLanguage;
-
-fs::path PathFromUtf8(std::string_view utf8) {
-    return fs::path(std::u8string(reinterpret_cast<const char8_t*>(utf8.data()), utf8.size()));
-}
-
-std::string Utf8FromPath(const fs::path& path) {
-    const std::u8string text = path.u8string();
-    return std::string(reinterpret_cast<const char*>(text.data()), text.size());
-}
 
 std::optional<fs::path> LanguageFilePath(std::string_view name) {
     if (g_folder.empty() || name.empty()) return std::nullopt;

@@ -3,10 +3,8 @@
 // sorting after the last line.
 #include "text/parser.h"
 
-#include <fstream>
-#include <iterator>
-
 #include "document/sorts.h"
+#include "document/file_io.h"
 #include "draworder/draw_order_table.h"
 #include "text/parser_context.h"
 
@@ -246,10 +244,8 @@ void LoadTypText(Document& doc, std::string_view textBytes, const std::string& p
 }
 
 bool OpenTypText(Document& doc, const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) return false;
-    const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    if (file.bad()) return false;
+    std::string bytes;
+    if (!ReadWholeFile(path, bytes)) return false;
     LoadTypText(doc, bytes, path);
     return true;
 }

@@ -106,6 +106,29 @@ void ReadLabelRun(ParseContext& ctx, Bytes& labelBytes);
 // read by position; the current line does not move.
 void ReadExtendedLabels(ParseContext& ctx, Bytes& extendedLabelBytes);
 
+// The keys every section reads alike: "type=", "subtype=", "string..." and
+// "extendedlabels=y". The last two set `labelFlag` or `extendedFlag` in
+// `flags`. False when the current line is none of them.
+template <typename Record>
+bool ReadSharedKey(ParseContext& ctx, Record& record, std::uint8_t& flags, std::uint8_t labelFlag,
+                   std::uint8_t extendedFlag) {
+    const std::string& line = ctx.Current();
+    if (StartsWithNoCase(line, "type=")) {
+        ReadTypeKey(line, record.Type, record.SubType);
+    } else if (StartsWithNoCase(line, "subtype=")) {
+        ReadSubTypeKey(line, record.SubType);
+    } else if (StartsWithNoCase(line, "string")) {
+        flags |= labelFlag;
+        ReadLabelRun(ctx, record.LabelBytes);
+    } else if (StartsWithNoCase(line, "extendedlabels=y")) {
+        flags |= extendedFlag;
+        ReadExtendedLabels(ctx, record.ExtendedLabelBytes);
+    } else {
+        return false;
+    }
+    return true;
+}
+
 // Body loop: each line is a key line; the body stops when the line after it
 // is a closing line. A body that runs to the last line is logged there.
 template <typename KeyLine>

@@ -217,23 +217,14 @@ void ReadPoiBitmap(ParseContext& ctx, PoiRecord& record, PoiBitmap& bitmap, std:
 }
 
 void ReadPoiKeyLine(ParseContext& ctx, PoiRecord& record, std::size_t& cpp) {
+    if (ReadSharedKey(ctx, record, record.Flags, 0x04, 0x08)) return;
     const std::string& line = ctx.Current();
-    if (StartsWithNoCase(line, "type=")) {
-        ReadTypeKey(line, record.Type, record.SubType);
-    } else if (StartsWithNoCase(line, "subtype=")) {
-        ReadSubTypeKey(line, record.SubType);
-    } else if (StartsWithNoCase(line, "string")) {
-        record.Flags |= 0x04;
-        ReadLabelRun(ctx, record.LabelBytes);
-    } else if (StartsWithNoCase(line, "xpm=") || StartsWithNoCase(line, "dayxpm=")) {
+    if (StartsWithNoCase(line, "xpm=") || StartsWithNoCase(line, "dayxpm=")) {
         record.Flags |= 0x01;
         ReadPoiBitmap(ctx, record, record.Bitmaps[0], cpp);
     } else if (StartsWithNoCase(line, "nightxpm=")) {
         record.Flags |= 0x02;
         ReadPoiBitmap(ctx, record, record.Bitmaps[1], cpp);
-    } else if (StartsWithNoCase(line, "extendedlabels=y")) {
-        record.Flags |= 0x08;
-        ReadExtendedLabels(ctx, record.ExtendedLabelBytes);
     }
 }
 

@@ -99,20 +99,8 @@ void ReadPolygonXpm(ParseContext& ctx, PolygonRecord& record, PatternWork& work)
 }
 
 void ReadPolygonKeyLine(ParseContext& ctx, PolygonRecord& record, PatternWork& work) {
-    const std::string& line = ctx.Current();
-    if (StartsWithNoCase(line, "type=")) {
-        ReadTypeKey(line, record.Type, record.SubType);
-    } else if (StartsWithNoCase(line, "subtype=")) {
-        ReadSubTypeKey(line, record.SubType);
-    } else if (StartsWithNoCase(line, "string")) {
-        record.Flags |= 0x10;
-        ReadLabelRun(ctx, record.LabelBytes);
-    } else if (StartsWithNoCase(line, "xpm=")) {
-        ReadPolygonXpm(ctx, record, work);
-    } else if (StartsWithNoCase(line, "extendedlabels=y")) {
-        record.Flags |= 0x20;
-        ReadExtendedLabels(ctx, record.ExtendedLabelBytes);
-    }
+    if (ReadSharedKey(ctx, record, record.Flags, 0x10, 0x20)) return;
+    if (StartsWithNoCase(ctx.Current(), "xpm=")) ReadPolygonXpm(ctx, record, work);
 }
 
 // --- lines -------------------------------------------------------------------
@@ -205,22 +193,13 @@ void ReadPolylineXpm(ParseContext& ctx, PolylineRecord& record, PatternWork& wor
 }
 
 void ReadPolylineKeyLine(ParseContext& ctx, PolylineRecord& record, PatternWork& work) {
+    if (ReadSharedKey(ctx, record, record.Flags2, 0x01, 0x04)) return;
     const std::string& line = ctx.Current();
-    if (StartsWithNoCase(line, "type=")) {
-        ReadTypeKey(line, record.Type, record.SubType);
-    } else if (StartsWithNoCase(line, "subtype=")) {
-        ReadSubTypeKey(line, record.SubType);
-    } else if (StartsWithNoCase(line, "string")) {
-        record.Flags2 |= 0x01;
-        ReadLabelRun(ctx, record.LabelBytes);
-    } else if (StartsWithNoCase(line, "useorientation=y")) {
+    if (StartsWithNoCase(line, "useorientation=y")) {
         record.Flags2 &= static_cast<std::uint8_t>(~0x02);
     } else if (ReadWidthKey(line, work)) {
     } else if (StartsWithNoCase(line, "xpm=")) {
         ReadPolylineXpm(ctx, record, work);
-    } else if (StartsWithNoCase(line, "extendedlabels=y")) {
-        record.Flags2 |= 0x04;
-        ReadExtendedLabels(ctx, record.ExtendedLabelBytes);
     }
 }
 
