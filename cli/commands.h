@@ -41,9 +41,13 @@ bool ApplyHeaderSizeOption(IdentityFields& fields, const std::string& value);
 // Saves like the program's save command and reports a failure on stderr.
 int SaveAndReport(Document& doc, const std::string& path);
 
+using DocumentOpener = bool (*)(Document&, const std::string&);
+
+// Opens `path` with `open`; false, after saying so on stderr, when it cannot be read.
+bool OpenOrReport(Document& doc, const std::string& path, DocumentOpener open);
+
 // Opens IN with `open`, applies the --header-size, --fid and --product-code
 // options and saves to -o OUT: roundtrip and compile.
-using DocumentOpener = bool (*)(Document&, const std::string&);
 int ReadAndSaveCommand(const Arguments& args, const char* help, DocumentOpener open);
 
 }  // namespace mirvane::cli

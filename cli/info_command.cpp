@@ -75,10 +75,7 @@ int InfoCommand(const Arguments& args) {
         return kExitFailure;
     }
     Document doc;
-    if (!OpenBinaryTyp(doc, args[0])) {
-        std::cerr << "mirvane-cli: cannot read " << args[0] << "\n";
-        return kExitFailure;
-    }
+    if (!OpenOrReport(doc, args[0], OpenBinaryTyp)) return kExitFailure;
     PrintDocument(doc);
     std::fflush(stdout);
     return ReportLog(doc.ReadErrorLog, doc.ReadErrorFlag);

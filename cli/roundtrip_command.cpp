@@ -18,6 +18,12 @@ const char* const kHelp =
 
 }  // namespace
 
+bool OpenOrReport(Document& doc, const std::string& path, DocumentOpener open) {
+    if (open(doc, path)) return true;
+    std::cerr << "mirvane-cli: cannot read " << path << "\n";
+    return false;
+}
+
 bool ApplyHeaderSizeOption(IdentityFields& fields, const std::string& value) {
     if (value.empty() || value.find_first_not_of("0123456789") != std::string::npos) return false;
     const std::int64_t size = LeadingNumber(value);
@@ -52,10 +58,7 @@ int ReadAndSaveCommand(const Arguments& input, const char* help, DocumentOpener 
         return kExitFailure;
     }
     Document doc;
-    if (!open(doc, args[0])) {
-        std::cerr << "mirvane-cli: cannot read " << args[0] << "\n";
-        return kExitFailure;
-    }
+    if (!OpenOrReport(doc, args[0], open)) return kExitFailure;
     if (hasFid) doc.Identity.txtFID = fid;
     if (hasProductCode) doc.Identity.txtProductCode = productCode;
     if (hasHeaderSize && !ApplyHeaderSizeOption(doc.Identity, headerSize)) {

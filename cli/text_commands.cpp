@@ -46,10 +46,7 @@ int DecompileCommand(const Arguments& input) {
         return kExitFailure;
     }
     Document doc;
-    if (!OpenBinaryTyp(doc, args[0])) {
-        std::cerr << "mirvane-cli: cannot read " << args[0] << "\n";
-        return kExitFailure;
-    }
+    if (!OpenOrReport(doc, args[0], OpenBinaryTyp)) return kExitFailure;
     ListingContext context{DateCreationCaption(doc.Header), LocalTime::Now(), !noHeading};
     const std::string text = ListWholeDocument(doc, context).Plain();
     if (toFile) {

@@ -53,6 +53,16 @@ QPushButton* MakeButton(QWidget* parent, const QString& name, const QString& cap
     return button;
 }
 
+// A frame holding one list in the fixed font.
+QGroupBox* MakeListFrame(QWidget* parent, const char* frameName, const char* listName, QListWidget*& list) {
+    auto* frame = new QGroupBox(parent);
+    frame->setObjectName(frameName);
+    list = new QListWidget(frame);
+    list->setObjectName(listName);
+    list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    return frame;
+}
+
 void FillList(QListWidget* list, const std::vector<std::string>& rows) {
     const int current = list->currentRow();
     list->clear();
@@ -233,18 +243,9 @@ QWidget* MainWindow::BuildHeaderPanel() {
     form->addRow(tools);
     form->addRow(cmdCreerTYP_);
 
-    fraDraworder_ = new QGroupBox(panel);
-    fraDraworder_->setObjectName("fraDraworder");
-    ListDraworder_ = new QListWidget(fraDraworder_);
-    ListDraworder_->setObjectName("ListDraworder");
-    ListDraworder_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    fraDraworder_ = MakeListFrame(panel, "fraDraworder", "ListDraworder", ListDraworder_);
     (new QVBoxLayout(fraDraworder_))->addWidget(ListDraworder_);
-
-    fraExtraPOI_ = new QGroupBox(panel);
-    fraExtraPOI_->setObjectName("fraExtraPOI");
-    ListExtraPOI_ = new QListWidget(fraExtraPOI_);
-    ListExtraPOI_->setObjectName("ListExtraPOI");
-    ListExtraPOI_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    fraExtraPOI_ = MakeListFrame(panel, "fraExtraPOI", "ListExtraPOI", ListExtraPOI_);
     (new QVBoxLayout(fraExtraPOI_))->addWidget(ListExtraPOI_);
 
     auto* lower = new QSplitter(Qt::Vertical, panel);
@@ -275,11 +276,7 @@ QWidget* MainWindow::BuildHeaderPanel() {
 
 QGroupBox* MainWindow::BuildObjectFrame(const char* frameName, const char* listName, const char* kindWord,
                                         QListWidget*& list, ObjectKind kind) {
-    auto* frame = new QGroupBox;
-    frame->setObjectName(frameName);
-    list = new QListWidget(frame);
-    list->setObjectName(listName);
-    list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    auto* frame = MakeListFrame(nullptr, frameName, listName, list);
     const QString word = kindWord;
     auto* add = MakeButton(frame, "cmdAdd" + word, MainTr("Ajouter", "cmdAjouter"));
     auto* edit = MakeButton(frame, "cmdModifier" + word, MainTr("Modifier", "cmdModifier"));

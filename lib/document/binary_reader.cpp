@@ -15,8 +15,6 @@ namespace mirvane {
 
 namespace {
 
-std::string MainText(const char* defaultText, const char* key) { return LookupText("Main", defaultText, key); }
-
 // Offsets of a data section sorted once, so that the distance from a record
 // to the next one is a binary search instead of a scan of all records.
 class NextOffsetFinder {

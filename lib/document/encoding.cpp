@@ -110,19 +110,21 @@ int ExtendedLabelBlockLength(std::uint8_t first) {
     }
 }
 
-int HexValue(std::string_view text) {
-    int value = 0;
+std::uint32_t LeadingHex(std::string_view text, std::uint32_t limit) {
+    std::uint32_t value = 0;
     for (char c : text) {
         int digit;
         if (c >= '0' && c <= '9') digit = c - '0';
         else if (c >= 'a' && c <= 'f') digit = c - 'a' + 10;
         else if (c >= 'A' && c <= 'F') digit = c - 'A' + 10;
         else break;
-        if (value > 0x7FFFFFF) break;  // keeps an absurd text from overflowing
-        value = value * 16 + digit;
+        if (value > limit) break;
+        value = value * 16 + static_cast<std::uint32_t>(digit);
     }
     return value;
 }
+
+int HexValue(std::string_view text) { return static_cast<int>(LeadingHex(text, 0x7FFFFFF)); }
 
 static std::string PaddedHex(int value, int digits) {
     char buffer[16];

@@ -42,6 +42,10 @@ int ExtendedLabelBlockLength(std::uint8_t first);
 
 // Hexadecimal value of a Type or SubType text; what cannot be read counts as 0.
 int HexValue(std::string_view text);
+// The hexadecimal digits at the start of `text`, up to the first other
+// character; reading stops once the value passes `limit`, so that an absurd
+// text cannot overflow.
+std::uint32_t LeadingHex(std::string_view text, std::uint32_t limit);
 
 // "10f", "01": lowercase, zero padded, cut to the rightmost digits.
 std::string TypeText(int typeNumber);

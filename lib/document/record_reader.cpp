@@ -20,38 +20,25 @@ void FieldReader::Fail(int errorNumber) {
     if (onFailure_) onFailure_(errorNumber);
 }
 
-std::uint8_t FieldReader::U8() {
-    if (!Available(1)) {
-        position_ += 1;
-        Fail(kErrPastEndOfFile);
-        return 0;
-    }
-    return (*file_)[static_cast<std::size_t>(position_++)];
-}
-
-std::uint16_t FieldReader::U16() {
-    if (!Available(2)) {
-        position_ += 2;
+// Past the end the position still moves and the field reads as 0.
+std::uint32_t FieldReader::LittleEndian(int count) {
+    if (!Available(count)) {
+        position_ += count;
         Fail(kErrPastEndOfFile);
         return 0;
     }
     const std::size_t p = static_cast<std::size_t>(position_);
-    position_ += 2;
-    return static_cast<std::uint16_t>((*file_)[p] | ((*file_)[p + 1] << 8));
+    position_ += count;
+    std::uint32_t value = 0;
+    for (int i = 0; i < count; ++i) value |= static_cast<std::uint32_t>((*file_)[p + i]) << (8 * i);
+    return value;
 }
 
-std::int32_t FieldReader::I32() {
-    if (!Available(4)) {
-        position_ += 4;
-        Fail(kErrPastEndOfFile);
-        return 0;
-    }
-    const std::size_t p = static_cast<std::size_t>(position_);
-    position_ += 4;
-    const std::uint32_t value = (*file_)[p] | ((*file_)[p + 1] << 8) | ((*file_)[p + 2] << 16) |
-                                (static_cast<std::uint32_t>((*file_)[p + 3]) << 24);
-    return static_cast<std::int32_t>(value);
-}
+std::uint8_t FieldReader::U8() { return static_cast<std::uint8_t>(LittleEndian(1)); }
+
+std::uint16_t FieldReader::U16() { return static_cast<std::uint16_t>(LittleEndian(2)); }
+
+std::int32_t FieldReader::I32() { return static_cast<std::int32_t>(LittleEndian(4)); }
 
 // A block that runs past the end keeps the bytes that are there.
 Bytes FieldReader::Block(std::int64_t length) {

@@ -39,6 +39,7 @@ public:
 
 private:
     bool Available(std::int64_t length) const;
+    std::uint32_t LittleEndian(int count);
 
     const Bytes* file_;
     std::int64_t position_;

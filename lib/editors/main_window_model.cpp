@@ -15,10 +15,6 @@ namespace mirvane {
 
 namespace {
 
-std::string MainText(std::string_view defaultText, std::string_view key) {
-    return LookupText("Main", defaultText, key);
-}
-
 std::string ModifiedMark() { return MainText("modifié", "modif"); }
 
 std::string TypFilter() { return MainText("Fichiers TYP", "msgFiltreTyp") + " (*.typ)"; }

@@ -22,8 +22,6 @@ std::uint8_t RtfNumber(std::string_view rtf, std::string_view word) {
     return static_cast<std::uint8_t>(value);
 }
 
-std::string MainText(std::string_view defaultText, std::string_view key) { return LookupText("Main", defaultText, key); }
-
 // The document's name with ".txt", in its folder.
 std::string SuggestedTextPath(const Document& doc) {
     if (doc.FileName.empty()) return {};

@@ -28,18 +28,7 @@ Bytes EncodeLabelBlock(const std::vector<LabelText>& texts) {
         payload.insert(payload.end(), label.Text.begin(), label.Text.end());
         payload.push_back(0);
     }
-    const std::size_t length = payload.size();
-    Bytes block;
-    block.reserve(length + 2);
-    if (length < 128) {
-        block.push_back(static_cast<std::uint8_t>(length * 2 + 1));
-    } else {
-        const std::size_t w = length * 4 + 2;
-        block.push_back(static_cast<std::uint8_t>(w & 0xFF));
-        block.push_back(static_cast<std::uint8_t>((w >> 8) & 0xFF));
-    }
-    block.insert(block.end(), payload.begin(), payload.end());
-    return block;
+    return PrefixedLabelBlock(payload);
 }
 
 namespace {

@@ -2,6 +2,7 @@
 // Text stays bytes in the document's code page.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -23,6 +24,24 @@ std::optional<std::vector<LabelText>> DecodeLabelBlock(const Bytes& block);
 
 // One-byte prefix (L * 2 + 1) below 128 payload bytes, two bytes (L * 4 + 2) from 128.
 Bytes EncodeLabelBlock(const std::vector<LabelText>& texts);
+
+// The payload (language code, text, 0, ...) behind the prefix above. A two-byte
+// prefix keeps only its low 16 bits.
+template <typename Payload>
+Bytes PrefixedLabelBlock(const Payload& payload) {
+    const std::size_t length = payload.size();
+    Bytes block;
+    block.reserve(length + 2);
+    if (length < 128) {
+        block.push_back(static_cast<std::uint8_t>(length * 2 + 1));
+    } else {
+        const std::size_t prefix = length * 4 + 2;
+        block.push_back(static_cast<std::uint8_t>(prefix & 0xFF));
+        block.push_back(static_cast<std::uint8_t>((prefix >> 8) & 0xFF));
+    }
+    block.insert(block.end(), payload.begin(), payload.end());
+    return block;
+}
 
 struct ExtendedLabelStyle {
     int FontStyle = 0;    // bits 0-2: 0 Default .. 4 LargeFont

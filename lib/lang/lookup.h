@@ -23,6 +23,11 @@ const std::string& LanguageName();
 // `defaultText` when the file or the key is absent. At most 254 characters.
 std::string LookupText(std::string_view section, std::string_view defaultText, std::string_view key);
 
+// LookupText in "Main", the section of the main window and its messages.
+inline std::string MainText(std::string_view defaultText, std::string_view key) {
+    return LookupText("Main", defaultText, key);
+}
+
 bool LanguageExists(std::string_view name);
 
 // Base names of the .lng files of the language folder, sorted by name; empty

@@ -2,6 +2,8 @@
 #include <cmath>
 #include <string>
 
+#include "document/encoding.h"
+#include "labels/label_block.h"
 #include "lang/lookup.h"
 #include "text/parser_context.h"
 
@@ -86,19 +88,7 @@ std::size_t PositionOf(std::string_view text, char c) {
     return found == std::string_view::npos ? 0 : found + 1;
 }
 
-std::uint32_t TolerantHex(std::string_view text) {
-    std::uint32_t value = 0;
-    for (char c : text) {
-        int digit;
-        if (c >= '0' && c <= '9') digit = c - '0';
-        else if (c >= 'a' && c <= 'f') digit = c - 'a' + 10;
-        else if (c >= 'A' && c <= 'F') digit = c - 'A' + 10;
-        else break;
-        if (value > 0x0FFFFFFF) break;  // keeps an absurd text from overflowing
-        value = value * 16 + static_cast<std::uint32_t>(digit);
-    }
-    return value;
-}
+std::uint32_t TolerantHex(std::string_view text) { return LeadingHex(text, 0x0FFFFFFF); }
 
 double StrictNumber(std::string_view text) {
     text = TrimBlanks(text);
@@ -213,20 +203,10 @@ void AppendLabelLine(std::string_view line, std::string& acc) {
     acc += piece;
 }
 
+// A label run too long for the two-byte prefix is refused, not cut.
 Bytes LabelBlockOf(const std::string& acc) {
-    const std::size_t length = acc.size();
-    Bytes block;
-    block.reserve(length + 2);
-    if (length < 128) {
-        block.push_back(static_cast<std::uint8_t>(length * 2 + 1));
-    } else {
-        const std::size_t prefix = length * 4 + 2;
-        if (prefix > 0xFFFF) throw ParseFailure{};
-        block.push_back(static_cast<std::uint8_t>(prefix & 0xFF));
-        block.push_back(static_cast<std::uint8_t>(prefix >> 8));
-    }
-    block.insert(block.end(), acc.begin(), acc.end());
-    return block;
+    if (acc.size() >= 128 && acc.size() * 4 + 2 > 0xFFFF) throw ParseFailure{};
+    return PrefixedLabelBlock(acc);
 }
 
 // Colour bytes after the first '#': RR into `red`, GG into `red` - 1, BB into `red` - 2.
