@@ -16,19 +16,14 @@
 
 #include "compiler/compiler_window.h"
 #include "document/binary_reader.h"
-#include "editors/main_window_model.h"
+#include "app_test_support.h"
 #include "extra/labels_window.h"
 #include "lang/change_language.h"
 #include "lang/lookup.h"
-#include "scripted_prompts.h"
-#include "shell/application.h"
-#include "shell/main_window.h"
 
 using namespace mirvane;
 
 namespace {
-
-const QString kCorpus = QString(MIRVANE_SHARED_DIR) + "/corpus/binary/";
 
 // Where the pictures of the windows go, when asked for.
 void Picture(QWidget& widget, const char* name) {
@@ -38,26 +33,13 @@ void Picture(QWidget& widget, const char* name) {
 
 }  // namespace
 
-class LanguagesTest : public QObject {
+class LanguagesTest : public MainWindowTestBase {
     Q_OBJECT
-
-    std::unique_ptr<Document> doc_;
-    std::unique_ptr<ScriptedPrompts> prompts_;
-    std::unique_ptr<MemorySettingsStore> settings_;
-    std::unique_ptr<MainWindowModel> model_;
-    std::unique_ptr<app::MainWindow> window_;
-
-    template <typename T>
-    T* Find(QObject* parent, const char* name) {
-        T* found = parent->findChild<T*>(name);
-        if (!found) qFatal("no %s", name);
-        return found;
-    }
 
     // Picks `language` in frmLangues opened from the menu.
     void ChooseLanguage(const QString& language) {
-        Find<QAction>(window_.get(), "mnuChoixLangue")->trigger();
-        auto* dialog = Find<QDialog>(window_.get(), "frmLangues");
+        Action("mnuChoixLangue")->trigger();
+        auto* dialog = Find<QDialog>("frmLangues");
         Picture(*dialog, "languages_window.png");
         auto* list = Find<QListWidget>(dialog, "lstLang");
         const auto rows = list->findItems(language, Qt::MatchExactly);
@@ -68,8 +50,8 @@ class LanguagesTest : public QObject {
     }
 
     void Open(const char* file) {
-        if (!QFileInfo(kCorpus + file).exists()) QSKIP("no corpus");
-        model_->OpenTyp((kCorpus + file).toStdString());
+        REQUIRE_CORPUS_FILE(file);
+        model_->OpenTyp(CorpusFile(file).toStdString());
     }
 
 private slots:
@@ -77,23 +59,16 @@ private slots:
 
     void init() {
         SetLanguageName(kBuiltInLanguage);
-        doc_ = std::make_unique<Document>();
-        prompts_ = std::make_unique<ScriptedPrompts>();
-        settings_ = std::make_unique<MemorySettingsStore>();
-        model_ = std::make_unique<MainWindowModel>(*doc_, *prompts_, *settings_, "v0.1.0");
-        window_ = std::make_unique<app::MainWindow>(*model_);
-        app::ConnectTextRoute(*window_, *model_);
-        window_->show();
+        StartWindow();
     }
     void cleanup() {
-        window_.reset();
-        model_.reset();
+        StopWindow();
         SetLanguageName(kBuiltInLanguage);
     }
 
     void englishTranslatesTheMainWindowAndFrenchAsksForARestart() {
         Open("jbm-osm.typ");
-        auto* polygons = Find<QGroupBox>(window_.get(), "fraPolygone");
+        auto* polygons = Find<QGroupBox>("fraPolygone");
         const QString count = " (" + QString::number(doc_->PolygonCount()) + ")";
         QVERIFY(polygons->title().startsWith("Liste des polygones"));
         prompts_->Log.clear();
@@ -102,10 +77,10 @@ private slots:
         QCOMPARE(settings_->Get("Paramètres", "Langue"), std::optional<std::string>("English"));
         QVERIFY(polygons->title().startsWith("Polygons"));
         QVERIFY(polygons->title().endsWith(count));
-        QCOMPARE(Find<QMenu>(window_.get(), "mnuFichier")->title(), QString("&File"));
-        QCOMPARE(Find<QAction>(window_.get(), "mnuOuvrirTYP")->text(), QString("&Open a TYP..."));
-        QCOMPARE(Find<QPushButton>(window_.get(), "cmdvoirtxt")->text(), QString("Show the text"));
-        QCOMPARE(Find<QPushButton>(window_.get(), "cmdAddPOI")->toolTip(), QString("Add a new POI"));
+        QCOMPARE(Find<QMenu>("mnuFichier")->title(), QString("&File"));
+        QCOMPARE(Action("mnuOuvrirTYP")->text(), QString("&Open a TYP..."));
+        QCOMPARE(Find<QPushButton>("cmdvoirtxt")->text(), QString("Show the text"));
+        QCOMPARE(Find<QPushButton>("cmdAddPOI")->toolTip(), QString("Add a new POI"));
         QVERIFY(prompts_->Log.empty());
         Picture(*window_, "main_window_english.png");
 
@@ -115,25 +90,25 @@ private slots:
         QCOMPARE(prompts_->Texts("inform"),
                  std::vector<std::string>{"Mirvane|Restart Mirvane to apply changes to Main Window"});
         // Until the restart the menus keep their English texts.
-        QCOMPARE(Find<QMenu>(window_.get(), "mnuFichier")->title(), QString("&File"));
+        QCOMPARE(Find<QMenu>("mnuFichier")->title(), QString("&File"));
     }
 
     void theSameLanguageChangesNothing() {
         ChooseLanguage(QString::fromUtf8("Français"));
         QVERIFY(!settings_->Get("Paramètres", "Langue"));
         QVERIFY(prompts_->Log.empty());
-        QCOMPARE(Find<QMenu>(window_.get(), "mnuFichier")->title(), QString("&Fichier"));
+        QCOMPARE(Find<QMenu>("mnuFichier")->title(), QString("&Fichier"));
     }
 
     void labelsFollowTheHeaderSize() {
-        auto* labels = Find<QPushButton>(window_.get(), "cmdLabels");
+        auto* labels = Find<QPushButton>("cmdLabels");
         QVERIFY(!labels->isEnabled());
         Open("suke-tmz.typ");
         QVERIFY(!labels->isEnabled());
         Open("jbm-osm.typ");
         QVERIFY(labels->isEnabled());
         QTest::mouseClick(labels, Qt::LeftButton);
-        auto* dialog = Find<QDialog>(window_.get(), "frmLabels");
+        auto* dialog = Find<QDialog>("frmLabels");
         QVERIFY(dialog->windowTitle().startsWith(QString::fromUtf8("Liste des POIs supplémentaires")));
         QVERIFY(!Find<QPlainTextEdit>(dialog, "txtLabels")->toPlainText().isEmpty());
         Picture(*dialog, "labels_window_empty.png");
@@ -158,8 +133,8 @@ private slots:
     void compilerStartsTheToolWithTheTextAndTheTyp() {
         QTemporaryDir folder;
         settings_->Set("cGPSmapper", "Chemin", "/opt/cgpsmapper/cgpsmapper");
-        Find<QAction>(window_.get(), "mnuCompiler")->trigger();
-        auto* dialog = Find<app::CompilerWindow>(window_.get(), "frmCompiler");
+        Action("mnuCompiler")->trigger();
+        auto* dialog = Find<app::CompilerWindow>("frmCompiler");
         QVERIFY(prompts_->Log.empty());  // the tool's path was stored
         QCOMPARE(Find<QLineEdit>(dialog, "txtChemincGPSmapper")->text(), QString("/opt/cgpsmapper/cgpsmapper"));
         std::optional<CompilerCommand> started;

@@ -21,57 +21,19 @@
 
 #include "document/binary_reader.h"
 #include "document/presentation.h"
-#include "editors/main_window_model.h"
-#include "scripted_prompts.h"
-#include "shell/application.h"
+#include "app_test_support.h"
 #include "shell/error_list_dialog.h"
-#include "shell/main_window.h"
 
 using namespace mirvane;
 
-namespace {
-
-QString CorpusFile(const char* name) {
-    return QString(MIRVANE_SHARED_DIR) + "/corpus/binary/" + name;
-}
-
-#define REQUIRE_CORPUS()                                                               \
-    do {                                                                               \
-        if (!QFileInfo(CorpusFile("jbm-osm.typ")).exists())                            \
-            QSKIP(qPrintable("no corpus at " + QString(MIRVANE_SHARED_DIR) + "/corpus")); \
-    } while (0)
-
-}  // namespace
-
-class MainWindowTest : public QObject {
+class MainWindowTest : public MainWindowTestBase {
     Q_OBJECT
 
-    std::unique_ptr<Document> doc_;
-    std::unique_ptr<ScriptedPrompts> prompts_;
-    std::unique_ptr<MemorySettingsStore> settings_;
-    std::unique_ptr<MainWindowModel> model_;
-    std::unique_ptr<app::MainWindow> window_;
-
-    template <typename T>
-    T* Find(const char* name) {
-        T* widget = window_->findChild<T*>(name);
-        if (!widget) qFatal("no widget %s", name);
-        return widget;
-    }
-    QAction* Action(const char* name) { return Find<QAction>(name); }
     QString Caption(const char* frame) { return Find<QGroupBox>(frame)->title(); }
     QList<QAction*> RecentActions() {
         QList<QAction*> found;
         for (QAction* a : window_->findChildren<QAction*>("mnuMRU")) found << a;
         return found;
-    }
-
-    void MakeWindow() {
-        window_.reset();
-        model_ = std::make_unique<MainWindowModel>(*doc_, *prompts_, *settings_, "v0.1.0");
-        window_ = std::make_unique<app::MainWindow>(*model_);
-        app::ConnectTextRoute(*window_, *model_);
-        window_->show();
     }
 
     // Opens through the menu, the dialog answered with `path`.
@@ -88,16 +50,8 @@ class MainWindowTest : public QObject {
     }
 
 private slots:
-    void init() {
-        doc_ = std::make_unique<Document>();
-        prompts_ = std::make_unique<ScriptedPrompts>();
-        settings_ = std::make_unique<MemorySettingsStore>();
-        MakeWindow();
-    }
-    void cleanup() {
-        window_.reset();
-        model_.reset();
-    }
+    void init() { StartWindow(); }
+    void cleanup() { StopWindow(); }
 
     void startsWithNothingToCloseOrSave() {
         QCOMPARE(window_->windowTitle(), QString("Mirvane v0.1.0"));
@@ -113,7 +67,7 @@ private slots:
     }
 
     void openingABinaryTypFillsTheWindow() {
-        REQUIRE_CORPUS();
+        REQUIRE_CORPUS_FILE("jbm-osm.typ");
         OpenThroughMenu(CorpusFile("jbm-osm.typ"));
         Document expected;
         QVERIFY(OpenBinaryTyp(expected, CorpusFile("jbm-osm.typ").toStdString()));
@@ -143,7 +97,7 @@ private slots:
     }
 
     void openingATextFileFillsTheListsAndDropsAcceptIt() {
-        REQUIRE_CORPUS();
+        REQUIRE_CORPUS_FILE("jbm-osm.typ");
         const QString text = QString(MIRVANE_SHARED_DIR) + "/corpus/text/jbm-osm.txt";
         if (!QFileInfo::exists(text)) QSKIP("no text corpus");
         QVERIFY(Action("mnuouvrirtxt")->isEnabled());
@@ -166,7 +120,7 @@ private slots:
     }
 
     void aTruncatedFileOpensWithTheErrorList() {
-        REQUIRE_CORPUS();
+        REQUIRE_CORPUS_FILE("jbm-osm.typ");
         QFile whole(CorpusFile("suke-tmz.typ"));
         QVERIFY(whole.open(QIODevice::ReadOnly));
         QTemporaryDir folder;
@@ -182,7 +136,7 @@ private slots:
     }
 
     void pickingARowShowsThatObjectAndViewTextTheWhole() {
-        REQUIRE_CORPUS();
+        REQUIRE_CORPUS_FILE("jbm-osm.typ");
         OpenThroughMenu(CorpusFile("jbm-osm.typ"));
         auto* list = Find<QListWidget>("ListPOI");
         auto* pane = Find<QPlainTextEdit>("BoxVisualisation");
@@ -196,7 +150,7 @@ private slots:
     }
 
     void closeWithNoLosesTheChanges() {
-        REQUIRE_CORPUS();
+        REQUIRE_CORPUS_FILE("jbm-osm.typ");
         OpenThroughMenu(CorpusFile("jbm-osm.typ"));
         DeleteFirstPolygon(true);
         QVERIFY(window_->windowTitle().endsWith(" modifié"));
@@ -215,7 +169,7 @@ private slots:
     }
 
     void closeWithYesSavesAndTheFileReadsBack() {
-        REQUIRE_CORPUS();
+        REQUIRE_CORPUS_FILE("jbm-osm.typ");
         QTemporaryDir folder;
         const QString target = folder.filePath("moins-un.typ");
         OpenThroughMenu(CorpusFile("jbm-osm.typ"));
@@ -234,7 +188,7 @@ private slots:
     }
 
     void saveThroughTheMenuUpdatesTitleAndRecentFiles() {
-        REQUIRE_CORPUS();
+        REQUIRE_CORPUS_FILE("jbm-osm.typ");
         QTemporaryDir folder;
         const QString target = folder.filePath("copie.typ");
         OpenThroughMenu(CorpusFile("suke-tmz.typ"));
@@ -311,12 +265,12 @@ private slots:
     }
 
     void recentFilesOpenAndForgetMissingOnes() {
-        REQUIRE_CORPUS();
+        REQUIRE_CORPUS_FILE("jbm-osm.typ");
         QTemporaryDir folder;
         const QString gone = folder.filePath("parti.typ");
         settings_->Set(kRecentFilesSection, "1", CorpusFile("jbm-osm.typ").toStdString());
         settings_->Set(kRecentFilesSection, "2", gone.toStdString());
-        MakeWindow();
+        RebuildWindow();
         QCOMPARE(RecentActions().size(), 2);
         QVERIFY(RecentActions().first()->text().endsWith("parti.typ"));
         RecentActions().first()->trigger();
@@ -328,7 +282,7 @@ private slots:
     }
 
     void droppingATypFileOpensIt() {
-        REQUIRE_CORPUS();
+        REQUIRE_CORPUS_FILE("jbm-osm.typ");
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(CorpusFile("suke-tmz.typ"))});
         QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);

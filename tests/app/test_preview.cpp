@@ -10,40 +10,23 @@
 #include <QTest>
 #include <memory>
 
-#include "editors/main_window_model.h"
+#include "app_test_support.h"
 #include "preview/icons_view.h"
 #include "preview/preview_frame.h"
 #include "preview/raster_image.h"
-#include "scripted_prompts.h"
-#include "shell/application.h"
-#include "shell/main_window.h"
 
 using namespace mirvane;
 
 namespace {
-
-const QString kCorpusFile = QString(MIRVANE_SHARED_DIR) + "/corpus/binary/jbm-osm.typ";
 
 // Pictures go to this folder when it is set, for looking at them.
 const QByteArray kShotsFolder = qgetenv("MIRVANE_PREVIEW_SHOTS");
 
 }  // namespace
 
-class PreviewTest : public QObject {
+class PreviewTest : public MainWindowTestBase {
     Q_OBJECT
 
-    std::unique_ptr<Document> doc_;
-    std::unique_ptr<ScriptedPrompts> prompts_;
-    std::unique_ptr<MemorySettingsStore> settings_;
-    std::unique_ptr<MainWindowModel> model_;
-    std::unique_ptr<app::MainWindow> window_;
-
-    template <typename T>
-    T* Find(const char* name) {
-        T* widget = window_->findChild<T*>(name);
-        if (!widget) qFatal("no widget %s", name);
-        return widget;
-    }
     app::PreviewFrame* Frame() { return Find<app::PreviewFrame>("fraApercu"); }
     app::IconsFrame* Icons() { return Find<app::IconsFrame>("fraVisualization"); }
     QListWidget* List(ObjectKind kind) {
@@ -77,25 +60,16 @@ class PreviewTest : public QObject {
 
 private slots:
     void init() {
-        if (!QFileInfo::exists(kCorpusFile)) QSKIP(qPrintable("no corpus file " + kCorpusFile));
-        doc_ = std::make_unique<Document>();
-        prompts_ = std::make_unique<ScriptedPrompts>();
-        settings_ = std::make_unique<MemorySettingsStore>();
-        model_ = std::make_unique<MainWindowModel>(*doc_, *prompts_, *settings_, "v0.1.0");
-        window_ = std::make_unique<app::MainWindow>(*model_);
-        app::ConnectTextRoute(*window_, *model_);
+        REQUIRE_CORPUS_FILE("jbm-osm.typ");
+        StartWindow();
         window_->resize(1280, 800);
-        window_->show();
-        model_->OpenAny(kCorpusFile.toStdString());
+        model_->OpenAny(CorpusFile("jbm-osm.typ").toStdString());
         QVERIFY(List(ObjectKind::Polygon)->count() > 0);
         QVERIFY(List(ObjectKind::Polyline)->count() > 0);
         QVERIFY(List(ObjectKind::Poi)->count() > 0);
     }
 
-    void cleanup() {
-        window_.reset();
-        model_.reset();
-    }
+    void cleanup() { StopWindow(); }
 
     void pickingEachKindShowsItsPicture() {
         QCOMPARE(DrawnPixels(0), 0);

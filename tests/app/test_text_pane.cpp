@@ -16,10 +16,7 @@
 #include <memory>
 
 #include "document/presentation.h"
-#include "editors/main_window_model.h"
-#include "scripted_prompts.h"
-#include "shell/application.h"
-#include "shell/main_window.h"
+#include "app_test_support.h"
 #include "text/listing.h"
 #include "text/text_pane.h"
 
@@ -40,22 +37,11 @@ std::string SampleText() {
 
 }  // namespace
 
-class TextPaneTest : public QObject {
+class TextPaneTest : public MainWindowTestBase {
     Q_OBJECT
 
     std::unique_ptr<QTemporaryDir> dir_;
-    std::unique_ptr<Document> doc_;
-    std::unique_ptr<ScriptedPrompts> prompts_;
-    std::unique_ptr<MemorySettingsStore> settings_;
-    std::unique_ptr<MainWindowModel> model_;
-    std::unique_ptr<app::MainWindow> window_;
 
-    template <typename T>
-    T* Find(const char* name) {
-        T* widget = window_->findChild<T*>(QString::fromUtf8(name));
-        if (!widget) qFatal("no widget %s", name);
-        return widget;
-    }
     QPlainTextEdit* Pane() { return Find<QPlainTextEdit>("BoxVisualisation"); }
     QString Path(const char* name) { return dir_->filePath(name); }
 
@@ -78,14 +64,8 @@ class TextPaneTest : public QObject {
 private slots:
     void init() {
         dir_ = std::make_unique<QTemporaryDir>();
-        doc_ = std::make_unique<Document>();
-        prompts_ = std::make_unique<ScriptedPrompts>();
-        settings_ = std::make_unique<MemorySettingsStore>();
-        model_ = std::make_unique<MainWindowModel>(*doc_, *prompts_, *settings_, "v0.1.0");
-        window_ = std::make_unique<app::MainWindow>(*model_);
-        app::ConnectTextRoute(*window_, *model_);
+        StartWindow();
         window_->Text().Session().SetBackupFolder(dir_->path().toStdString());
-        window_->show();
         QFile file(Path("sample.txt"));
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(QByteArray::fromStdString(SampleText()));
@@ -94,10 +74,7 @@ private slots:
         QCOMPARE(doc_->Polygons.size(), std::size_t(2));
     }
 
-    void cleanup() {
-        window_.reset();
-        model_.reset();
-    }
+    void cleanup() { StopWindow(); }
 
     void listingIsColouredAndDecodedInTheDocumentCodePage() {
         ShowWholeText();

@@ -1,13 +1,22 @@
 // The real-world TYP files beside the repository, when they are there.
 #pragma once
 
+#include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
 namespace mirvane::testing {
 
 inline std::filesystem::path CorpusDir() { return std::filesystem::path(MIRVANE_SHARED_DIR) / "corpus"; }
+
+// The whole file as bytes, empty when it cannot be read.
+inline std::string ReadFileText(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
 
 inline bool CorpusPresent() { return std::filesystem::is_directory(CorpusDir()); }
 

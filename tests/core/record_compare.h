@@ -14,19 +14,21 @@ inline std::string Describe(const std::string& kind, std::size_t i, const std::s
     return kind + " #" + std::to_string(i) + " " + type + "/" + subType;
 }
 
+inline void ExpectSamePolygon(const PolygonRecord& x, const PolygonRecord& y) {
+    EXPECT_EQ(x.Type, y.Type);
+    EXPECT_EQ(x.SubType, y.SubType);
+    EXPECT_EQ(x.Flags, y.Flags);
+    EXPECT_EQ(x.ColourBytes, y.ColourBytes);
+    EXPECT_EQ(x.PatternBytes, y.PatternBytes);
+    EXPECT_EQ(x.LabelBytes, y.LabelBytes);
+    EXPECT_EQ(x.ExtendedLabelBytes, y.ExtendedLabelBytes);
+}
+
 inline void ExpectSamePolygons(const Document& a, const Document& b) {
     ASSERT_EQ(a.Polygons.size(), b.Polygons.size());
     for (std::size_t i = 0; i < a.Polygons.size(); ++i) {
-        const auto& x = a.Polygons[i];
-        const auto& y = b.Polygons[i];
-        SCOPED_TRACE(Describe("polygon", i, x.Type, x.SubType));
-        EXPECT_EQ(x.Type, y.Type);
-        EXPECT_EQ(x.SubType, y.SubType);
-        EXPECT_EQ(x.Flags, y.Flags);
-        EXPECT_EQ(x.ColourBytes, y.ColourBytes);
-        EXPECT_EQ(x.PatternBytes, y.PatternBytes);
-        EXPECT_EQ(x.LabelBytes, y.LabelBytes);
-        EXPECT_EQ(x.ExtendedLabelBytes, y.ExtendedLabelBytes);
+        SCOPED_TRACE(Describe("polygon", i, a.Polygons[i].Type, a.Polygons[i].SubType));
+        ExpectSamePolygon(a.Polygons[i], b.Polygons[i]);
     }
 }
 

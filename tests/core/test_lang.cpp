@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
-#include <random>
 
+#include "language_folder_test.h"
 #include "labels/language_codes.h"
 #include "lang/ini_file.h"
 #include "lang/lookup.h"
@@ -32,30 +32,7 @@ std::optional<std::string> Environment(const char* name) {
     return value ? std::optional<std::string>(value) : std::nullopt;
 }
 
-// A language folder of its own per test; the lookup state is put back after.
-class LanguageFiles : public ::testing::Test {
-protected:
-    void SetUp() override {
-        savedFolder_ = LanguageFolder();
-        savedName_ = LanguageName();
-        root_ = fs::temp_directory_path() / ("mirvane_lang_" + std::to_string(std::random_device{}()));
-        folder_ = root_ / "Langues";
-        fs::create_directories(folder_);
-        SetLanguageFolder(folder_.string());
-    }
-    void TearDown() override {
-        SetLanguageFolder(savedFolder_);
-        SetLanguageName(savedName_);
-        std::error_code ignored;
-        fs::remove_all(root_, ignored);
-    }
-    void WriteLanguage(const std::string& name, const std::string& bytes) {
-        std::ofstream(folder_ / (name + ".lng"), std::ios::binary) << bytes;
-    }
-
-    fs::path root_, folder_;
-    std::string savedFolder_, savedName_;
-};
+using LanguageFiles = LanguageFolderTest;
 
 }  // namespace
 
@@ -174,7 +151,7 @@ TEST_F(LanguageFiles, ListsAndChecksLanguages) {
     EXPECT_FALSE(LanguageExists("Francais"));
     EXPECT_FALSE(LanguageExists(""));
 
-    SetLanguageFolder((root_ / "missing").string());
+    SetLanguageFolder((root_.Path() / "missing").string());
     EXPECT_TRUE(ListLanguages().empty());
     EXPECT_FALSE(LanguageExists("English"));
     SetLanguageFolder("");
@@ -184,20 +161,20 @@ TEST_F(LanguageFiles, ListsAndChecksLanguages) {
 
 TEST_F(LanguageFiles, CandidateFoldersAndChoice) {
     const auto savedDataHome = Environment("XDG_DATA_HOME");
-    const fs::path program = root_ / "prefix" / "bin";
-    const fs::path dataHome = root_ / "data";
+    const fs::path program = root_.Path() / "prefix" / "bin";
+    const fs::path dataHome = root_.Path() / "data";
     SetEnvironment("XDG_DATA_HOME", dataHome.string());
     const auto candidates = CandidateLanguageFolders(program.string());
     ASSERT_EQ(candidates.size(), 3u);
     EXPECT_EQ(fs::path(candidates[0]), program / "Langues");
-    EXPECT_EQ(fs::path(candidates[1]), root_ / "prefix" / "share" / "mirvane" / "Langues");
+    EXPECT_EQ(fs::path(candidates[1]), root_.Path() / "prefix" / "share" / "mirvane" / "Langues");
     EXPECT_EQ(fs::path(candidates[2]), dataHome / "mirvane" / "Langues");
 
     EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), program / "Langues");  // none exists
     fs::create_directories(dataHome / "mirvane" / "Langues");
     EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), dataHome / "mirvane" / "Langues");
-    fs::create_directories(root_ / "prefix" / "share" / "mirvane" / "Langues");
-    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), root_ / "prefix" / "share" / "mirvane" / "Langues");
+    fs::create_directories(root_.Path() / "prefix" / "share" / "mirvane" / "Langues");
+    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), root_.Path() / "prefix" / "share" / "mirvane" / "Langues");
     fs::create_directories(program / "Langues");
     EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), program / "Langues");
 

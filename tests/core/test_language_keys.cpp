@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "corpus.h"
 #include "editors/main_window_texts.h"
 #include "labels/language_codes.h"
 #include "lang/ini_file.h"
@@ -35,13 +36,6 @@ struct Lookup {
     int Default = 0, Key = 0;
 };
 using Lookups = std::map<std::string, Lookup>;
-
-std::string ReadFile(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream out;
-    out << in.rdbuf();
-    return out.str();
-}
 
 std::string Lower(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
@@ -145,7 +139,7 @@ KeySet KeysInSource() {
         for (const auto& entry : fs::recursive_directory_iterator(kSource / top)) {
             const auto ext = entry.path().extension();
             if (entry.is_regular_file() && (ext == ".cpp" || ext == ".h"))
-                files.push_back({entry.path(), ReadFile(entry.path()), {}});
+                files.push_back({entry.path(), mirvane::testing::ReadFileText(entry.path()), {}});
         }
     }
     Lookups global{{"LookupText", {{std::nullopt, 0}, 1, 2}},

@@ -7,31 +7,19 @@
 
 #include "editors/languages_model.h"
 #include "lang/lookup.h"
+#include "language_folder_test.h"
 #include "scripted_prompts.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-class LanguagesModelTest : public ::testing::Test {
+class LanguagesModelTest : public LanguageFolderTest {
 protected:
     void SetUp() override {
-        folder_ = fs::temp_directory_path() / ("mirvane_langs_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) +
-                                               ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::create_directories(folder_);
-        Write("English", "[Langues]\nRedemarrer=Please restart\n[Main]\nfraPOI=POIs\n");
-        Write("Deutsch", "[Main]\nfraPOI=POIs\n");
-        savedFolder_ = mirvane::LanguageFolder();
-        savedName_ = mirvane::LanguageName();
-        mirvane::SetLanguageFolder(folder_.string());
-    }
-    void TearDown() override {
-        mirvane::SetLanguageFolder(savedFolder_);
-        mirvane::SetLanguageName(savedName_);
-        fs::remove_all(folder_);
-    }
-    void Write(const std::string& name, const std::string& text) {
-        std::ofstream(folder_ / (name + ".lng"), std::ios::binary) << text;
+        LanguageFolderTest::SetUp();
+        WriteLanguage("English", "[Langues]\nRedemarrer=Please restart\n[Main]\nfraPOI=POIs\n");
+        WriteLanguage("Deutsch", "[Main]\nfraPOI=POIs\n");
     }
     int RowOf(const mirvane::LanguagesModel& model, const std::string& name) {
         for (std::size_t i = 0; i < model.lstLang.size(); ++i)
@@ -39,8 +27,6 @@ protected:
         return -1;
     }
 
-    fs::path folder_;
-    std::string savedFolder_, savedName_;
     mirvane::MemorySettingsStore settings_;
     ScriptedPrompts prompts_;
 };
@@ -101,7 +87,7 @@ TEST_F(LanguagesModelTest, BackToFrenchStoresFrancaisAndAsksForARestartInTheOldL
 }
 
 TEST_F(LanguagesModelTest, AStrayFrancaisFileChangesMessagesButNotCaptions) {
-    Write("Francais", "[Langues]\nfrmLangues=Langues\ncmdOK=D'accord\n");
+    WriteLanguage("Francais", "[Langues]\nfrmLangues=Langues\ncmdOK=D'accord\n");
     mirvane::SetLanguageName(mirvane::kBuiltInLanguage);
     mirvane::LanguagesModel model(settings_, prompts_);
     model.Form_Load();
@@ -110,7 +96,7 @@ TEST_F(LanguagesModelTest, AStrayFrancaisFileChangesMessagesButNotCaptions) {
     EXPECT_EQ(mirvane::LookupText("Langues", "OK", "cmdOK"), "D'accord");
 
     mirvane::SetLanguageName("English");
-    Write("English", "[Langues]\nfrmLangues=Available languages\n");
+    WriteLanguage("English", "[Langues]\nfrmLangues=Available languages\n");
     model.Form_Load();
     EXPECT_EQ(model.Caption, "Available languages");
 }

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "corpus.h"
 #include "document/binary_reader.h"
 #include "document/presentation.h"
 #include "listing_test_support.h"
@@ -17,23 +18,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kCorpus = fs::path(MIRVANE_SHARED_DIR) / "corpus";
-
-std::vector<fs::path> FilesIn(const fs::path& folder, const std::string& extension) {
-    std::vector<fs::path> files;
-    if (!fs::is_directory(folder)) return files;
-    for (const auto& entry : fs::directory_iterator(folder))
-        if (entry.path().extension() == extension) files.push_back(entry.path());
-    std::sort(files.begin(), files.end());
-    return files;
-}
-
-std::string ReadText(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream out;
-    out << in.rdbuf();
-    return out.str();
-}
+using testing::CorpusDir;
+using testing::CorpusFiles;
 
 std::vector<std::string> SplitLines(const std::string& text) {
     std::vector<std::string> lines;
@@ -54,10 +40,10 @@ ListingText ListBinary(const fs::path& path, Document& doc) {
 }
 
 TEST(ListingCorpus, EveryBinaryIsListed) {
-    std::vector<fs::path> files = FilesIn(kCorpus / "binary", ".typ");
-    const std::vector<fs::path> mkgmap = FilesIn(kCorpus / "mkgmap", ".typ");
+    std::vector<fs::path> files = CorpusFiles("binary", ".typ");
+    const std::vector<fs::path> mkgmap = CorpusFiles("mkgmap", ".typ");
     files.insert(files.end(), mkgmap.begin(), mkgmap.end());
-    if (files.empty()) GTEST_SKIP() << "no corpus in " << kCorpus;
+    if (files.empty()) GTEST_SKIP() << "no corpus in " << CorpusDir();
     for (const fs::path& path : files) {
         Document doc;
         const ListingText text = ListBinary(path, doc);
@@ -158,9 +144,9 @@ PairResult ComparePair(const fs::path& binary, const std::string& reference) {
 
 TEST(ListingCorpus, DecompiledTextsMatchTheirBinaries) {
     int pairs = 0;
-    for (const fs::path& textPath : FilesIn(kCorpus / "text", ".txt")) {
-        const fs::path binary = kCorpus / "binary" / (textPath.stem().string() + ".typ");
-        const std::string reference = ReadText(textPath);
+    for (const fs::path& textPath : CorpusFiles("text", ".txt")) {
+        const fs::path binary = CorpusDir() / "binary" / (textPath.stem().string() + ".typ");
+        const std::string reference = testing::ReadFileText(textPath);
         if (reference.rfind("; ", 0) != 0 || reference.find("; Longueur: ") == std::string::npos ||
             !fs::exists(binary))
             continue;
@@ -168,7 +154,7 @@ TEST(ListingCorpus, DecompiledTextsMatchTheirBinaries) {
         const PairResult result = ComparePair(binary, reference);
         EXPECT_TRUE(result.Unexplained.empty()) << textPath << ":\n" << ::testing::PrintToString(result.Unexplained);
     }
-    if (pairs == 0) GTEST_SKIP() << "no decompiled texts in " << kCorpus;
+    if (pairs == 0) GTEST_SKIP() << "no decompiled texts in " << CorpusDir();
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "temp_folder.h"
 #include "corpus.h"
 #include "document/binary_reader.h"
 #include "editors/main_window_model.h"
@@ -15,22 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class TempFolder {
-public:
-    TempFolder() : path_(fs::temp_directory_path() / ("mirvane-model-" + std::to_string(::getpid()) + "-" +
-                                                      std::to_string(counter_++))) {
-        fs::create_directories(path_);
-    }
-    ~TempFolder() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    std::string File(const std::string& name) const { return (path_ / name).string(); }
-
-private:
-    static inline int counter_ = 0;
-    fs::path path_;
-};
+using mirvane::testing::TempFolder;
 
 void Touch(const std::string& path) { std::ofstream(path) << "x"; }
 

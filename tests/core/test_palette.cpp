@@ -67,12 +67,6 @@ TEST(Palette, AGreyWinsOnlyWhenStrictlyNearer) {
     EXPECT_EQ(couleur_garmin(Rgb(0xF00505)), Rgb(0xFF0000));
 }
 
-TEST(Palette, Distances) {
-    EXPECT_EQ(distance_couleurs(kBlack, kWhite), 765);
-    EXPECT_EQ(distance_couleurs(Rgb(0x102030), Rgb(0x201008)), 16 + 16 + 40);
-    EXPECT_EQ(distance_couleurs(kRed, kRed), 0);
-}
-
 TEST(Palette, NearestEntryIsTheFirstOfEquals) {
     const std::vector<Colour> list{kWhite, Rgb(0x100000), Rgb(0x001000), kBlack};
     EXPECT_EQ(indice_couleur_proche(Rgb(0x080808), list), 1);  // 1 and 2 tie at 24: the first wins

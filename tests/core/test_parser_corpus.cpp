@@ -42,54 +42,46 @@ SectionCounts CountSections(const std::string& text) {
     return counts;
 }
 
-std::string ReadText(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-template <typename Record>
-std::map<std::string, const Record*> ByKey(const std::vector<Record>& records) {
-    std::map<std::string, const Record*> keyed;
-    for (const auto& r : records) keyed[r.Type + "/" + r.SubType] = &r;
-    return keyed;
-}
-
-void ExpectPolygonsAgree(const Document& parsed, const Document& compiled) {
-    const auto other = ByKey(compiled.Polygons);
-    for (const auto& r : parsed.Polygons) {
-        const auto found = other.find(r.Type + "/" + r.SubType);
-        if (found == other.end() || found->second->Flags != r.Flags) continue;
-        SCOPED_TRACE("polygon " + r.Type + "/" + r.SubType);
-        EXPECT_EQ(r.ColourBytes, found->second->ColourBytes);
-        EXPECT_EQ(r.PatternBytes, found->second->PatternBytes);
-        EXPECT_EQ(r.ExtendedLabelBytes, found->second->ExtendedLabelBytes);
+// Calls check(mine, theirs) for each parsed record whose type mkgmap also
+// compiled with the same encoding (sameEncoding(mine, theirs)).
+template <typename Record, typename SameEncoding, typename Check>
+void ForEachAgreeing(const std::vector<Record>& parsed, const std::vector<Record>& compiled,
+                     SameEncoding sameEncoding, Check check) {
+    std::map<std::string, const Record*> theirs;
+    for (const auto& r : compiled) theirs[r.Type + "/" + r.SubType] = &r;
+    for (const auto& r : parsed) {
+        const auto found = theirs.find(r.Type + "/" + r.SubType);
+        if (found == theirs.end() || !sameEncoding(r, *found->second)) continue;
+        SCOPED_TRACE(r.Type + "/" + r.SubType);
+        check(r, *found->second);
     }
 }
 
-void ExpectPolylinesAgree(const Document& parsed, const Document& compiled) {
-    const auto other = ByKey(compiled.Polylines);
-    for (const auto& r : parsed.Polylines) {
-        const auto found = other.find(r.Type + "/" + r.SubType);
-        if (found == other.end() || found->second->Flags1 != r.Flags1) continue;
-        SCOPED_TRACE("polyline " + r.Type + "/" + r.SubType);
-        EXPECT_EQ(r.ColourBytes, found->second->ColourBytes);
-        EXPECT_EQ(r.PatternBytes, found->second->PatternBytes);
-    }
-}
-
-void ExpectPoisAgree(const Document& parsed, const Document& compiled) {
-    const auto other = ByKey(compiled.Pois);
-    for (const auto& r : parsed.Pois) {
-        const auto found = other.find(r.Type + "/" + r.SubType);
-        if (found == other.end()) continue;
-        const PoiBitmap& mine = r.Bitmaps[0];
-        const PoiBitmap& theirs = found->second->Bitmaps[0];
-        if (mine.ColourCount != theirs.ColourCount || mine.ColourMode != theirs.ColourMode) continue;
-        SCOPED_TRACE("POI " + r.Type + "/" + r.SubType);
-        EXPECT_EQ(r.Width, found->second->Width);
-        EXPECT_EQ(r.Height, found->second->Height);
-        EXPECT_EQ(mine.PixelBytes, theirs.PixelBytes);
-    }
+void ExpectRecordsAgree(const Document& parsed, const Document& compiled) {
+    ForEachAgreeing(
+        parsed.Polygons, compiled.Polygons, [](auto& x, auto& y) { return x.Flags == y.Flags; },
+        [](auto& x, auto& y) {
+            EXPECT_EQ(x.ColourBytes, y.ColourBytes);
+            EXPECT_EQ(x.PatternBytes, y.PatternBytes);
+            EXPECT_EQ(x.ExtendedLabelBytes, y.ExtendedLabelBytes);
+        });
+    ForEachAgreeing(
+        parsed.Polylines, compiled.Polylines, [](auto& x, auto& y) { return x.Flags1 == y.Flags1; },
+        [](auto& x, auto& y) {
+            EXPECT_EQ(x.ColourBytes, y.ColourBytes);
+            EXPECT_EQ(x.PatternBytes, y.PatternBytes);
+        });
+    ForEachAgreeing(
+        parsed.Pois, compiled.Pois,
+        [](auto& x, auto& y) {
+            return x.Bitmaps[0].ColourCount == y.Bitmaps[0].ColourCount &&
+                   x.Bitmaps[0].ColourMode == y.Bitmaps[0].ColourMode;
+        },
+        [](auto& x, auto& y) {
+            EXPECT_EQ(x.Width, y.Width);
+            EXPECT_EQ(x.Height, y.Height);
+            EXPECT_EQ(x.Bitmaps[0].PixelBytes, y.Bitmaps[0].PixelBytes);
+        });
 }
 
 // A polygon whose colour bytes fit its layout survives compiling and reading.
@@ -102,15 +94,8 @@ void ExpectConsistentPolygonsSurvive(const Document& parsed, const Document& bac
         const PolygonRecord& x = parsed.Polygons[i];
         const auto colours = ColourCountOf(x.Flags);
         if (!colours || static_cast<std::size_t>(*colours) * 3 != x.ColourBytes.size()) continue;
-        const PolygonRecord& y = back.Polygons[i];
         SCOPED_TRACE("polygon " + x.Type + "/" + x.SubType);
-        EXPECT_EQ(x.Type, y.Type);
-        EXPECT_EQ(x.SubType, y.SubType);
-        EXPECT_EQ(x.Flags, y.Flags);
-        EXPECT_EQ(x.ColourBytes, y.ColourBytes);
-        EXPECT_EQ(x.PatternBytes, y.PatternBytes);
-        EXPECT_EQ(x.LabelBytes, y.LabelBytes);
-        EXPECT_EQ(x.ExtendedLabelBytes, y.ExtendedLabelBytes);
+        mirvane::testing::ExpectSamePolygon(x, back.Polygons[i]);
     }
 }
 
@@ -128,7 +113,7 @@ TEST(ParserCorpus, EveryTextParsesCompilesAndReadsBack) {
     ASSERT_FALSE(files.empty());
     for (const auto& path : files) {
         SCOPED_TRACE(path.filename().string());
-        const std::string text = ReadText(path);
+        const std::string text = mirvane::testing::ReadFileText(path);
         Document doc;
         ASSERT_TRUE(OpenTypText(doc, path.string()));
         const SectionCounts counts = CountSections(text);
@@ -168,8 +153,6 @@ TEST(ParserCorpus, RecordsAgreeWithMkgmapWhereEncodingsMatch) {
         EXPECT_EQ(parsed.Polygons.size(), compiled.Polygons.size());
         EXPECT_EQ(parsed.Polylines.size(), compiled.Polylines.size());
         EXPECT_EQ(parsed.Pois.size(), compiled.Pois.size());
-        ExpectPolygonsAgree(parsed, compiled);
-        ExpectPolylinesAgree(parsed, compiled);
-        ExpectPoisAgree(parsed, compiled);
+        ExpectRecordsAgree(parsed, compiled);
     }
 }

@@ -4,7 +4,9 @@
 #include <fstream>
 #include <iterator>
 
+#include "corpus.h"
 #include "document/document.h"
+#include "temp_folder.h"
 #include "editors/backups_window_model.h"
 #include "editors/text_backups.h"
 #include "editors/text_pane.h"
@@ -16,21 +18,10 @@ namespace {
 
 class BackupFolder : public ::testing::Test {
 protected:
-    void SetUp() override {
-        folder_ = fs::temp_directory_path() /
-                  ("mirvane_backups_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-        fs::remove_all(folder_);
-        fs::create_directories(folder_);
-    }
-    void TearDown() override { fs::remove_all(folder_); }
+    std::string Folder() const { return folder_.Path().string(); }
+    std::string FileBytes() const { return mirvane::testing::ReadFileText(folder_.Path() / kBackupFileName); }
 
-    std::string Folder() const { return folder_.string(); }
-    std::string FileBytes() const {
-        std::ifstream in(folder_ / kBackupFileName, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    }
-
-    fs::path folder_;
+    mirvane::testing::TempFolder folder_;
 };
 
 std::string Stars() { return std::string(80, '*'); }
@@ -58,7 +49,7 @@ TEST_F(BackupFolder, AutoBackupOffKeepsMemoryBackupsAndWritesNothing) {
     sauvegardertexte(backups, "two", false, Folder(), "f.typ");
     EXPECT_EQ(backups.Count(), 2u);
     EXPECT_EQ(backups.At(1), "two");
-    EXPECT_FALSE(fs::exists(folder_ / kBackupFileName));
+    EXPECT_FALSE(fs::exists(folder_.Path() / kBackupFileName));
 }
 
 TEST_F(BackupFolder, NumberCountsEveryBackupEvenThoseNotWritten) {
@@ -70,7 +61,7 @@ TEST_F(BackupFolder, NumberCountsEveryBackupEvenThoseNotWritten) {
 
 TEST_F(BackupFolder, FailedWriteIsPassedOverAndTheMemoryBackupStays) {
     TextBackups backups;
-    const std::string missing = (folder_ / "no" / "such" / "folder").string();
+    const std::string missing = (folder_.Path() / "no" / "such" / "folder").string();
     sauvegardertexte(backups, "text", true, missing, "f.typ");
     EXPECT_EQ(backups.Count(), 1u);
     EXPECT_FALSE(AppendBackupEntry(missing, "x"));
@@ -79,7 +70,7 @@ TEST_F(BackupFolder, FailedWriteIsPassedOverAndTheMemoryBackupStays) {
 TEST_F(BackupFolder, RemoveBackupFileClearsTheLastSessionAndToleratesNone) {
     ASSERT_TRUE(AppendBackupEntry(Folder(), "old"));
     RemoveBackupFile(Folder());
-    EXPECT_FALSE(fs::exists(folder_ / kBackupFileName));
+    EXPECT_FALSE(fs::exists(folder_.Path() / kBackupFileName));
     RemoveBackupFile(Folder());
     ASSERT_TRUE(AppendBackupEntry(Folder(), "new"));
     EXPECT_EQ(FileBytes(), "new");

@@ -6,6 +6,7 @@
 
 #include "editors/text_pane_session.h"
 #include "scripted_prompts.h"
+#include "temp_folder.h"
 #include "text/parser.h"
 
 namespace mirvane {
@@ -49,17 +50,12 @@ TEST(PaneCodePage, FollowsTheComboOrTheUnlistedPage) {
 class TextPaneSessionTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        folder_ = std::filesystem::temp_directory_path() / ("mirvane_pane_" + std::to_string(::getpid()));
-        std::filesystem::create_directories(folder_);
-        std::filesystem::remove(folder_ / kBackupFileName);
         doc_.State = DocumentState::Loaded;
-        doc_.SetPath((folder_ / "a.typ").string());
+        doc_.SetPath(folder_.File("a.typ"));
         ParseTypText(doc_, "[_polygon]\r\nType=0x01\r\nXpm=\"0 0 1 0\"\r\n\"1 c #FF0000\"\r\n[end]\r\n", 0);
-        session_.SetBackupFolder(folder_.string());
+        session_.SetBackupFolder(folder_.Path().string());
     }
-    void TearDown() override { std::filesystem::remove_all(folder_); }
-
-    std::filesystem::path folder_;
+    testing::TempFolder folder_;
     Document doc_;
     ScriptedPrompts prompts_;
     MemorySettingsStore settings_;
@@ -73,7 +69,7 @@ TEST_F(TextPaneSessionTest, EmptyWholeTextLeavesAnEmptyDocumentAndMarksIt) {
     EXPECT_TRUE(doc_.Polygons.empty());
     EXPECT_TRUE(doc_.ModifiedFlag);
     EXPECT_EQ(session_.Backups().Count(), 1u);
-    EXPECT_FALSE(std::filesystem::exists(folder_ / kBackupFileName));
+    EXPECT_FALSE(std::filesystem::exists(folder_.Path() / kBackupFileName));
 }
 
 TEST_F(TextPaneSessionTest, BrokenTextOpensTheErrorListOnce) {
@@ -84,11 +80,11 @@ TEST_F(TextPaneSessionTest, BrokenTextOpensTheErrorListOnce) {
         ASSERT_EQ(errors.size(), 1u);
         EXPECT_EQ(errors[0].find("old"), std::string::npos);
     }
-    EXPECT_TRUE(std::filesystem::exists(folder_ / kBackupFileName));
+    EXPECT_TRUE(std::filesystem::exists(folder_.Path() / kBackupFileName));
 }
 
 TEST_F(TextPaneSessionTest, SaveTextAsksBeforeReplacingAFile) {
-    const std::string target = (folder_ / "out.txt").string();
+    const std::string target = (folder_.Path() / "out.txt").string();
     prompts_.Paths.push_back(target);
     ASSERT_TRUE(session_.SaveText("a\r\nb"));
     prompts_.Paths.push_back(target);
