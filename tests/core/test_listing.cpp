@@ -86,20 +86,14 @@ TEST(Listing, CommentTextAndDrawOrderRows) {
     EXPECT_NE(plain.find("[_drawOrder]\r\nType=0x003,1\r\nType=0x10e01,3\r\nType=0x10e,\r\n[End]"), std::string::npos);
 }
 
-TEST(Listing, TypeValueOfPolygons) {
+TEST(Listing, SolidPolygonsWithFlags6And7AndTheirTypeValues) {
     Document doc = LoadedDocument();
-    doc.Polygons = {Polygon("003", "00", 6, Colours({0x112233})), Polygon("10e", "00", 6, Colours({0}))};
-    EXPECT_EQ(ObjectLines(doc, 1, 0)[1], "Type=0x03");
-    EXPECT_EQ(ObjectLines(doc, 1, 1)[1], "Type=0x10e00");
-}
-
-TEST(Listing, SolidPolygonsWithFlags6And7) {
-    Document doc = LoadedDocument();
-    doc.Polygons = {Polygon("003", "00", 6, Colours({0x112233})), Polygon("004", "00", 7, Colours({0xA0B0C0, 1}))};
+    doc.Polygons = {Polygon("003", "00", 6, Colours({0x112233})), Polygon("10e", "00", 7, Colours({0xA0B0C0, 1}))};
     EXPECT_EQ(ObjectLines(doc, 1, 0),
               (std::vector<std::string>{"[_polygon]", "Type=0x03", "ExtendedLabels=N", "Xpm=\"0 0 1 0\"",
                                         "\"1 c #112233\"", "[end]"}));
     const auto night = ObjectLines(doc, 1, 1);
+    EXPECT_EQ(night[1], "Type=0x10e00");  // extended types keep three digits and the subtype
     EXPECT_EQ(night[3], "Xpm=\"0 0 2 0\"");
     EXPECT_EQ(night[4], "\"1 c #A0B0C0\"");
     EXPECT_EQ(night[5], "\"2 c #000001\"");
@@ -173,19 +167,6 @@ TEST(Listing, PatternLineHasTwoBlanksBeforeTheOne) {
     EXPECT_EQ(lines[9], ";12345678901234567890123456789012");
     EXPECT_EQ(listing.Preview.Picture.Height, 3);
     EXPECT_EQ(listing.Preview.Picture.Day.size(), 96u);
-}
-
-TEST(Listing, PoiWith24ColoursUsesTwoCharacterCodes) {
-    Document doc = LoadedDocument();
-    doc.Pois = {PalettePoi(2, 1, 24, 16)};
-    const auto lines = ObjectLines(doc, 3);
-    EXPECT_EQ(lines[4], "DayXpm=\"2 1 24 2\"   Colormode=16");
-    EXPECT_EQ(lines[5].substr(0, 4), "\"!!\t");
-    EXPECT_EQ(lines[6].substr(0, 4), "\"!#\t");
-    EXPECT_EQ(lines[7].substr(0, 4), "\"!%\t");
-    EXPECT_EQ(lines[5 + 16], "\"#!\tc #FF0010\"");
-    EXPECT_EQ(lines[5 + 24], "\"#!#!\"");
-    EXPECT_EQ(lines[6 + 24], ";12");
 }
 
 TEST(Listing, PoiTransparentPixelsAndRulerOf33Pixels) {

@@ -115,26 +115,7 @@ TEST(Palette, NeighbourIndicesNameTheLowerLevel) {
     EXPECT_EQ(indices_voisins(Rgb(0x7C6642)), (IndicesVoisins{2, 2, 2}));
 }
 
-TEST(Palette, EightNeighboursAndTheNearestCorner) {
-    const CouleursVoisines v = couleurs_voisines(composer_couleur(90, 74, 20));
-    EXPECT_EQ(v.coins[0], composer_couleur(57, 48, 0));
-    EXPECT_EQ(v.coins[1], composer_couleur(123, 48, 0));
-    EXPECT_EQ(v.coins[2], composer_couleur(123, 101, 0));
-    EXPECT_EQ(v.coins[3], composer_couleur(57, 101, 0));
-    EXPECT_EQ(v.coins[4], composer_couleur(57, 48, 32));
-    EXPECT_EQ(v.coins[6], composer_couleur(123, 101, 32));
-    EXPECT_EQ(v.coins[7], composer_couleur(57, 101, 32));
-    EXPECT_EQ(v.coinGarmin, 4);
-
-    EXPECT_EQ(couleurs_voisines(kWhite).coinGarmin, 6);
-    // A grey that wins off the corners frames none of them.
-    EXPECT_FALSE(couleurs_voisines(Rgb(0x141414)).coinGarmin.has_value());
-}
-
 TEST(Palette, FramedSquare) {
-    EXPECT_EQ(carre_a_encadrer(kBlack), 1);
-    EXPECT_EQ(carre_a_encadrer(kWhite), 240);
-    EXPECT_EQ(carre_a_encadrer(Rgb(0x101010)), 241);
     EXPECT_EQ(carre_a_encadrer(Rgb(0x123456)), 0);
     EXPECT_EQ(position_carre(1), (PositionCarre{0, 0}));
     EXPECT_EQ(position_carre(16), (PositionCarre{15, 0}));

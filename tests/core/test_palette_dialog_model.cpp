@@ -117,17 +117,6 @@ TEST(PaletteDialog, CancelGivesBackTheCurrentColourWhateverWasChosen) {
     EXPECT_EQ(previews.back(), Rgb(0x393020));
 }
 
-TEST(PaletteDialog, OkLeavesTheChosenColourAndEditorsGetNoLivePreview) {
-    int previews = 0;
-    PaletteDialogModel dialog(Rgb(0x393020), PaletteCaller::Editor, [&](Colour) { ++previews; });
-    dialog.Carre_Click(100);
-    dialog.cmdOK_Click();
-    EXPECT_TRUE(dialog.Closed());
-    EXPECT_TRUE(dialog.Accepted());
-    EXPECT_EQ(dialog.CouleurChoisie(), *couleur_carre(100));
-    EXPECT_EQ(previews, 0);
-}
-
 TEST(PaletteDialog, ThePipetteChoosesTheLastPixelReadOnRelease) {
     PaletteDialogModel dialog(Rgb(0x393020), PaletteCaller::Editor);
     EXPECT_EQ(dialog.picPicker_BackColor(), kPipetteAuRepos);
@@ -151,15 +140,6 @@ TEST(PaletteDialog, ThePipetteChoosesTheLastPixelReadOnRelease) {
     EXPECT_EQ(dialog.CarreAvecBordure(), 0);
     EXPECT_EQ(dialog.CarreEncadre(), carre_a_encadrer(Rgb(0x393020))) << "the frame stays where it was";
     EXPECT_TRUE(dialog.Label9Visible());
-}
-
-TEST(PaletteDialog, APipetteThatReadNothingChoosesNothing) {
-    PaletteDialogModel dialog(Rgb(0x393020), PaletteCaller::Editor);
-    dialog.PipetteStart();
-    dialog.PipetteMoved(5, 5);
-    dialog.PipetteEnd();
-    EXPECT_EQ(dialog.CouleurChoisie(), Rgb(0x393020));
-    EXPECT_EQ(dialog.CarreEncadre(), carre_a_encadrer(Rgb(0x393020)));
 }
 
 TEST(PaletteDialog, TheMagnifierShowsAFifthCentredOnThePointer) {
@@ -197,10 +177,3 @@ TEST(ColoursDialog, OpensBesideTheEditor) {
     EXPECT_EQ(PositionCouleurs(100, 50, 400), (PositionFenetre{520, 76}));
 }
 
-TEST(PointerWatch, ReportsOnlyMoves) {
-    SuiviCurseur watch;
-    EXPECT_TRUE(watch.Bouge(0, 0)) << "the first look always reads";
-    EXPECT_FALSE(watch.Bouge(0, 0));
-    EXPECT_TRUE(watch.Bouge(0, 1));
-    EXPECT_TRUE(watch.Bouge(0, 0));
-}

