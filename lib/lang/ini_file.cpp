@@ -2,6 +2,7 @@
 
 #include "document/file_io.h"
 #include "labels/codepage.h"
+#include "text/ascii.h"
 
 namespace mirvane {
 
@@ -15,14 +16,6 @@ std::string_view Trim(std::string_view text) {
     if (first == std::string_view::npos) return {};
     const auto last = text.find_last_not_of(kBlanks);
     return text.substr(first, last - first + 1);
-}
-
-// Case folding of ASCII letters only; other bytes compare as they are.
-std::string Folded(std::string_view text) {
-    std::string folded(text);
-    for (char& c : folded)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return folded;
 }
 
 std::string_view Unquoted(std::string_view value) {
@@ -42,7 +35,7 @@ IniFile::IniFile(std::string_view text) {
         if (line.empty() || line.front() == ';') continue;
         if (line.front() == '[') {
             const auto close = line.find(']');
-            const std::string name = Folded(Trim(line.substr(1, close == std::string_view::npos ? close : close - 1)));
+            const std::string name = AsciiLower(Trim(line.substr(1, close == std::string_view::npos ? close : close - 1)));
             const auto [it, isNew] = sections_.try_emplace(name);
             current = isNew ? &it->second : nullptr;
             continue;
@@ -51,14 +44,14 @@ IniFile::IniFile(std::string_view text) {
         if (!current || equals == std::string_view::npos) continue;
         const std::string_view key = Trim(line.substr(0, equals));
         if (key.empty()) continue;
-        current->try_emplace(Folded(key), Unquoted(Trim(line.substr(equals + 1))));
+        current->try_emplace(AsciiLower(key), Unquoted(Trim(line.substr(equals + 1))));
     }
 }
 
 std::optional<std::string> IniFile::Find(std::string_view section, std::string_view key) const {
-    const auto foundSection = sections_.find(Folded(Trim(section)));
+    const auto foundSection = sections_.find(AsciiLower(Trim(section)));
     if (foundSection == sections_.end()) return std::nullopt;
-    const auto foundKey = foundSection->second.find(Folded(Trim(key)));
+    const auto foundKey = foundSection->second.find(AsciiLower(Trim(key)));
     if (foundKey == foundSection->second.end()) return std::nullopt;
     return foundKey->second;
 }

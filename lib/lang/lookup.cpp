@@ -1,7 +1,6 @@
 #include "lang/lookup.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <mutex>
@@ -9,6 +8,7 @@
 
 #include "document/file_io.h"
 #include "lang/ini_file.h"
+#include "text/ascii.h"
 
 namespace mirvane {
 
@@ -56,10 +56,7 @@ const IniFile* ParsedFile(const fs::path& path) {
 }
 
 bool HasLanguageExtension(const fs::path& file) {
-    std::string extension = Utf8FromPath(file.extension());
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return extension == ".lng";
+    return AsciiLower(Utf8FromPath(file.extension())) == ".lng";
 }
 
 fs::path UserDataFolder() {

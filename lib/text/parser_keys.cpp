@@ -5,6 +5,7 @@
 #include "document/encoding.h"
 #include "labels/label_block.h"
 #include "lang/lookup.h"
+#include "text/ascii.h"
 #include "text/parser_context.h"
 
 namespace mirvane::textparse {
@@ -36,12 +37,7 @@ std::string_view Mid(std::string_view text, std::size_t position, std::size_t le
     return text.substr(position - 1, length);
 }
 
-std::string Lower(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return lower;
-}
+std::string Lower(std::string_view text) { return AsciiLower(text); }
 
 std::string_view TrimBlanks(std::string_view text) {
     const auto first = text.find_first_not_of(' ');
@@ -53,9 +49,7 @@ std::string_view TrimBlanks(std::string_view text) {
 bool StartsWithNoCase(std::string_view text, std::string_view lowerPrefix) {
     if (text.size() < lowerPrefix.size()) return false;
     for (std::size_t k = 0; k < lowerPrefix.size(); ++k) {
-        char c = text[k];
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-        if (c != lowerPrefix[k]) return false;
+        if (AsciiLower(text[k]) != lowerPrefix[k]) return false;
     }
     return true;
 }
