@@ -1,7 +1,6 @@
 #include "editors/main_window_model.h"
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 
 #include "document/binary_reader.h"
@@ -10,6 +9,7 @@
 #include "draworder/draw_order_table.h"
 #include "editors/compiler_route.h"
 #include "lang/lookup.h"
+#include "text/ascii.h"
 
 namespace mirvane {
 
@@ -19,10 +19,9 @@ std::string ModifiedMark() { return MainText("modifié", "modif"); }
 
 std::string TypFilter() { return MainText("Fichiers TYP", "msgFiltreTyp") + " (*.typ)"; }
 
-bool EndsWithNoCase(const std::string& text, const std::string& tail) {
-    if (text.size() < tail.size()) return false;
-    return std::equal(tail.begin(), tail.end(), text.end() - static_cast<long>(tail.size()),
-                      [](char a, char b) { return std::tolower(static_cast<unsigned char>(a)) == b; });
+// `lowerTail` in lower case; the text's own case does not matter ("MAP.TYP").
+bool EndsWithNoCase(const std::string& text, const std::string& lowerTail) {
+    return text.size() >= lowerTail.size() && AsciiLower(text.substr(text.size() - lowerTail.size())) == lowerTail;
 }
 
 template <typename Record>

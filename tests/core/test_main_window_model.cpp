@@ -108,6 +108,15 @@ TEST_F(ModelFixture, DeletingThePickedPolygonSendsThePaneBackToTheDocument) {
     EXPECT_EQ(model.EditScope(), 0);  // the pane goes back to the whole document
 }
 
+TEST_F(ModelFixture, AnUpperCaseTypEndingOpensAsBinary) {
+    TempFolder folder;
+    const std::string upper = folder.File("SAMPLE.TYP");
+    std::filesystem::copy_file(std::filesystem::path(MIRVANE_SOURCE_DIR) / "samples" / "sample.typ", upper);
+    ASSERT_TRUE(model.OpenAny(upper));
+    EXPECT_FALSE(doc.FromText);
+    EXPECT_EQ(doc.PolygonCount(), 16);
+}
+
 TEST_F(ModelFixture, SaveAsksBeforeOverwritingAndWritesAReadableFile) {
     MIRVANE_REQUIRE_CORPUS();
     TempFolder folder;
