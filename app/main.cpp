@@ -1,6 +1,6 @@
 #include <QApplication>
 
-#include "shell/application.h"
+#include "app/shell/application.h"
 
 int main(int argc, char** argv) {
     // A screenshot needs no screen.

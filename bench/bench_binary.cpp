@@ -4,7 +4,7 @@
 
 #include "document/binary_reader.h"
 #include "document/binary_writer.h"
-#include "document/sample_document.h"
+#include "support/sample_document.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 // and placing and hitting every icon.
 #include <benchmark/benchmark.h>
 
-#include "editors/icons_view_model.h"
-#include "editors/preview_model.h"
+#include "models/preview/icons_view_model.h"
+#include "models/preview/preview_model.h"
 
 namespace {
 

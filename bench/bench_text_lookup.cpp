@@ -7,7 +7,7 @@
 #include <string>
 
 #include "colour/palette.h"
-#include "labels/codepage.h"
+#include "base/codepage.h"
 #include "lang/lookup.h"
 
 namespace {

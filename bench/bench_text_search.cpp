@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "editors/text_search.h"
+#include "models/textpane/text_search.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include "document/binary_reader.h"
 #include "document/binary_writer.h"
 #include "document/presentation.h"
-#include "text/numbers.h"
+#include "base/numbers.h"
 
 namespace mirvane::cli {
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "labels/codepage.h"
+#include "base/codepage.h"
 #include "lang/ini_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -4,7 +4,7 @@
 
 #include "document/binary_writer.h"
 #include "document/presentation.h"
-#include "document/sample_document.h"
+#include "support/sample_document.h"
 
 int main(int argc, char** argv) {
     if (argc != 2) {

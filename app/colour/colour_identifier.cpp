@@ -1,4 +1,4 @@
-#include "colour/colour_identifier.h"
+#include "app/colour/colour_identifier.h"
 
 #include <QCursor>
 #include <QFontMetrics>
@@ -8,8 +8,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "editors/compiler_route.h"
-#include "shell/texts.h"
+#include "models/textpane/compiler_route.h"
+#include "app/common/texts.h"
 
 namespace mirvane::app {
 

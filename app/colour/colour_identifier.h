@@ -5,8 +5,8 @@
 
 #include <QWidget>
 
-#include "colour/screen_reader.h"
-#include "editors/palette_dialog_model.h"
+#include "app/platform/screen_reader.h"
+#include "models/colour/palette_dialog_model.h"
 
 class QLabel;
 class QTimer;

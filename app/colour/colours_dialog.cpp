@@ -1,11 +1,11 @@
-#include "colour/colours_dialog.h"
+#include "app/colour/colours_dialog.h"
 
 #include <QFormLayout>
 #include <QLabel>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
-#include "shell/texts.h"
+#include "app/common/texts.h"
 
 namespace mirvane::app {
 

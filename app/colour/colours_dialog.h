@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "editors/colours_dialog_model.h"
+#include "models/colour/colours_dialog_model.h"
 
 class QScrollBar;
 

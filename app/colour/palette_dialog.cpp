@@ -1,4 +1,4 @@
-#include "colour/palette_dialog.h"
+#include "app/colour/palette_dialog.h"
 
 #include <QColorDialog>
 #include <QCursor>
@@ -12,7 +12,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "shell/texts.h"
+#include "app/common/texts.h"
 
 namespace mirvane::app {
 

@@ -7,8 +7,8 @@
 #include <functional>
 #include <optional>
 
-#include "colour/screen_reader.h"
-#include "editors/palette_dialog_model.h"
+#include "app/platform/screen_reader.h"
+#include "models/colour/palette_dialog_model.h"
 
 class QLabel;
 class QPushButton;

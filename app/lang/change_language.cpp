@@ -1,4 +1,4 @@
-#include "lang/change_language.h"
+#include "app/lang/change_language.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -7,10 +7,10 @@
 #include <QLabel>
 #include <QMenu>
 
-#include "editors/main_window_texts.h"
-#include "lang/languages_window.h"
-#include "shell/main_window.h"
-#include "shell/texts.h"
+#include "models/shell/main_window_texts.h"
+#include "app/lang/languages_window.h"
+#include "app/shell/main_window.h"
+#include "app/common/texts.h"
 
 namespace mirvane::app {
 

@@ -1,11 +1,11 @@
-#include "lang/languages_window.h"
+#include "app/lang/languages_window.h"
 
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "shell/texts.h"
+#include "app/common/texts.h"
 
 namespace mirvane::app {
 

@@ -3,7 +3,7 @@
 
 #include <QDialog>
 
-#include "editors/languages_model.h"
+#include "models/shell/languages_model.h"
 
 class QListWidget;
 

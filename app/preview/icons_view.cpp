@@ -1,4 +1,4 @@
-#include "preview/icons_view.h"
+#include "app/preview/icons_view.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -11,8 +11,8 @@
 #include <QSlider>
 #include <QVBoxLayout>
 
-#include "preview/raster_image.h"
-#include "shell/texts.h"
+#include "app/preview/raster_image.h"
+#include "app/common/texts.h"
 
 namespace mirvane::app {
 

@@ -6,7 +6,7 @@
 #include <QWidget>
 
 #include "document/document.h"
-#include "editors/icons_view_model.h"
+#include "models/preview/icons_view_model.h"
 
 class QScrollArea;
 class QSlider;

@@ -1,4 +1,4 @@
-#include "preview/preview_frame.h"
+#include "app/preview/preview_frame.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -8,11 +8,11 @@
 #include <QSlider>
 #include <QVBoxLayout>
 
-#include "colour/palette_dialog.h"
-#include "editors/palette_dialog_model.h"
-#include "editors/preview_pane.h"
-#include "preview/raster_image.h"
-#include "shell/texts.h"
+#include "app/colour/palette_dialog.h"
+#include "models/colour/palette_dialog_model.h"
+#include "models/preview/preview_pane.h"
+#include "app/preview/raster_image.h"
+#include "app/common/texts.h"
 
 namespace mirvane::app {
 

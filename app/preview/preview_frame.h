@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "document/document.h"
-#include "editors/preview_model.h"
+#include "models/preview/preview_model.h"
 
 class QLabel;
 class QPushButton;

@@ -1,4 +1,4 @@
-#include "preview/raster_image.h"
+#include "app/preview/raster_image.h"
 
 #include <QPainter>
 

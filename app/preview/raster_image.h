@@ -6,7 +6,7 @@
 #include <QFrame>
 #include <QImage>
 
-#include "editors/raster.h"
+#include "graphics/raster.h"
 
 namespace mirvane::app {
 

@@ -1,4 +1,4 @@
-#include "shell/application.h"
+#include "app/shell/application.h"
 
 #include <QApplication>
 #include <QDir>
@@ -8,16 +8,16 @@
 #include <cstdio>
 
 #include "document/document.h"
-#include "editors/main_window_model.h"
-#include "editors/startup.h"
-#include "lang/change_language.h"
+#include "models/shell/main_window_model.h"
+#include "models/shell/startup.h"
+#include "app/lang/change_language.h"
 #include "lang/lookup.h"
-#include "shell/dialog_prompts.h"
-#include "shell/main_window.h"
-#include "shell/qt_settings_store.h"
-#include "shell/texts.h"
-#include "shell/update_check.h"
-#include "text/text_pane.h"
+#include "app/shell/dialog_prompts.h"
+#include "app/shell/main_window.h"
+#include "app/shell/qt_settings_store.h"
+#include "app/common/texts.h"
+#include "app/shell/update_check.h"
+#include "app/text/text_pane.h"
 #include "text/listing.h"
 #include "text/parser.h"
 

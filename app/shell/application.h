@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <string>
 
-#include "editors/main_window_model.h"
+#include "models/shell/main_window_model.h"
 
 namespace mirvane::app {
 

@@ -1,11 +1,11 @@
-#include "shell/dialog_prompts.h"
+#include "app/shell/dialog_prompts.h"
 
 #include <QFileDialog>
 #include <QMessageBox>
 #include <cstdio>
 
-#include "shell/error_list_dialog.h"
-#include "shell/texts.h"
+#include "app/shell/error_list_dialog.h"
+#include "app/common/texts.h"
 
 namespace mirvane::app {
 

@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <QPointer>
 
-#include "editors/user_prompts.h"
+#include "models/shell/user_prompts.h"
 
 namespace mirvane::app {
 

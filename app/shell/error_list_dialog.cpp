@@ -1,4 +1,4 @@
-#include "shell/error_list_dialog.h"
+#include "app/shell/error_list_dialog.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "shell/texts.h"
+#include "app/common/texts.h"
 
 namespace mirvane::app {
 

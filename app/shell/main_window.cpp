@@ -1,4 +1,4 @@
-#include "shell/main_window.h"
+#include "app/shell/main_window.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -24,17 +24,17 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "colour/colour_identifier.h"
-#include "compiler/compiler_window.h"
+#include "app/colour/colour_identifier.h"
+#include "app/text/compiler_window.h"
 #include "document/presentation.h"
-#include "editors/text_pane_session.h"
-#include "editors/preview_pane.h"
-#include "extra/labels_window.h"
-#include "lang/change_language.h"
-#include "preview/icons_view.h"
-#include "preview/preview_frame.h"
-#include "shell/texts.h"
-#include "text/text_pane.h"
+#include "models/textpane/text_pane_session.h"
+#include "models/preview/preview_pane.h"
+#include "app/shell/labels_window.h"
+#include "app/lang/change_language.h"
+#include "app/preview/icons_view.h"
+#include "app/preview/preview_frame.h"
+#include "app/common/texts.h"
+#include "app/text/text_pane.h"
 
 namespace mirvane::app {
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "document/document.h"
-#include "editors/main_window_model.h"
+#include "models/shell/main_window_model.h"
 #include "text/listing_text.h"
 
 class QAction;

@@ -1,4 +1,4 @@
-#include "shell/qt_settings_store.h"
+#include "app/shell/qt_settings_store.h"
 
 namespace mirvane::app {
 

@@ -3,7 +3,7 @@
 
 #include <QSettings>
 
-#include "editors/settings_store.h"
+#include "models/shell/settings_store.h"
 
 namespace mirvane::app {
 

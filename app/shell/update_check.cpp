@@ -1,4 +1,4 @@
-#include "shell/update_check.h"
+#include "app/shell/update_check.h"
 
 #include <QMessageBox>
 #include <QNetworkAccessManager>
@@ -6,8 +6,8 @@
 #include <QPointer>
 #include <QUrl>
 
-#include "editors/startup.h"
-#include "shell/texts.h"
+#include "models/shell/startup.h"
+#include "app/common/texts.h"
 
 namespace mirvane::app {
 

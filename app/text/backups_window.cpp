@@ -1,4 +1,4 @@
-#include "text/backups_window.h"
+#include "app/text/backups_window.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -8,7 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "text/listing_document.h"
+#include "app/text/listing_document.h"
 
 namespace mirvane::app {
 

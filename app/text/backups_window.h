@@ -4,7 +4,7 @@
 
 #include <QDialog>
 
-#include "editors/backups_window_model.h"
+#include "models/textpane/backups_window_model.h"
 
 class QPlainTextEdit;
 class QPushButton;

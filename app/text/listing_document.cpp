@@ -1,12 +1,12 @@
-#include "text/listing_document.h"
+#include "app/text/listing_document.h"
 
 #include <QColor>
 #include <QTextCharFormat>
 #include <QTextCursor>
 #include <QTextDocument>
 
-#include "labels/codepage.h"
-#include "shell/texts.h"
+#include "base/codepage.h"
+#include "app/common/texts.h"
 
 namespace mirvane::app {
 

@@ -6,7 +6,7 @@
 #include <array>
 #include <string>
 
-#include "editors/text_pane_session.h"
+#include "models/textpane/text_pane_session.h"
 #include "text/listing_text.h"
 
 class QTextDocument;

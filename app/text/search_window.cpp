@@ -1,4 +1,4 @@
-#include "text/search_window.h"
+#include "app/text/search_window.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

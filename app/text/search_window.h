@@ -5,8 +5,8 @@
 #include <QDialog>
 #include <memory>
 
-#include "editors/search_model.h"
-#include "editors/text_buffer.h"
+#include "models/textpane/search_model.h"
+#include "models/textpane/text_buffer.h"
 
 class QCheckBox;
 class QLineEdit;

@@ -1,4 +1,4 @@
-#include "text/text_pane.h"
+#include "app/text/text_pane.h"
 
 #include <QAction>
 #include <QApplication>
@@ -16,10 +16,10 @@
 #include <QStandardPaths>
 #include <QTextCursor>
 
-#include "shell/texts.h"
-#include "text/backups_window.h"
-#include "text/listing_document.h"
-#include "text/search_window.h"
+#include "app/common/texts.h"
+#include "app/text/backups_window.h"
+#include "app/text/listing_document.h"
+#include "app/text/search_window.h"
 
 namespace mirvane::app {
 

@@ -8,8 +8,8 @@
 #include <array>
 #include <string>
 
-#include "editors/main_window_model.h"
-#include "editors/text_pane_session.h"
+#include "models/shell/main_window_model.h"
+#include "models/textpane/text_pane_session.h"
 #include "text/listing_text.h"
 
 class QAction;

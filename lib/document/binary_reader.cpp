@@ -8,7 +8,7 @@
 #include "document/record_reader.h"
 #include "document/run_time_errors.h"
 #include "document/sorts.h"
-#include "draworder/draw_order_table.h"
+#include "document/draw_order_table.h"
 #include "lang/lookup.h"
 
 namespace mirvane {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "document/document.h"
-#include "document/file_io.h"
+#include "base/file_io.h"
 
 namespace mirvane {
 

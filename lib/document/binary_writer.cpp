@@ -8,9 +8,9 @@
 #include "document/presentation.h"
 #include "document/run_time_errors.h"
 #include "document/sorts.h"
-#include "draworder/draw_order_table.h"
+#include "document/draw_order_table.h"
 #include "lang/lookup.h"
-#include "text/numbers.h"
+#include "base/numbers.h"
 
 namespace mirvane {
 

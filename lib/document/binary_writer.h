@@ -5,7 +5,7 @@
 #include <string>
 
 #include "document/document.h"
-#include "document/local_time.h"
+#include "base/local_time.h"
 
 namespace mirvane {
 

@@ -92,24 +92,6 @@ int PoiRecordLength(const PoiRecord& r) {
     return length;
 }
 
-bool LabelPrefixIsOneByte(std::uint8_t first) { return (first & 1) != 0; }
-
-int LabelBlockLength(std::uint8_t first, std::uint8_t second) {
-    if (LabelPrefixIsOneByte(first)) return 1 + (first - 1) / 2;
-    const int w = first | (second << 8);
-    return 2 + (w - 2) / 4;
-}
-
-int ExtendedLabelBlockLength(std::uint8_t first) {
-    switch (first >> 3) {
-    case 0: return 1;
-    case 1:
-    case 2: return 4;
-    case 3: return 7;
-    default: return first;  // damaged data: the byte itself is taken as the length
-    }
-}
-
 std::uint32_t LeadingHex(std::string_view text, std::uint32_t limit) {
     std::uint32_t value = 0;
     for (char c : text) {

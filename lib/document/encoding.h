@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "document/records.h"
+#include "labels/label_block.h"
 
 namespace mirvane {
 
@@ -32,13 +33,6 @@ std::optional<int> TrueColourPixelByteLength(int width, int height, int colourMo
 int PolygonRecordLength(const PolygonRecord& record);
 int PolylineRecordLength(const PolylineRecord& record);
 int PoiRecordLength(const PoiRecord& record);
-
-// Whole length of a label block (prefix included) from its first one or two bytes.
-int LabelBlockLength(std::uint8_t first, std::uint8_t second);
-bool LabelPrefixIsOneByte(std::uint8_t first);
-
-// Whole length of an extended label block from its first byte.
-int ExtendedLabelBlockLength(std::uint8_t first);
 
 // Hexadecimal value of a Type or SubType text; what cannot be read counts as 0.
 int HexValue(std::string_view text);

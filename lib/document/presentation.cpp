@@ -4,7 +4,7 @@
 
 #include "document/encoding.h"
 #include "lang/lookup.h"
-#include "text/numbers.h"
+#include "base/numbers.h"
 
 namespace mirvane {
 

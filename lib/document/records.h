@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-namespace mirvane {
+#include "base/bytes.h"
 
-using Bytes = std::vector<std::uint8_t>;
+namespace mirvane {
 
 // Line break used in every text the core builds (logs, listings): the files
 // the program writes have always used CR LF.

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "document/encoding.h"
-#include "document/exchange_sort.h"
+#include "base/exchange_sort.h"
 
 namespace mirvane {
 

@@ -1,8 +1,24 @@
 #include "labels/label_block.h"
 
-#include "document/encoding.h"
-
 namespace mirvane {
+
+bool LabelPrefixIsOneByte(std::uint8_t first) { return (first & 1) != 0; }
+
+int LabelBlockLength(std::uint8_t first, std::uint8_t second) {
+    if (LabelPrefixIsOneByte(first)) return 1 + (first - 1) / 2;
+    const int w = first | (second << 8);
+    return 2 + (w - 2) / 4;
+}
+
+int ExtendedLabelBlockLength(std::uint8_t first) {
+    switch (first >> 3) {
+    case 0: return 1;
+    case 1:
+    case 2: return 4;
+    case 3: return 7;
+    default: return first;  // damaged data: the byte itself is taken as the length
+    }
+}
 
 std::optional<std::vector<LabelText>> DecodeLabelBlock(const Bytes& block) {
     if (block.empty() || block[0] < 2) return std::nullopt;

@@ -8,9 +8,16 @@
 #include <string>
 #include <vector>
 
-#include "document/records.h"
+#include "base/bytes.h"
 
 namespace mirvane {
+
+// Whole length of a label block (prefix included) from its first one or two bytes.
+int LabelBlockLength(std::uint8_t first, std::uint8_t second);
+bool LabelPrefixIsOneByte(std::uint8_t first);
+
+// Whole length of an extended label block from its first byte.
+int ExtendedLabelBlockLength(std::uint8_t first);
 
 struct LabelText {
     std::uint8_t LanguageCode = 0;

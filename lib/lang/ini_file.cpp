@@ -1,8 +1,8 @@
 #include "lang/ini_file.h"
 
-#include "document/file_io.h"
-#include "labels/codepage.h"
-#include "text/ascii.h"
+#include "base/file_io.h"
+#include "base/codepage.h"
+#include "base/ascii.h"
 
 namespace mirvane {
 

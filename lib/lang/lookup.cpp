@@ -6,9 +6,9 @@
 #include <mutex>
 #include <optional>
 
-#include "document/file_io.h"
+#include "base/file_io.h"
 #include "lang/ini_file.h"
-#include "text/ascii.h"
+#include "base/ascii.h"
 
 namespace mirvane {
 

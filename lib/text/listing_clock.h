@@ -1,7 +1,7 @@
 // The clock reading of the "; Décompilé le ... à ..." line.
 #pragma once
 
-#include "document/local_time.h"
+#include "base/local_time.h"
 
 namespace mirvane {
 

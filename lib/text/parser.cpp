@@ -4,8 +4,8 @@
 #include "text/parser.h"
 
 #include "document/sorts.h"
-#include "document/file_io.h"
-#include "draworder/draw_order_table.h"
+#include "base/file_io.h"
+#include "document/draw_order_table.h"
 #include "text/parser_context.h"
 
 namespace mirvane {

@@ -5,7 +5,7 @@
 #include "document/encoding.h"
 #include "labels/label_block.h"
 #include "lang/lookup.h"
-#include "text/ascii.h"
+#include "base/ascii.h"
 #include "text/parser_context.h"
 
 namespace mirvane::textparse {

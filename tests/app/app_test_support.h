@@ -8,10 +8,10 @@
 #include <QString>
 #include <memory>
 
-#include "editors/main_window_model.h"
+#include "models/shell/main_window_model.h"
 #include "scripted_prompts.h"
-#include "shell/application.h"
-#include "shell/main_window.h"
+#include "app/shell/application.h"
+#include "app/shell/main_window.h"
 
 inline QString CorpusFile(const char* name) {
     return QString(MIRVANE_SHARED_DIR) + "/corpus/binary/" + name;

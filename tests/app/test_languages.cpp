@@ -14,11 +14,11 @@
 #include <QTest>
 #include <memory>
 
-#include "compiler/compiler_window.h"
+#include "app/text/compiler_window.h"
 #include "document/binary_reader.h"
 #include "app_test_support.h"
-#include "extra/labels_window.h"
-#include "lang/change_language.h"
+#include "app/shell/labels_window.h"
+#include "app/lang/change_language.h"
 #include "lang/lookup.h"
 
 using namespace mirvane;

@@ -21,7 +21,7 @@
 
 #include "document/binary_reader.h"
 #include "app_test_support.h"
-#include "shell/error_list_dialog.h"
+#include "app/shell/error_list_dialog.h"
 
 using namespace mirvane;
 

@@ -12,13 +12,13 @@
 #include <memory>
 #include <vector>
 
-#include "colour/colour_identifier.h"
-#include "colour/colours_dialog.h"
-#include "colour/palette_dialog.h"
-#include "editors/main_window_model.h"
-#include "editors/settings_store.h"
+#include "app/colour/colour_identifier.h"
+#include "app/colour/colours_dialog.h"
+#include "app/colour/palette_dialog.h"
+#include "models/shell/main_window_model.h"
+#include "models/shell/settings_store.h"
 #include "scripted_prompts.h"
-#include "shell/main_window.h"
+#include "app/shell/main_window.h"
 
 using namespace mirvane;
 using mirvane::app::PaletteDialog;

@@ -11,9 +11,9 @@
 #include <memory>
 
 #include "app_test_support.h"
-#include "preview/icons_view.h"
-#include "preview/preview_frame.h"
-#include "preview/raster_image.h"
+#include "app/preview/icons_view.h"
+#include "app/preview/preview_frame.h"
+#include "app/preview/raster_image.h"
 
 using namespace mirvane;
 

@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "shell/application.h"
+#include "app/shell/application.h"
 
 class ScreenshotTest : public QObject {
     Q_OBJECT

@@ -4,9 +4,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "editors/recent_files.h"
-#include "editors/startup.h"
-#include "shell/qt_settings_store.h"
+#include "models/shell/recent_files.h"
+#include "models/shell/startup.h"
+#include "app/shell/qt_settings_store.h"
 
 using namespace mirvane;
 

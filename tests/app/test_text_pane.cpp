@@ -18,7 +18,7 @@
 #include "document/presentation.h"
 #include "app_test_support.h"
 #include "text/listing.h"
-#include "text/text_pane.h"
+#include "app/text/text_pane.h"
 
 using namespace mirvane;
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "editors/user_prompts.h"
+#include "models/shell/user_prompts.h"
 
 struct ScriptedPrompts : mirvane::UserPrompts {
     struct Shown {

@@ -6,7 +6,7 @@
 #include "document/binary_writer.h"
 #include "document/encoding.h"
 #include "document/presentation.h"
-#include "document/sample_document.h"
+#include "support/sample_document.h"
 
 using namespace mirvane;
 

@@ -10,7 +10,7 @@
 #include "document/encoding.h"
 #include "document/extra_sections.h"
 #include "document/presentation.h"
-#include "document/sample_document.h"
+#include "support/sample_document.h"
 #include "document/sorts.h"
 #include "record_compare.h"
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "labels/codepage.h"
+#include "base/codepage.h"
 
 using namespace mirvane;
 

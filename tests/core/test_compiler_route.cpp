@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "editors/compiler_route.h"
+#include "models/textpane/compiler_route.h"
 #include "scripted_prompts.h"
 
 using namespace mirvane;

@@ -4,7 +4,7 @@
 
 #include "corpus.h"
 #include "document/binary_reader.h"
-#include "labels/codepage.h"
+#include "base/codepage.h"
 #include "labels/label_block.h"
 #include "labels/language_codes.h"
 

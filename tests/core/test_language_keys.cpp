@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "editors/main_window_texts.h"
+#include "models/shell/main_window_texts.h"
 #include "lang/ini_file.h"
 
 namespace {

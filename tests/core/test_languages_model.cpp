@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "editors/languages_model.h"
+#include "models/shell/languages_model.h"
 #include "lang/lookup.h"
 #include "language_folder_test.h"
 #include "scripted_prompts.h"

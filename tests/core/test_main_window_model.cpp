@@ -6,9 +6,9 @@
 #include "temp_folder.h"
 #include "corpus.h"
 #include "document/binary_reader.h"
-#include "editors/main_window_model.h"
-#include "editors/recent_files.h"
-#include "editors/startup.h"
+#include "models/shell/main_window_model.h"
+#include "models/shell/recent_files.h"
+#include "models/shell/startup.h"
 #include "scripted_prompts.h"
 
 namespace mirvane {

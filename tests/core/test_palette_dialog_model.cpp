@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "editors/colours_dialog_model.h"
-#include "editors/palette_dialog_model.h"
+#include "models/colour/colours_dialog_model.h"
+#include "models/colour/palette_dialog_model.h"
 
 using namespace mirvane;
 

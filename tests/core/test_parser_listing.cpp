@@ -4,7 +4,7 @@
 
 #include "corpus.h"
 #include "document/binary_reader.h"
-#include "document/sample_document.h"
+#include "support/sample_document.h"
 #include "record_compare.h"
 #include "text/listing.h"
 #include "text/parser.h"

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "editors/preview_model.h"
+#include "models/preview/preview_model.h"
 #include "listing_test_support.h"
 #include "text/listing.h"
 

@@ -6,8 +6,8 @@
 
 #include "corpus.h"
 #include "document/binary_reader.h"
-#include "editors/icons_view_model.h"
-#include "editors/preview_model.h"
+#include "models/preview/icons_view_model.h"
+#include "models/preview/preview_model.h"
 #include "text/listing.h"
 
 namespace mirvane {

@@ -2,7 +2,7 @@
 // object, the live controls, the icon of a row.
 #include <gtest/gtest.h>
 
-#include "editors/preview_pane.h"
+#include "models/preview/preview_pane.h"
 #include "listing_test_support.h"
 
 namespace mirvane {

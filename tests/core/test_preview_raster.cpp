@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "editors/raster.h"
+#include "graphics/raster.h"
 
 namespace mirvane {
 namespace {

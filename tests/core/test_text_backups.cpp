@@ -7,9 +7,9 @@
 #include "corpus.h"
 #include "document/document.h"
 #include "temp_folder.h"
-#include "editors/backups_window_model.h"
-#include "editors/text_backups.h"
-#include "editors/text_pane.h"
+#include "models/textpane/backups_window_model.h"
+#include "models/textpane/text_backups.h"
+#include "models/textpane/text_pane.h"
 
 using namespace mirvane;
 namespace fs = std::filesystem;

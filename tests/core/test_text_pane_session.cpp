@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "editors/text_pane_session.h"
+#include "models/textpane/text_pane_session.h"
 #include "scripted_prompts.h"
 #include "temp_folder.h"
 #include "text/parser.h"

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "editors/search_model.h"
-#include "editors/text_search.h"
+#include "models/textpane/search_model.h"
+#include "models/textpane/text_search.h"
 #include "scripted_prompts.h"
 
 using namespace mirvane;

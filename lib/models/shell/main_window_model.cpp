@@ -1,0 +1,369 @@
+#include "models/shell/main_window_model.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "document/binary_reader.h"
+#include "document/binary_writer.h"
+#include "document/presentation.h"
+#include "document/draw_order_table.h"
+#include "models/textpane/compiler_route.h"
+#include "lang/lookup.h"
+#include "base/ascii.h"
+
+namespace mirvane {
+
+namespace {
+
+std::string ModifiedMark() { return MainText("modifié", "modif"); }
+
+std::string TypFilter() { return MainText("Fichiers TYP", "msgFiltreTyp") + " (*.typ)"; }
+
+// `lowerTail` in lower case; the text's own case does not matter ("MAP.TYP").
+bool EndsWithNoCase(const std::string& text, const std::string& lowerTail) {
+    return text.size() >= lowerTail.size() && AsciiLower(text.substr(text.size() - lowerTail.size())) == lowerTail;
+}
+
+template <typename Record>
+bool EraseRow(std::vector<Record>& records, int row) {
+    if (row < 0 || row >= static_cast<int>(records.size())) return false;
+    records.erase(records.begin() + row);
+    return true;
+}
+
+}  // namespace
+
+std::string ObjectWord(ObjectKind kind) {
+    switch (kind) {
+        case ObjectKind::Polygon: return MainText("le polygone", "msgPolygone");
+        case ObjectKind::Polyline: return MainText("la polyligne", "msgPolyligne");
+        case ObjectKind::Poi: break;
+    }
+    return MainText("le POI", "msgPOI");
+}
+
+MainWindowModel::MainWindowModel(Document& doc, UserPrompts& prompts, SettingsStore& settings,
+                                 std::string versionText)
+    : doc_(doc), prompts_(prompts), settings_(settings), versionText_(std::move(versionText)) {
+    recent_.Load(settings_);
+}
+
+void MainWindowModel::Changed() {
+    const int count = editScope_ == 1   ? doc_.PolygonCount()
+                      : editScope_ == 2 ? static_cast<int>(doc_.Polylines.size())
+                                        : doc_.PoiCount();
+    if (editScope_ != 0 && (editIndex_ < 0 || editIndex_ >= count)) SetEditScope(0);
+    if (changed_) changed_();
+}
+
+void MainWindowModel::SetEditScope(int scope, int index) {
+    editScope_ = scope >= 1 && scope <= 3 && index >= 0 ? scope : 0;
+    editIndex_ = editScope_ ? index : -1;
+}
+
+// --- what the window shows
+
+std::string MainWindowModel::Title() const {
+    std::string title = BaseTitle();
+    if (newDocumentFlag_ && doc_.FilePath.empty()) return title + " - " + MainText("Nouveau TYP", "nouveauTYP");
+    if (doc_.State == DocumentState::None) return title;
+    title += " - [" + doc_.FileName + "]";
+    if (doc_.ModifiedFlag) title += " " + ModifiedMark();
+    return title;
+}
+
+std::string MainWindowModel::NameCaption() const {
+    if (doc_.FileName.empty()) return {};
+    return doc_.FileFolder + "\n" + doc_.FileName;
+}
+
+std::string MainWindowModel::LengthText() const {
+    if (doc_.State == DocumentState::None) return {};
+    if (doc_.ModifiedFlag) return ModifiedMark();  // the length on disk no longer holds
+    if (doc_.FilePath.empty() || doc_.FromText) return {};
+    return LengthCaption(doc_.FileLengthText);
+}
+
+std::string MainWindowModel::DateText() const {
+    if (doc_.FilePath.empty() || doc_.FromText) return {};
+    return DateCreationCaption(doc_.Header);
+}
+
+std::string MainWindowModel::PolygonCaption() const {
+    return HasDocument() ? PolygonFrameCaption(doc_) : MainText("Liste des polygones", "fraPolygone");
+}
+std::string MainWindowModel::PolylineCaption() const {
+    return HasDocument() ? PolylineFrameCaption(doc_) : MainText("Liste des polylignes", "fraPolyligne");
+}
+std::string MainWindowModel::PoiCaption() const {
+    return HasDocument() ? PoiFrameCaption(doc_) : MainText("Liste des POI", "fraPOI");
+}
+std::string MainWindowModel::ExtraPoiCaption() const {
+    return HasDocument() ? ExtraPoiFrameCaption(doc_) : MainText("Liste des POI additionnels", "fraExtraPOI");
+}
+std::string MainWindowModel::DrawOrderCaptionText() const {
+    return HasDocument() ? DrawOrderCaption(doc_.DrawOrderRows.size()) : MainText("DrawOrder", "fraDraworder");
+}
+
+std::string MainWindowModel::ErrorListText() const {
+    return ErrorWindowText(doc_.FilePath, doc_.ReadErrorLog);
+}
+
+EnableState MainWindowModel::Enables() const {
+    EnableState state;
+    state.OpenText = HasTextRoute();
+    if (!HasDocument()) return state;
+    state.ObjectCommands = state.IdentityFields = state.Combos = true;
+    state.CreateTyp = state.ViewText = state.DrawOrder = state.Close = true;
+    state.SaveText = true;
+    return state;
+}
+
+// --- commands
+
+void MainWindowModel::New() {
+    Close();
+    doc_.State = DocumentState::New;
+    newDocumentFlag_ = true;
+    doc_.Identity.CodePageIndex = 2;  // 1252
+    SelectHeaderSize(doc_.Identity, kKnownHeaderSizes[0]);
+    Changed();
+}
+
+bool MainWindowModel::OpenTyp(const std::string& path) {
+    // The path is asked before closing, so that a cancelled dialog keeps the work.
+    std::string chosen = path;
+    if (chosen.empty() && !AskOpenPath(chosen, MainText("Ouvrir un fichier TYP", "msgOuvrirTyp"), TypFilter()))
+        return false;
+    return LoadDocument(chosen, OpenBinaryTyp, false);
+}
+
+bool MainWindowModel::OpenText(const std::string& path) {
+    if (!textOpener_) return false;
+    std::string chosen = path;
+    if (chosen.empty() && !AskOpenPath(chosen, MainText("Ouvrir un fichier txt", "msgOuvrirtxt"),
+                                       MainText("Fichiers texte", "msgFiltreTxt") + " (*.txt)"))
+        return false;
+    return LoadDocument(chosen, textOpener_, true);
+}
+
+bool MainWindowModel::AskOpenPath(std::string& chosen, const std::string& title, const std::string& filter) {
+    auto answer = prompts_.ChooseOpenPath(title, filter);
+    if (!answer || answer->empty()) return false;
+    chosen = *answer;
+    return true;
+}
+
+bool MainWindowModel::LoadDocument(const std::string& path, const DocumentReader& reader, bool fromText) {
+    if (HasDocument()) Close();
+    Document loaded;
+    if (!reader(loaded, path)) {
+        prompts_.Warn("Mirvane", MainText("Impossible de lire le fichier", "msgLectureImpossible") + " " + path);
+        Changed();
+        return false;
+    }
+    doc_ = std::move(loaded);
+    if (fromText) {
+        doc_.FromText = true;
+        if (doc_.State == DocumentState::None) doc_.State = DocumentState::Loaded;
+    }
+    SetFilePath(path);
+    newDocumentFlag_ = false;
+    AddRecent(path);
+    Changed();
+    if (doc_.ReadErrorFlag) prompts_.ShowErrorList(ErrorListText());
+    return true;
+}
+
+bool MainWindowModel::OpenAny(const std::string& path) {
+    if (EndsWithNoCase(path, ".typ")) return OpenTyp(path);
+    return OpenText(path);
+}
+
+void MainWindowModel::Close() {
+    // There is no Cancel: closing cannot be refused.
+    if (doc_.ModifiedFlag && prompts_.AskYesNo("Mirvane", MainText("Voulez-vous enregistrer le fichier ?", "msgEnregistrer"), false))
+        SaveTyp();
+    doc_.Reset();
+    newDocumentFlag_ = false;
+    SetEditScope(0);
+    Changed();
+}
+
+bool MainWindowModel::ConfirmOverwrite(const std::string& path) {
+    const std::string text = MainText("Le fichier", "msgFichierExiste1") + "   " + path + "   " +
+                             MainText("existe déjà", "msgFichierExiste2") + "." + kLineBreak + kLineBreak +
+                             MainText("Voulez vous le remplacer?", "msgFichierExiste3");
+    return prompts_.AskYesNo(MainText("Ecraser le fichier ?", "msgFichierExiste4"), text, true);
+}
+
+bool MainWindowModel::SaveTyp() {
+    if (!HasDocument()) return false;
+    const IdentityFields& id = doc_.Identity;
+    if (id.txtFID.empty()) {
+        prompts_.Inform(MainText("FID absent", "msgFID2"), MainText("Il faut indiquer le FID.", "msgFID1"));
+        return false;
+    }
+    if (id.txtProductCode.empty()) {
+        prompts_.Inform(MainText("Product Code absent", "msgPID2"),
+                        MainText("Il faut indiquer le Product Code.", "msgPID1"));
+        return false;
+    }
+    std::string suggested = doc_.FileName;
+    if (EndsWithNoCase(suggested, ".typ") || EndsWithNoCase(suggested, ".txt"))
+        suggested.resize(suggested.size() - 4);
+    if (!suggested.empty() && !doc_.FileFolder.empty())
+        suggested = (std::filesystem::path(doc_.FileFolder) / suggested).string();
+    std::string target;
+    for (;;) {
+        auto answer = prompts_.ChooseSavePath(MainText("Enregistrer sous", "dlgEnregistrerSous"), suggested,
+                                              TypFilter());
+        if (!answer || answer->empty()) return false;
+        target = *answer;
+        std::error_code ignored;
+        if (!std::filesystem::exists(target, ignored) || ConfirmOverwrite(target)) break;
+        suggested.clear();
+    }
+    if (auto failure = SaveBinaryTyp(doc_, target)) {
+        if (failure->ErrorNumber == 0) prompts_.Inform(failure->Title, failure->Description);
+        else prompts_.Warn("Mirvane", SaveFailureMessage(*failure));
+        Changed();
+        return false;
+    }
+    SetFilePath(target);
+    std::error_code error;
+    const auto size = std::filesystem::file_size(target, error);
+    if (!error) doc_.FileLengthText = std::to_string(size);
+    doc_.State = DocumentState::Loaded;
+    doc_.FromText = false;
+    newDocumentFlag_ = false;
+    AddRecent(target);
+    Changed();
+    return true;
+}
+
+bool MainWindowModel::RequestQuit(bool autoSaveChecked) {
+    settings_.Set(kSettingsSection, "Sauvegarde automatique", autoSaveChecked ? "true" : "false");
+    if (!doc_.ModifiedFlag && !newDocumentFlag_) return true;
+    if (!prompts_.AskYesNo("Mirvane", MainText("Voulez-vous enregistrer le fichier ?", "msgEnregistrer"), false))
+        return true;
+    if (doc_.Identity.txtFID.empty()) {
+        prompts_.Inform(MainText("FID absent", "msgFID2"), MainText("Il faut indiquer le FID.", "msgFID1"));
+        return false;
+    }
+    if (doc_.Identity.txtProductCode.empty()) {
+        prompts_.Inform(MainText("Product Code absent", "msgPID2"),
+                        MainText("Il faut indiquer le Product Code.", "msgPID1"));
+        return false;
+    }
+    SaveTyp();
+    return true;
+}
+
+void MainWindowModel::OpenRecent(std::size_t index) {
+    if (index >= recent_.Items().size()) return;
+    const std::string path = recent_.Items()[index];
+    std::error_code ignored;
+    if (!std::filesystem::exists(path, ignored)) {
+        prompts_.Inform("Mirvane", MainText("Fichier introuvable", "msgFichierIntrouvable"));
+        recent_.Remove(path);
+        recent_.Store(settings_);
+        Changed();
+        return;
+    }
+    AddRecent(path);
+    OpenAny(path);
+}
+
+bool MainWindowModel::DeleteObject(ObjectKind kind, int row) {
+    const std::string* type = nullptr;
+    const std::string* subType = nullptr;
+    auto pick = [&](const auto& records) {
+        if (row < 0 || row >= static_cast<int>(records.size())) return;
+        type = &records[row].Type;
+        subType = &records[row].SubType;
+    };
+    switch (kind) {
+        case ObjectKind::Polygon: pick(doc_.Polygons); break;
+        case ObjectKind::Polyline: pick(doc_.Polylines); break;
+        case ObjectKind::Poi: pick(doc_.Pois); break;
+    }
+    if (!type) return false;  // no selection: nothing to do
+    const std::string word = ObjectWord(kind);
+    const std::string title = MainText("Voulez-vous réellement supprimer", "msgSupprimer") + " " + word + " ?";
+    const std::string text = MainText("Supprimer définitivement", "msgSupprimer2") + " " + word + " Type:0x" +
+                             *type + "  SubType:0x" + *subType + " ?";
+    if (!prompts_.AskYesNo(title, text, false)) return false;
+    switch (kind) {
+        case ObjectKind::Polygon: EraseRow(doc_.Polygons, row); break;
+        case ObjectKind::Polyline: {
+            const auto& extra = doc_.Polylines[row].ExtraIndexBytes;
+            (extra[0] || extra[1] ? doc_.ExtraPolylineCount : doc_.PolylineCount)--;
+            EraseRow(doc_.Polylines, row);
+            break;
+        }
+        case ObjectKind::Poi: EraseRow(doc_.Pois, row); break;
+    }
+    MarkModified();
+    return true;
+}
+
+void MainWindowModel::MarkModified() {
+    if (!newDocumentFlag_) doc_.ModifiedFlag = true;
+    Changed();
+}
+
+// --- header fields
+
+bool MainWindowModel::IdentityKeyAccepted(char key) { return (key >= '0' && key <= '9') || key == '\b'; }
+
+bool MainWindowModel::CheckIdentityValue(const std::string& text) {
+    const bool digits = !text.empty() && text.size() <= 9 &&
+                        std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    // 0 is accepted, though the message speaks of 1.
+    if (digits && std::stol(text) <= 65535) return true;
+    prompts_.Inform(MainText("Erreur de saisie", "msgErreurSaisie"),
+                    MainText("Il faut rentrer un entier compris entre 1 et 65535", "msgErreurEntier"));
+    return false;
+}
+
+void MainWindowModel::SetFid(const std::string& text) {
+    if (doc_.Identity.txtFID == text) return;
+    doc_.Identity.txtFID = text;
+    MarkModified();
+}
+
+void MainWindowModel::SetProductCode(const std::string& text) {
+    if (doc_.Identity.txtProductCode == text) return;
+    doc_.Identity.txtProductCode = text;
+    MarkModified();
+}
+
+void MainWindowModel::SetCodePageIndex(int index) {
+    if (doc_.Identity.CodePageIndex == index) return;
+    doc_.Identity.CodePageIndex = index;
+    MarkModified();
+}
+
+void MainWindowModel::SetHeaderSizeIndex(int index) {
+    IdentityFields& id = doc_.Identity;
+    if (id.HeaderSizeIndex == index) return;
+    if (index >= 0 && index < 5) SelectHeaderSize(id, kKnownHeaderSizes[index]);
+    MarkModified();
+}
+
+// --- helpers
+
+void MainWindowModel::AddRecent(const std::string& path) {
+    recent_.Add(path);
+    recent_.Store(settings_);
+}
+
+void MainWindowModel::SetFilePath(const std::string& path) {
+    const std::filesystem::path p(path);
+    doc_.FilePath = path;
+    doc_.FileName = p.filename().string();
+    doc_.FileFolder = p.parent_path().string();
+}
+
+}  // namespace mirvane

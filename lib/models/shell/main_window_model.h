@@ -1,0 +1,130 @@
+// What the main window does to the document, without any widget: the title
+// with its modified mark, New/Open/Close/Save/Quit, recent files, header
+// field checks, object deletion and the enable rules. The window binds its
+// widgets to this and redraws after every command.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "document/document.h"
+#include "models/shell/recent_files.h"
+#include "models/shell/settings_store.h"
+#include "models/shell/user_prompts.h"
+
+namespace mirvane {
+
+
+// Which controls act. With no document only New, Open, Open text, Quit and
+// the settings menus do.
+struct EnableState {
+    bool ObjectCommands = false;  // add, edit, delete of the three kinds
+    bool IdentityFields = false;  // txtFID, txtProductCode
+    bool Combos = false;          // cbbCodepage, cbbHeadersize
+    bool CreateTyp = false;       // cmdCreerTYP, mnuEnregistrerTyp
+    bool SaveText = false;        // cmdEnregistrer, mnuEnregistrerTxt
+    bool ViewText = false;        // cmdvoirtxt
+    bool DrawOrder = false;       // cmdDraworder
+    bool Close = false;           // mnufermer
+    bool OpenText = false;        // mnuouvrirtxt
+};
+
+class MainWindowModel {
+public:
+    // Reads a text TYP into the document; true when it could be read.
+    using DocumentReader = std::function<bool(Document&, const std::string& path)>;
+    using TextOpener = DocumentReader;
+
+    MainWindowModel(Document& doc, UserPrompts& prompts, SettingsStore& settings, std::string versionText);
+
+    Document& Doc() { return doc_; }
+    const Document& Doc() const { return doc_; }
+    const RecentFiles& Recent() const { return recent_; }
+    UserPrompts& Prompts() { return prompts_; }
+    SettingsStore& Settings() { return settings_; }
+
+    // Called after every change of the model, for the views to redraw.
+    void SetChangedHandler(std::function<void()> handler) { changed_ = std::move(handler); }
+    // The text route, when the parser is built in.
+    void SetTextOpener(TextOpener opener) { textOpener_ = std::move(opener); }
+    bool HasTextRoute() const { return static_cast<bool>(textOpener_); }
+
+    // --- what the window shows
+    std::string Title() const;
+    std::string BaseTitle() const { return "Mirvane " + versionText_; }
+    std::string NameCaption() const;    // lblNomTyp: folder, line break, name
+    std::string LengthText() const;     // lblLongueur
+    std::string DateText() const;       // lblDateCreation
+    std::string PolygonCaption() const;
+    std::string PolylineCaption() const;
+    std::string PoiCaption() const;
+    std::string ExtraPoiCaption() const;
+    std::string DrawOrderCaptionText() const;
+    std::string ErrorListText() const;  // the text of frmErreur
+    EnableState Enables() const;
+    bool IsModified() const { return doc_.ModifiedFlag; }
+    bool IsNewDocument() const { return newDocumentFlag_; }
+    bool HasDocument() const { return doc_.State != DocumentState::None; }
+    // What the text pane shows: 0 the whole document, 1 a polygon, 2 a
+    // polyline, 3 a POI, with the row of that object.
+    int EditScope() const { return editScope_; }
+    int EditIndex() const { return editIndex_; }
+    // A row picked in a list, or scope 0 for the whole document. The pane
+    // follows; nothing else changes, so no redraw is asked for.
+    void SetEditScope(int scope, int index = -1);
+
+    // --- commands
+    void New();
+    // Opens a binary TYP; an empty path asks for one. False when nothing was opened.
+    bool OpenTyp(const std::string& path = {});
+    bool OpenText(const std::string& path = {});
+    // Opens by extension: ".typ" as binary, anything else as text.
+    bool OpenAny(const std::string& path);
+    void Close();
+    // Checks the identity fields, asks for the target and writes it. True when written.
+    bool SaveTyp();
+    // True when the program may end.
+    bool RequestQuit(bool autoSaveChecked);
+    void OpenRecent(std::size_t index);
+    // Deletes row `row` of the kind's list after a question. True when deleted.
+    bool DeleteObject(ObjectKind kind, int row);
+    // Modifié: the document differs from the file.
+    void MarkModified();
+    // Asks whether the existing file at `path` may be replaced.
+    bool ConfirmOverwrite(const std::string& path);
+
+    // --- header fields
+    static bool IdentityKeyAccepted(char key);  // digits and backspace
+    // On leaving txtFID or txtProductCode: false, after the input error box,
+    // when the value is not a whole number of at most 65535.
+    bool CheckIdentityValue(const std::string& text);
+    void SetFid(const std::string& text);
+    void SetProductCode(const std::string& text);
+    void SetCodePageIndex(int index);
+    void SetHeaderSizeIndex(int index);
+
+private:
+    void Changed();
+    void AddRecent(const std::string& path);
+    void SetFilePath(const std::string& path);
+    // False when the open dialog is cancelled; `chosen` is left alone then.
+    bool AskOpenPath(std::string& chosen, const std::string& title, const std::string& filter);
+    // Closes the current document, then reads `path` into a fresh one; warns when it cannot be read.
+    bool LoadDocument(const std::string& path, const DocumentReader& reader, bool fromText);
+
+    Document& doc_;
+    UserPrompts& prompts_;
+    SettingsStore& settings_;
+    std::string versionText_;
+    RecentFiles recent_;
+    TextOpener textOpener_;
+    std::function<void()> changed_;
+    bool newDocumentFlag_ = false;
+    int editScope_ = 0;
+    int editIndex_ = -1;
+};
+
+// "le polygone", "la polyligne", "le POI".
+std::string ObjectWord(ObjectKind kind);
+
+}  // namespace mirvane

@@ -1,0 +1,122 @@
+#include "models/textpane/text_pane_session.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "document/presentation.h"
+#include "base/codepage.h"
+#include "lang/lookup.h"
+#include "text/parser.h"
+
+namespace mirvane {
+
+namespace {
+
+// The number behind `word` in `rtf` ("\green150" -> 150), 0 when absent.
+std::uint8_t RtfNumber(std::string_view rtf, std::string_view word) {
+    const std::size_t at = rtf.find(word);
+    if (at == std::string_view::npos) return 0;
+    unsigned value = 0;
+    for (std::size_t i = at + word.size(); i < rtf.size() && rtf[i] >= '0' && rtf[i] <= '9'; ++i)
+        value = std::min(255u, value * 10 + static_cast<unsigned>(rtf[i] - '0'));
+    return static_cast<std::uint8_t>(value);
+}
+
+// The document's name with ".txt", in its folder.
+std::string SuggestedTextPath(const Document& doc) {
+    if (doc.FileName.empty()) return {};
+    std::filesystem::path name(doc.FileName);
+    name.replace_extension(".txt");
+    return doc.FileFolder.empty() ? name.string() : (std::filesystem::path(doc.FileFolder) / name).string();
+}
+
+}  // namespace
+
+PaneColour ParseRtfColour(std::string_view rtf) {
+    return {RtfNumber(rtf, "\\red"), RtfNumber(rtf, "\\green"), RtfNumber(rtf, "\\blue")};
+}
+
+int PieceColourIndex(PieceRole role) {
+    switch (role) {
+    case PieceRole::Comment:
+    case PieceRole::HeadingComment: return 1;
+    case PieceRole::SectionHead:
+    case PieceRole::IdHead:
+    case PieceRole::IdEnd:
+    case PieceRole::DrawOrderHead: return 2;
+    case PieceRole::Key: return 3;
+    case PieceRole::Text:
+    case PieceRole::LineBreak:
+    case PieceRole::LabelLineBreak: break;
+    }
+    return 0;
+}
+
+RtfColours LoadRtfColours(const SettingsStore& settings) {
+    RtfColours colours;
+    for (std::size_t i = 0; i < colours.Colour.size(); ++i)
+        colours.Colour[i] = settings.GetOr(kSettingsSection, "RtfColour" + std::to_string(i), colours.Colour[i]);
+    return colours;
+}
+
+std::array<PaneColour, 4> PaneColours(const RtfColours& colours) {
+    std::array<PaneColour, 4> parsed;
+    for (std::size_t i = 0; i < parsed.size(); ++i) parsed[i] = ParseRtfColour(colours.Colour[i]);
+    return parsed;
+}
+
+int PaneCodePage(const IdentityFields& identity) {
+    if (identity.UnlistedCodePage) return identity.UnlistedCodePage;
+    const int selected = SelectedCodePage(identity);
+    return IsSupportedCodePage(selected) ? selected : 1252;
+}
+
+int TextPaneSession::Apply(const std::string& paneBytes, bool autoBackupOn) {
+    if (!model_.HasDocument()) return -1;
+    Document& doc = model_.Doc();
+    const int scope = model_.EditScope();
+    // Only this apply's errors go to frmErreur.
+    doc.ReadErrorLog.clear();
+    doc.ReadErrorFlag = false;
+
+    ParseResult result;
+    TextPaneModel::ApplySteps steps;
+    steps.MarkModified = [&] {
+        if (!model_.IsNewDocument()) doc.ModifiedFlag = true;
+    };
+    steps.ouvrirtxt = [&](const std::string& text) { result = ParseTypText(doc, text, scope, model_.EditIndex()); };
+    pane_.cmdAppliquerModif_Click(doc, scope, paneBytes, steps);
+    pane_.cmdAppliquerModif_Enabled = false;
+
+    const int select = scope != kScopeDocument ? result.SelectIndex : -1;
+    model_.SetEditScope(scope, select);  // the object is picked again by its Type and SubType
+    sauvegardertexte(backups_, paneBytes, autoBackupOn, backupFolder_, doc.FileName);
+    model_.MarkModified();  // redraws title, lists and pane
+    if (doc.ReadErrorFlag) prompts_.ShowErrorList(model_.ErrorListText());
+    return select;
+}
+
+bool TextPaneSession::SaveText(const std::string& paneBytes) {
+    if (!model_.HasDocument()) return false;
+    std::string suggested = SuggestedTextPath(model_.Doc());
+    std::string target;
+    for (;;) {
+        auto answer = prompts_.ChooseSavePath(MainText("Enregistrer sous", "dlgEnregistrerSous"), suggested,
+                                              MainText("Fichiers texte", "msgFiltreTxt") + " (*.txt)");
+        if (!answer || answer->empty()) return false;
+        target = *answer;
+        std::error_code ignored;
+        if (!std::filesystem::exists(target, ignored) || model_.ConfirmOverwrite(target)) break;
+        suggested.clear();
+    }
+    std::ofstream out(target, std::ios::binary | std::ios::trunc);
+    out.write(paneBytes.data(), static_cast<std::streamsize>(paneBytes.size()));
+    out.close();
+    if (!out) {
+        prompts_.Warn("Mirvane", MainText("Impossible d'écrire le fichier", "msgEcritureImpossible") + " " + target);
+        return false;
+    }
+    return true;
+}
+
+}  // namespace mirvane
