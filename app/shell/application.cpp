@@ -42,8 +42,8 @@ void ConnectTextRoute(MainWindow& window, MainWindowModel& model) {
     window.SetListingFunction([&model](Document& doc) {
         const ListingContext context{model.DateText(), ListingClock::Now()};
         return ListWholeDocument(doc, context);
-    }, [](Document& doc, int scope, int index) {
-        return ListOneObject(doc, scope, index, false).Text;
+    }, [](Document& doc, ObjectRef object) {
+        return ListOneObject(doc, static_cast<int>(object.Kind), object.Row, false).Text;
     });
 }
 

@@ -83,9 +83,11 @@ MainWindow::MainWindow(MainWindowModel& model, QWidget* parent) : QMainWindow(pa
 
     auto* lists = new QSplitter(Qt::Vertical);
     lists->setObjectName("splitObjets");
-    fraPolygone_ = BuildObjectFrame("fraPolygone", "ListPolygone", "Polygone", ListPolygone_, ObjectKind::Polygon);
-    frapolyline_ = BuildObjectFrame("frapolyline", "ListPolyline", "Polyline", ListPolyline_, ObjectKind::Polyline);
-    fraPOI_ = BuildObjectFrame("fraPOI", "ListPOI", "POI", ListPOI_, ObjectKind::Poi);
+    fraPolygone_ = BuildObjectFrame("fraPolygone", "ListPolygone", "Polygone", ListPolygone_, cmdSupprimerPolygone_,
+                                    ObjectKind::Polygon);
+    frapolyline_ = BuildObjectFrame("frapolyline", "ListPolyline", "Polyline", ListPolyline_, cmdSupprimerPolyline_,
+                                    ObjectKind::Polyline);
+    fraPOI_ = BuildObjectFrame("fraPOI", "ListPOI", "POI", ListPOI_, cmdSupprimerPOI_, ObjectKind::Poi);
     lists->addWidget(fraPolygone_);
     lists->addWidget(frapolyline_);
     lists->addWidget(fraPOI_);
@@ -115,12 +117,12 @@ MainWindow::MainWindow(MainWindowModel& model, QWidget* parent) : QMainWindow(pa
     statusBar()->setObjectName("barreEtat");
     resize(1280, 800);
 
-    model_.SetChangedHandler([this] { Refresh(); });
+    changesListener_ = model_.Changes().Listen([this](ChangeSet what) { Refresh(what); });
     Refresh();
     ListPolygone_->setFocus();
 }
 
-MainWindow::~MainWindow() { model_.SetChangedHandler({}); }
+MainWindow::~MainWindow() { model_.Changes().StopListening(changesListener_); }
 
 void MainWindow::BuildMenus() {
     QMenu* file = menuBar()->addMenu(MainTr("&Fichier", "mnuFichier"));
@@ -275,17 +277,19 @@ QWidget* MainWindow::BuildHeaderPanel() {
 }
 
 QGroupBox* MainWindow::BuildObjectFrame(const char* frameName, const char* listName, const char* kindWord,
-                                        QListWidget*& list, ObjectKind kind) {
+                                        QListWidget*& list, QPushButton*& remove, ObjectKind kind) {
     auto* frame = MakeListFrame(nullptr, frameName, listName, list);
     const QString word = kindWord;
     auto* add = MakeButton(frame, "cmdAdd" + word, MainTr("Ajouter", "cmdAjouter"));
     auto* edit = MakeButton(frame, "cmdModifier" + word, MainTr("Modifier", "cmdModifier"));
-    auto* remove = MakeButton(frame, "cmdSupprimer" + word, MainTr("Supprimer", "cmdSupprimer"));
+    remove = MakeButton(frame, "cmdSupprimer" + word, MainTr("Supprimer", "cmdSupprimer"));
     notYetBuilt_ << add << edit;
-    deleteButtons_[static_cast<int>(kind) - 1] = remove;
     connect(remove, &QPushButton::clicked, this, [this, kind] { DeleteSelected(kind); });
-    // Picking a row shows that object's text.
+    // Picking a row, with the mouse or the arrow keys, shows that object's text.
     connect(list, &QListWidget::itemClicked, this, [this, kind, list] { PickObject(kind, list->currentRow()); });
+    connect(list, &QListWidget::currentRowChanged, this, [this, kind](int row) {
+        if (!refreshing_ && row >= 0) PickObject(kind, row);
+    });
     list->installEventFilter(this);  // the Delete key in the list
 
     auto* buttons = new QHBoxLayout;
@@ -314,7 +318,7 @@ QWidget* MainWindow::BuildTextPanel() {
     cmdAppliquerModif_->hide();
     textPane_ = new TextPane(*this, model_, BoxVisualisation_, cmdAppliquerModif_, cmdEnregistrer_);
     connect(cmdvoirtxt_, &QPushButton::clicked, this, [this] {
-        model_.SetEditScope(0);
+        model_.Select(std::nullopt);
         RefreshTextPane();
         fraApercu_->HideLabelColours();
     });
@@ -352,17 +356,30 @@ QWidget* MainWindow::BuildPreviewColumn() {
     connect(fraApercu_, &PreviewFrame::BackgroundChanged, this,
             [this] { fraVisualization_->Rebuild(model_.Doc(), fraApercu_->Background()); });
     connect(fraVisualization_, &IconsFrame::IconClicked, this, [this](IconRef ref) {
-        ListOf(ref.Kind)->setCurrentRow(ref.Index);
         PickObject(ref.Kind, ref.Index);
     });
     return column;
 }
 
 void MainWindow::PickObject(ObjectKind kind, int row) {
-    model_.SetEditScope(static_cast<int>(kind), row);
+    // A click on the row already selected shows its text again, after "Voir le texte" say.
+    if (model_.Selection() == ObjectRef{kind, row}) ShowSelection();
+    else model_.Select(ObjectRef{kind, row});
+}
+
+void MainWindow::ShowSelection() {
+    const bool wasRefreshing = refreshing_;
+    refreshing_ = true;
+    const std::optional<ObjectRef> selected = model_.Selection();
+    if (selected) {
+        QListWidget* list = ListOf(selected->Kind);
+        list->setCurrentRow(selected->Row);
+        list->scrollToItem(list->currentItem());
+    }
     RefreshTextPane();
-    fraApercu_->ShowObject(model_.Doc(), static_cast<int>(kind), row);
-    if (const auto icon = IconOfRow(static_cast<int>(kind), row)) fraVisualization_->ShowIcon(*icon);
+    RefreshPreview();
+    if (selected) fraVisualization_->ShowIcon(IconRef{selected->Kind, selected->Row});
+    refreshing_ = wasRefreshing;
 }
 
 void MainWindow::SetListingFunction(ListingFunction listing, ObjectListingFunction objectListing) {
@@ -373,35 +390,40 @@ void MainWindow::SetListingFunction(ListingFunction listing, ObjectListingFuncti
 
 void MainWindow::SetAutoSaveChecked(bool checked) { mnuSauvegardeAuto_->setChecked(checked); }
 
-void MainWindow::Refresh() {
+void MainWindow::Refresh(ChangeSet what) {
+    const bool wasRefreshing = refreshing_;
     refreshing_ = true;
-    setWindowTitle(Q(model_.Title()));
-    lblNomTyp_->setText(Q(model_.NameCaption()));
-    lblDateCreation_->setText(Q(model_.DateText()));
-    lblLongueur_->setText(Q(model_.LengthText()));
-    RefreshIdentity();
-    RefreshLists();
-    RefreshRecentMenu();
-    RefreshEnables();
-    RefreshTextPane();
-    RefreshPreview();
-    refreshing_ = false;
+    if (what.Has(Change::File) || what.Has(Change::Identity)) {
+        setWindowTitle(Q(model_.Title()));
+        lblNomTyp_->setText(Q(model_.NameCaption()));
+        lblDateCreation_->setText(Q(model_.DateText()));
+        lblLongueur_->setText(Q(model_.LengthText()));
+        RefreshIdentity();
+        RefreshEnables();
+    }
+    RefreshLists(what);
+    if (what.Has(Change::Settings) || what.Has(Change::File)) RefreshRecentMenu();
+    // The listing and the icons show every record and the header's code page.
+    if (what.HasRecords() || what.Has(Change::File) || what.Has(Change::Identity) || what.Has(Change::DrawOrder))
+        fraVisualization_->Rebuild(model_.Doc(), fraApercu_->Background());
+    if (!(what == ChangeSet(Change::Settings))) ShowSelection();
+    refreshing_ = wasRefreshing;
 }
 
 void MainWindow::RefreshPreview() {
     // The preview follows the object whose text the pane shows.
-    if (model_.EditScope() != 0) fraApercu_->ShowObject(model_.Doc(), model_.EditScope(), model_.EditIndex());
+    if (const auto selected = model_.Selection())
+        fraApercu_->ShowObject(model_.Doc(), static_cast<int>(selected->Kind), selected->Row);
     else fraApercu_->Reset();
-    fraVisualization_->Rebuild(model_.Doc(), fraApercu_->Background());
 }
 
-void MainWindow::RefreshLists() {
+void MainWindow::RefreshLists(ChangeSet what) {
     const Document& doc = model_.Doc();
-    FillList(ListPolygone_, PolygonListRows(doc));
-    FillList(ListPolyline_, PolylineListRows(doc));
-    FillList(ListPOI_, PoiListRows(doc));
-    FillList(ListExtraPOI_, ExtraPoiListRows(doc));
-    FillList(ListDraworder_, doc.DrawOrderRows);
+    if (what.Has(Change::Polygons)) FillList(ListPolygone_, PolygonListRows(doc));
+    if (what.Has(Change::Polylines)) FillList(ListPolyline_, PolylineListRows(doc));
+    if (what.Has(Change::Pois)) FillList(ListPOI_, PoiListRows(doc));
+    if (what.Has(Change::File)) FillList(ListExtraPOI_, ExtraPoiListRows(doc));
+    if (what.Has(Change::DrawOrder)) FillList(ListDraworder_, doc.DrawOrderRows);
     fraPolygone_->setTitle(Q(model_.PolygonCaption()));
     frapolyline_->setTitle(Q(model_.PolylineCaption()));
     fraPOI_->setTitle(Q(model_.PoiCaption()));
@@ -442,7 +464,7 @@ void MainWindow::RefreshRecentMenu() {
 
 void MainWindow::RefreshEnables() {
     const EnableState state = model_.Enables();
-    for (QPushButton* button : deleteButtons_) button->setEnabled(state.ObjectCommands);
+    for (ObjectKind kind : kObjectKinds) DeleteButtonOf(kind)->setEnabled(state.ObjectCommands);
     for (QPushButton* button : notYetBuilt_) button->setEnabled(false);
     txtFID_->setEnabled(state.IdentityFields);
     txtProductCode_->setEnabled(state.IdentityFields);
@@ -469,8 +491,8 @@ void MainWindow::RefreshTextPane() {
         return;
     }
     Document& doc = model_.Doc();
-    const bool oneObject = model_.EditScope() != 0 && objectListing_;
-    textPane_->ShowListing(oneObject ? objectListing_(doc, model_.EditScope(), model_.EditIndex()) : listing_(doc),
+    const std::optional<ObjectRef> selected = model_.Selection();
+    textPane_->ShowListing(selected && objectListing_ ? objectListing_(doc, *selected) : listing_(doc),
                            PaneCodePage(doc.Identity));
 }
 
@@ -504,6 +526,15 @@ QListWidget* MainWindow::ListOf(ObjectKind kind) const {
     return ListPOI_;
 }
 
+QPushButton* MainWindow::DeleteButtonOf(ObjectKind kind) const {
+    switch (kind) {
+        case ObjectKind::Polygon: return cmdSupprimerPolygone_;
+        case ObjectKind::Polyline: return cmdSupprimerPolyline_;
+        case ObjectKind::Poi: break;
+    }
+    return cmdSupprimerPOI_;
+}
+
 void MainWindow::DeleteSelected(ObjectKind kind) {
     QListWidget* list = ListOf(kind);
     const int row = list->currentItem() && list->currentItem()->isSelected() ? list->currentRow() : -1;
@@ -514,7 +545,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Delete)) {
         for (ObjectKind kind : {ObjectKind::Polygon, ObjectKind::Polyline, ObjectKind::Poi}) {
             if (watched != ListOf(kind)) continue;
-            if (deleteButtons_[static_cast<int>(kind) - 1]->isEnabled()) DeleteSelected(kind);
+            if (DeleteButtonOf(kind)->isEnabled()) DeleteSelected(kind);
             return true;
         }
     }

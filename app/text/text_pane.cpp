@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QFocusEvent>
-#include <QListWidget>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -72,7 +71,7 @@ TextPane::TextPane(QMainWindow& window, MainWindowModel& model, QPlainTextEdit* 
             [this](const QPoint& at) { mnuEdition_->popup(pane_->viewport()->mapToGlobal(at)); });
     connect(pane_, &QPlainTextEdit::textChanged, this, [this] {
         if (filling_) return;
-        session_.Pane().BoxVisualisation_Change();
+        session_.TextEdited();
         RedrawApplyButton();
     });
     pane_->installEventFilter(this);
@@ -132,19 +131,9 @@ void TextPane::RefreshEnables(bool hasDocument) {
 }
 
 void TextPane::Apply() {
-    const int scope = model_.EditScope();
     const bool autoBackup = mnuSauvegardeAuto_ && mnuSauvegardeAuto_->isChecked();
-    const int row = session_.Apply(PaneBytes(*pane_->document(), shownCodePage_), autoBackup);
+    session_.Apply(PaneBytes(*pane_->document(), shownCodePage_), autoBackup);
     RedrawApplyButton();
-    if (scope != 0) ReselectObject(scope, row);
-}
-
-void TextPane::ReselectObject(int scope, int row) {
-    static const char* const kLists[] = {"ListPolygone", "ListPolyline", "ListPOI"};
-    auto* list = window_.findChild<QListWidget*>(kLists[scope - 1]);
-    if (!list || row < 0 || row >= list->count()) return;
-    list->setCurrentRow(row);
-    list->scrollToItem(list->currentItem());
 }
 
 void TextPane::SaveText() { session_.SaveText(PaneBytes(*pane_->document(), shownCodePage_)); }
@@ -163,17 +152,16 @@ void TextPane::OpenBackups() {
 }
 
 void TextPane::RedrawApplyButton() {
-    const TextPaneModel& pane = session_.Pane();
-    cmdAppliquerModif_->setText(QString::fromStdString(pane.cmdAppliquerModif_Caption));
-    cmdAppliquerModif_->setVisible(pane.cmdAppliquerModif_Visible);
-    cmdAppliquerModif_->setEnabled(pane.cmdAppliquerModif_Enabled);
+    cmdAppliquerModif_->setText(Q(session_.ApplyCaption()));
+    cmdAppliquerModif_->setVisible(session_.ApplyVisible());
+    cmdAppliquerModif_->setEnabled(session_.ApplyEnabled());
 }
 
 bool TextPane::eventFilter(QObject* watched, QEvent* event) {
     if (watched == pane_ && event->type() == QEvent::FocusOut &&
         static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
         const QWidget* next = QApplication::focusWidget();
-        session_.Pane().BoxVisualisation_LostFocus(textShown_ && !pane_->isReadOnly(), next == pane_);
+        session_.FocusLeft(textShown_ && !pane_->isReadOnly(), next == pane_);
         RedrawApplyButton();
     }
     return QObject::eventFilter(watched, event);

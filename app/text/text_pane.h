@@ -55,7 +55,6 @@ protected:
 private:
     void BuildEditMenu();
     void RedrawApplyButton();
-    void ReselectObject(int scope, int row);
 
     QMainWindow& window_;
     MainWindowModel& model_;
