@@ -99,7 +99,6 @@ int RunMirvane(const QStringList& arguments) {
     if (checkForUpdate) StartUpdateCheck(QString::fromStdString(UpdateAddress(settings)), &window);
     ConnectTextRoute(window, model);
     window.SetAutoSaveChecked(AutoSaveSetting(settings));
-    if (LanguageName() != kBuiltInLanguage) ChangerLangue1(window);
     window.show();
 
     const QString pending = args.value(0);

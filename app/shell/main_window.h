@@ -43,6 +43,9 @@ public:
     void SetAutoSaveChecked(bool checked);
     TextPane& Text() { return *textPane_; }
 
+    // Sets every caption in the current language, then redraws.
+    void RetranslateUi();
+
     // Redraws the widgets that show what changed.
     void Refresh(ChangeSet what = ChangeSet::Everything());
 
@@ -88,15 +91,20 @@ private:
 
     QAction *mnuNouveau_, *mnuOuvrirTYP_, *mnuouvrirtxt_, *mnuOuvrirTypMapset_, *mnufermer_;
     QAction *mnuEnregistrerTyp_, *mnuEnregistrerTxt_, *mnuSauvegardeAuto_, *mnuTypSpeciaux_, *mnuquitter_;
-    QMenu* recentMenu_;
+    QMenu *mnuFichier_, *mnuOutils_, *mnuLangues_, *recentMenu_;
+    QAction *mnuCouleurIdentifieur_, *mnuCompiler_, *mnuChoixLangue_;
 
+    QGroupBox* fraEntete_;
     QLabel *lblNomTyp_, *lblDateCreation_, *lblLongueur_;
+    QLabel *lblDate_, *lblTaille_, *lblFID_, *lblProductCode_, *lblCodepage_, *lblHeadersize_;
     QLineEdit *txtFID_, *txtProductCode_;
     QComboBox *cbbCodepage_, *cbbHeadersize_;
     QPushButton *cmdCreerTYP_, *cmdDraworder_, *cmdIcones_, *cmdLabels_;
     QGroupBox *fraPolygone_, *frapolyline_, *fraPOI_, *fraDraworder_, *fraExtraPOI_;
     QListWidget *ListPolygone_, *ListPolyline_, *ListPOI_, *ListDraworder_, *ListExtraPOI_;
-    QPushButton *cmdSupprimerPolygone_, *cmdSupprimerPolyline_, *cmdSupprimerPOI_;
+    QPushButton *cmdAddPolygone_, *cmdModifierPolygone_, *cmdSupprimerPolygone_;
+    QPushButton *cmdAddPolyline_, *cmdModifierPolyline_, *cmdSupprimerPolyline_;
+    QPushButton *cmdAddPOI_, *cmdModifierPOI_, *cmdSupprimerPOI_;
     QList<QPushButton*> notYetBuilt_;
     QPlainTextEdit* BoxVisualisation_;
     QPushButton *cmdvoirtxt_, *cmdEnregistrer_, *cmdAppliquerModif_;

@@ -80,9 +80,11 @@ int PaneCodePage(const IdentityFields& identity) {
     return IsSupportedCodePage(selected) ? selected : 1252;
 }
 
-TextPaneSession::TextPaneSession(MainWindowModel& model, UserPrompts& prompts)
-    : model_(model), prompts_(prompts),
-      applyCaption_(MainText("Cliquer ici pour appliquer les modifications", "cmdAppliquerModif")) {}
+TextPaneSession::TextPaneSession(MainWindowModel& model, UserPrompts& prompts) : model_(model), prompts_(prompts) {}
+
+std::string TextPaneSession::ApplyCaption() const {
+    return MainText("Cliquer ici pour appliquer les modifications", "cmdAppliquerModif");
+}
 
 void TextPaneSession::TextEdited() { applyVisible_ = applyEnabled_ = true; }
 

@@ -45,7 +45,7 @@ public:
     TextPaneSession(MainWindowModel& model, UserPrompts& prompts);
 
     // cmdAppliquerModif: its caption, and whether it shows and acts.
-    const std::string& ApplyCaption() const { return applyCaption_; }
+    std::string ApplyCaption() const;
     bool ApplyVisible() const { return applyVisible_; }
     bool ApplyEnabled() const { return applyEnabled_; }
     // The user changed the pane's text: the apply button comes on.
@@ -73,7 +73,6 @@ private:
     MainWindowModel& model_;
     UserPrompts& prompts_;
     TextBackups backups_;
-    std::string applyCaption_;
     bool applyVisible_ = false;
     bool applyEnabled_ = false;
     std::string backupFolder_;
