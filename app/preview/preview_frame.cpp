@@ -118,7 +118,7 @@ QWidget* PreviewFrame::BuildControls() {
 }
 
 void PreviewFrame::ShowObject(Document& doc, int scope, int index) {
-    const ObjectPreview preview = PreviewOfObject(doc, scope, index);
+    const ObjectPreview preview = PreviewOfObject(doc, static_cast<ObjectKind>(scope), index);
     model_.Pick(preview);
     Redraw();
 }

@@ -43,7 +43,7 @@ void ConnectTextRoute(MainWindow& window, MainWindowModel& model) {
         const ListingContext context{model.DateText(), ListingClock::Now()};
         return ListWholeDocument(doc, context);
     }, [](Document& doc, int scope, int index) {
-        return ListOneObject(doc, scope, index, false).Text;
+        return ListOneObject(doc, scope, index);
     });
 }
 

@@ -71,7 +71,7 @@ TEST(ParserListing, ApplyingAnUnchangedObjectListingChangesNothing) {
     for (const auto& [scope, count] : kinds) {
         for (std::size_t index = 0; index < count; ++index) {
             SCOPED_TRACE(std::to_string(scope) + " #" + std::to_string(index));
-            const std::string text = ListOneObject(doc, scope, static_cast<int>(index), false).Text.Plain();
+            const std::string text = ListOneObject(doc, scope, static_cast<int>(index)).Plain();
             const ParseResult result = ParseTypText(doc, text, scope, static_cast<int>(index));
             EXPECT_EQ(result.SelectIndex, static_cast<int>(index));
         }

@@ -73,7 +73,6 @@ TEST(PreviewThumbnails, TransparentPixelsTakeTheBackground) {
 
 TEST(PreviewThumbnails, PatternWithClearBackgroundShowsTheBackground) {
     ObjectPreview pattern = Solid(ObjectKind::Polygon, 32, 32, kTransparentPixel);
-    pattern.IsPattern = true;
     for (int i = 0; i < 32; ++i) pattern.Picture.Day[static_cast<std::size_t>(i) * 33] = kGreen;  // a diagonal
     const ObjectPreviewModel model = Composed(PreviewMode::Seul, {pattern});
     EXPECT_EQ(model.Vignette(0).Pixel(5, 5), RasterColour(kGreen));

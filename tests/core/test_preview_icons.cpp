@@ -6,9 +6,9 @@
 
 #include "corpus.h"
 #include "document/binary_reader.h"
+#include "document/object_preview.h"
 #include "models/preview/icons_view_model.h"
 #include "models/preview/preview_model.h"
-#include "text/listing.h"
 
 namespace mirvane {
 namespace {
@@ -115,7 +115,7 @@ TEST(IconsViewCorpus, EveryObjectGetsAThumbnail) {
         const int counts[] = {doc.PolygonCount(), static_cast<int>(doc.Polylines.size()), doc.PoiCount()};
         for (int scope = 1; scope <= 3; ++scope) {
             for (int i = 0; i < counts[scope - 1]; ++i) {
-                const ObjectPreview picture = ListOneObject(doc, scope, i, true).Preview;
+                const ObjectPreview picture = PreviewOfObject(doc, static_cast<ObjectKind>(scope), i);
                 preview.Pick(picture);
                 const Raster& day = preview.Vignette((scope - 1) * 2);
                 EXPECT_EQ(day.Width() * day.Height(), static_cast<int>(picture.Picture.Day.size()));

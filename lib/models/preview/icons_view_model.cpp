@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "models/preview/preview_model.h"
-#include "text/listing.h"
 
 namespace mirvane {
 
@@ -132,7 +131,7 @@ void IconsViewModel::SetZoomSlider(int value) {
     grid_.Zoom = std::clamp(value, kIconZoomSliderMinimum, kIconZoomSliderMaximum);
 }
 
-void IconsViewModel::Rebuild(Document& doc, RasterColour background) {
+void IconsViewModel::Rebuild(const Document& doc, RasterColour background) {
     counts_ = IconCounts::Of(doc);
     largestPoi_ = LargestPoiDimension(doc);
     background_ = background;
@@ -140,8 +139,7 @@ void IconsViewModel::Rebuild(Document& doc, RasterColour background) {
     thumbnails_.reserve(static_cast<std::size_t>(counts_.Total()));
     for (int number = 0; number < counts_.Total(); ++number) {
         const IconRef ref = *counts_.RefOf(number);
-        const ObjectListing listing = ListOneObject(doc, static_cast<int>(ref.Kind), ref.Index, true);
-        const PixelPicture& picture = listing.Preview.Picture;
+        const PixelPicture picture = PictureOfObject(doc, ref.Kind, ref.Index);
         thumbnails_.push_back(PaintThumbnail(picture.Day, picture.Width, picture.Height, background));
     }
 }

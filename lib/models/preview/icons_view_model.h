@@ -87,9 +87,9 @@ public:
     void SetZoomSlider(int value);
     void SetPictureWidth(int width) { grid_.PictureWidth = width; }
 
-    // AfficheTout: lists every object with its picture and keeps the day
-    // thumbnails. Broken objects are logged by the listing and left blank.
-    void Rebuild(Document& doc, RasterColour background);
+    // AfficheTout: decodes every object and keeps its day thumbnail. An
+    // object that cannot be drawn is left blank; the document is not touched.
+    void Rebuild(const Document& doc, RasterColour background);
     // The band [top, top + height) of the whole picture.
     Raster RenderBand(int top, int height) const;
 

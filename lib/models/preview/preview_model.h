@@ -1,5 +1,5 @@
 // The object preview of the main window: six thumbnails painted from the
-// listing's pictures of the last picked polygon, polyline and POI, and the
+// pictures of the last picked polygon, polyline and POI, and the
 // day and night previews composed from them ("Seul", "Mosaïque",
 // "Superposition"). No GUI type: the view shows Apercus(0) and Apercus(1).
 #pragma once
@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "graphics/raster.h"
-#include "text/listing_preview.h"
+#include "document/object_preview.h"
 
 namespace mirvane {
 

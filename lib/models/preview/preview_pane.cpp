@@ -1,17 +1,6 @@
 #include "models/preview/preview_pane.h"
 
-#include "text/listing.h"
-
 namespace mirvane {
-
-ObjectPreview PreviewOfObject(Document& doc, int scope, int index) {
-    const std::size_t logLength = doc.ReadErrorLog.size();
-    const bool flagged = doc.ReadErrorFlag;
-    ObjectPreview preview = ListOneObject(doc, scope, index, true).Preview;
-    doc.ReadErrorLog.resize(logLength);
-    doc.ReadErrorFlag = flagged;
-    return preview;
-}
 
 PreviewEnables PreviewEnablesFor(bool editing, int previewScope, PreviewMode mode) {
     PreviewEnables enables;
