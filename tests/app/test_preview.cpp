@@ -76,7 +76,7 @@ private slots:
         for (ObjectKind kind : {ObjectKind::Polygon, ObjectKind::Polyline, ObjectKind::Poi}) {
             Pick(kind, 0);
             QVERIFY2(DrawnPixels(0) > 0, qPrintable(QString("kind %1").arg(static_cast<int>(kind))));
-            QCOMPARE(Frame()->Model().State().EditScope, static_cast<int>(kind));
+            QVERIFY(Frame()->Model().State().Shown == kind);
         }
         QVERIFY(Find<QPlainTextEdit>("BoxVisualisation")->toPlainText().contains("[_point]"));
         Shot("apercu-poi-seul");
@@ -139,7 +139,7 @@ private slots:
         QTest::mouseClick(Icons()->Picture(), Qt::LeftButton, {},
                           QPoint(cell.Left + cell.Width / 2, cell.Top + cell.Height / 2));
         QCOMPARE(List(ObjectKind::Poi)->currentRow(), poi);
-        QCOMPARE(Frame()->Model().State().EditScope, 3);
+        QVERIFY(Frame()->Model().State().Shown == ObjectKind::Poi);
         QVERIFY(Find<QPlainTextEdit>("BoxVisualisation")->toPlainText().contains("[_point]"));
         QTest::mouseClick(Icons()->Picture(), Qt::LeftButton, {}, QPoint(1, 1));  // the margin picks nothing
         QCOMPARE(List(ObjectKind::Poi)->currentRow(), poi);

@@ -59,7 +59,7 @@ class TextPaneTest : public MainWindowTestBase {
         list->setCurrentRow(row);
         emit list->itemClicked(list->item(row));
     }
-    std::string ListingOfPolygon(int row) { return ListOneObject(*doc_, 1, row, false).Text.Plain(); }
+    std::string ListingOfPolygon(int row) { return ListOneObject(*doc_, ObjectRef{ObjectKind::Polygon, row}).Plain(); }
 
 private slots:
     void init() {

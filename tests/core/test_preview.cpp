@@ -73,7 +73,6 @@ TEST(PreviewThumbnails, TransparentPixelsTakeTheBackground) {
 
 TEST(PreviewThumbnails, PatternWithClearBackgroundShowsTheBackground) {
     ObjectPreview pattern = Solid(ObjectKind::Polygon, 32, 32, kTransparentPixel);
-    pattern.IsPattern = true;
     for (int i = 0; i < 32; ++i) pattern.Picture.Day[static_cast<std::size_t>(i) * 33] = kGreen;  // a diagonal
     const ObjectPreviewModel model = Composed(PreviewMode::Seul, {pattern});
     EXPECT_EQ(model.Vignette(0).Pixel(5, 5), RasterColour(kGreen));
@@ -180,7 +179,7 @@ TEST(PreviewModel, ResetForgetsThePicks) {
     model.Reset();
     model.SetMode(PreviewMode::Superposition);
     model.Update();
-    EXPECT_EQ(model.State().EditScope, 0);
+    EXPECT_FALSE(model.State().Shown);
     EXPECT_TRUE(AllOf(model.Apercus(0), kBackground));
     model.SetZoomSlider(5);
     EXPECT_EQ(model.ZoomSlider(), kZoomSliderMinimum);
