@@ -26,7 +26,7 @@ using mirvane::app::PaletteDialog;
 namespace {
 
 Colour Rgb(std::uint32_t rrggbb) {
-    return composer_couleur(static_cast<std::uint8_t>(rrggbb >> 16), static_cast<std::uint8_t>(rrggbb >> 8),
+    return MakeColour(static_cast<std::uint8_t>(rrggbb >> 16), static_cast<std::uint8_t>(rrggbb >> 8),
                             static_cast<std::uint8_t>(rrggbb));
 }
 
@@ -76,7 +76,7 @@ private slots:
         ClickSquare(dialog.get(), 7);
         QTest::mouseClick(Child<QPushButton>(dialog.get(), "cmdOK"), Qt::LeftButton);
         QCOMPARE(dialog->result(), int(QDialog::Accepted));
-        QCOMPARE(dialog->Model().CouleurChoisie(), *couleur_carre(7));
+        QCOMPARE(dialog->Model().ChosenColour(), *PaletteSquareColour(7));
     }
 
     void cancelGivesBackTheCurrentColourAndThePreviewFollowsLive() {
@@ -84,10 +84,10 @@ private slots:
         auto dialog = Open(Rgb(0x393020), PaletteCaller::PreviewBackground, [&](Colour c) { previews.push_back(c); });
         ClickSquare(dialog.get(), 100);
         ClickSquare(dialog.get(), 250);
-        QCOMPARE(previews, (std::vector<Colour>{*couleur_carre(100), *couleur_carre(250)}));
+        QCOMPARE(previews, (std::vector<Colour>{*PaletteSquareColour(100), *PaletteSquareColour(250)}));
         QTest::mouseClick(Child<QPushButton>(dialog.get(), "cmdAnnuler"), Qt::LeftButton);
         QCOMPARE(dialog->result(), int(QDialog::Rejected));
-        QCOMPARE(dialog->Model().CouleurChoisie(), Rgb(0x393020));
+        QCOMPARE(dialog->Model().ChosenColour(), Rgb(0x393020));
         QCOMPARE(previews.back(), Rgb(0x393020));
     }
 
@@ -117,24 +117,24 @@ private slots:
         QCOMPARE(frame->geometry().center(), Square(dialog.get(), 37)->geometry().center());
         QVERIFY(frame->geometry().contains(Square(dialog.get(), 37)->geometry()));
         QCOMPARE(Child<QLabel>(dialog.get(), "lblCouleurChoisie")->text(),
-                 QString::fromStdString(texte_couleur(*couleur_carre(37))));
+                 QString::fromStdString(ColourText(*PaletteSquareColour(37))));
 
         // Back to the current colour: no square has it, the frame stays.
-        ClickSquare(dialog.get(), kCarreActuel);
+        ClickSquare(dialog.get(), kCurrentSquare);
         QCOMPARE(frame->geometry().center(), Square(dialog.get(), 37)->geometry().center());
         QVERIFY(Child(dialog.get(), "Label9")->isVisible());
     }
 
     void theNeighboursSurroundTheChosenColour() {
         auto dialog = Open(Rgb(0x7A6541));
-        QCOMPARE(Square(dialog.get(), kCarreChoisi)->toolTip(), QStringLiteral("Couleur Choisie #7A6541"));
+        QCOMPARE(Square(dialog.get(), kChosenSquare)->toolTip(), QStringLiteral("Couleur Choisie #7A6541"));
         Picture(dialog.get(), "palette-dialog.png");
 
         // The nearest Garmin colour is one click away, and then it is framed.
-        ClickSquare(dialog.get(), kPremierVoisin + 6);
-        QCOMPARE(dialog->Model().CouleurChoisie(), Rgb(0x7B6541));
-        QCOMPARE(Square(dialog.get(), kCarreChoisi)->toolTip(), QStringLiteral("Couleur Choisie #7B6541"));
-        QCOMPARE(Square(dialog.get(), kCarreActuel)->toolTip(), QStringLiteral("#7A6541"));
+        ClickSquare(dialog.get(), kFirstNeighbourSquare + 6);
+        QCOMPARE(dialog->Model().ChosenColour(), Rgb(0x7B6541));
+        QCOMPARE(Square(dialog.get(), kChosenSquare)->toolTip(), QStringLiteral("Couleur Choisie #7B6541"));
+        QCOMPARE(Square(dialog.get(), kCurrentSquare)->toolTip(), QStringLiteral("#7A6541"));
     }
 
     void otherColoursGoThroughThePlatformDialog() {
@@ -146,8 +146,8 @@ private slots:
         });
         ClickSquare(dialog.get(), 5);
         QTest::mouseClick(Child<QPushButton>(dialog.get(), "cmdAutres"), Qt::LeftButton);
-        QCOMPARE(started, *couleur_carre(5));
-        QCOMPARE(dialog->Model().CouleurChoisie(), Rgb(0x010203));
+        QCOMPARE(started, *PaletteSquareColour(5));
+        QCOMPARE(dialog->Model().ChosenColour(), Rgb(0x010203));
         QVERIFY(Child(dialog.get(), "Label9")->isVisible());
     }
 
@@ -156,7 +156,7 @@ private slots:
         QWidget* picker = Child(dialog.get(), "picPicker");
         QVERIFY(!Child(dialog.get(), "Picture3")->isVisible());
         QTest::mousePress(picker, Qt::LeftButton);
-        QVERIFY(dialog->Model().PrelevementEnCours());
+        QVERIFY(dialog->Model().PipetteRunning());
         QVERIFY(Child(dialog.get(), "Picture3")->isVisible());
         dialog->PipetteTick({100, 100});
         QCOMPARE(Child<QLabel>(dialog.get(), "Label10")->text(), QStringLiteral("#123456"));
@@ -164,9 +164,9 @@ private slots:
         QCOMPARE(Child<QLabel>(dialog.get(), "Label10")->text(), QStringLiteral("#C5C5C5"));
         Picture(dialog.get(), "palette-dialog-pipette.png");
         QTest::mouseRelease(picker, Qt::LeftButton);
-        QVERIFY(!dialog->Model().PrelevementEnCours());
-        QCOMPARE(dialog->Model().CouleurChoisie(), Rgb(0xC5C5C5));
-        QCOMPARE(dialog->Model().CarreEncadre(), 252);
+        QVERIFY(!dialog->Model().PipetteRunning());
+        QCOMPARE(dialog->Model().ChosenColour(), Rgb(0xC5C5C5));
+        QCOMPARE(dialog->Model().FramedSquare(), 252);
     }
 
     void withoutAScreenThePipetteChoosesNothing() {
@@ -176,7 +176,7 @@ private slots:
         QTest::mousePress(picker, Qt::LeftButton);
         dialog->PipetteTick({100, 100});
         QTest::mouseRelease(picker, Qt::LeftButton);
-        QCOMPARE(dialog->Model().CouleurChoisie(), Rgb(0x393020));
+        QCOMPARE(dialog->Model().ChosenColour(), Rgb(0x393020));
     }
 
     void theIdentifierShowsColourTypeAndSubtype() {
