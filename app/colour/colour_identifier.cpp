@@ -36,9 +36,9 @@ QLabel* MakeValueLabel(QWidget* parent, const char* name) {
 ColourIdentifierWindow::ColourIdentifierWindow(QWidget* parent) : QWidget(parent, Qt::Tool), screenReader_(GrabScreen) {
     setObjectName("frmColorIdentifier");
 
-    loupe_ = new Magnifier(this);
-    loupe_->setObjectName("picLoupe");
-    loupe_->setFixedSize(100, 100);
+    picLoupe_ = new Magnifier(this);
+    picLoupe_->setObjectName("picLoupe");
+    picLoupe_->setFixedSize(100, 100);
     picture1_ = new QLabel(this);
     picture1_->setObjectName("Picture1");
     picture1_->setFixedSize(100, 24);
@@ -56,7 +56,7 @@ ColourIdentifierWindow::ColourIdentifierWindow(QWidget* parent) : QWidget(parent
     values->addRow(lblSubType_, subType_);
 
     auto* view = new QVBoxLayout;
-    view->addWidget(loupe_);
+    view->addWidget(picLoupe_);
     view->addWidget(picture1_);
     auto* whole = new QHBoxLayout(this);
     whole->addLayout(view);
@@ -79,8 +79,8 @@ void ColourIdentifierWindow::RetranslateUi() {
 
 void ColourIdentifierWindow::Tick(const QPoint& pointer) {
     if (!pointer_.Moved(pointer.x(), pointer.y())) return;
-    const ScreenLook look = LookAt(screenReader_, pointer, loupe_->size());
-    loupe_->Show(look.Area);
+    const ScreenLook look = LookAt(screenReader_, pointer, picLoupe_->size());
+    picLoupe_->Show(look.Area);
     if (!look.Pixel) return;
     const ColourIdentity identity = IdentifyColour(static_cast<std::uint32_t>(*look.Pixel));
     picture1_->setStyleSheet(

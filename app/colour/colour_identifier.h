@@ -35,7 +35,7 @@ private:
     QTimer* timer1_;
     QLabel *picture1_, *label1_, *type_, *subType_;
     QLabel *lblCouleur_, *lblType_, *lblSubType_;
-    Magnifier* loupe_;
+    Magnifier* picLoupe_;
 };
 
 // The menu entry mnuCouleurIdentifieur: shows the one window of `owner`,
