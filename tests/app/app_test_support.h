@@ -3,9 +3,12 @@
 #pragma once
 
 #include <QAction>
+#include <QApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QObject>
 #include <QString>
+#include <QWidget>
 #include <memory>
 
 #include "models/shell/main_window_model.h"
@@ -15,6 +18,15 @@
 
 inline QString CorpusFile(const char* name) {
     return QString(MIRVANE_SHARED_DIR) + "/corpus/binary/" + name;
+}
+
+// Saves a picture of `widget` under `fileName` in the folder that
+// MIRVANE_SCREENSHOTS names, for a person to look at; nothing when it is unset.
+inline void SavePicture(QWidget& widget, const QString& fileName) {
+    const QString folder = qEnvironmentVariable("MIRVANE_SCREENSHOTS");
+    if (folder.isEmpty()) return;
+    QApplication::processEvents();
+    widget.grab().save(QDir(folder).filePath(fileName));
 }
 
 // Skips the current test when the corpus file is not there.

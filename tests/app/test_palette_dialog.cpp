@@ -2,7 +2,6 @@
 // colour dialog and the screen are stand-ins given by the test.
 #include <QAction>
 #include <QApplication>
-#include <QDir>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -12,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+#include "app_test_support.h"
 #include "app/colour/colour_identifier.h"
 #include "app/colour/colours_dialog.h"
 #include "app/colour/palette_dialog.h"
@@ -48,12 +48,6 @@ QImage FakeDesktop(const QRect& area) {
         for (int x = 0; x < image.width(); ++x)
             image.setPixelColor(x, y, area.x() + x < 500 ? QColor(0x12, 0x34, 0x56) : QColor(0xC5, 0xC5, 0xC5));
     return image;
-}
-
-// Saves a picture of the window when MIRVANE_SCREENSHOT_DIR names a folder.
-void Picture(QWidget* window, const char* name) {
-    const QString folder = qEnvironmentVariable("MIRVANE_SCREENSHOT_DIR");
-    if (!folder.isEmpty()) window->grab().save(QDir(folder).filePath(name));
 }
 
 }  // namespace
@@ -128,7 +122,7 @@ private slots:
     void theNeighboursSurroundTheChosenColour() {
         auto dialog = Open(Rgb(0x7A6541));
         QCOMPARE(Square(dialog.get(), kChosenSquare)->toolTip(), QStringLiteral("Couleur Choisie #7A6541"));
-        Picture(dialog.get(), "palette-dialog.png");
+        SavePicture(*dialog, "palette-dialog.png");
 
         // The nearest Garmin colour is one click away, and then it is framed.
         ClickSquare(dialog.get(), kFirstNeighbourSquare + 6);
@@ -162,7 +156,7 @@ private slots:
         QCOMPARE(Child<QLabel>(dialog.get(), "Label10")->text(), QStringLiteral("#123456"));
         dialog->PipetteTick({600, 100});
         QCOMPARE(Child<QLabel>(dialog.get(), "Label10")->text(), QStringLiteral("#C5C5C5"));
-        Picture(dialog.get(), "palette-dialog-pipette.png");
+        SavePicture(*dialog, "palette-dialog-pipette.png");
         QTest::mouseRelease(picker, Qt::LeftButton);
         QVERIFY(!dialog->Model().PipetteRunning());
         QCOMPARE(dialog->Model().ChosenColour(), Rgb(0xC5C5C5));
@@ -194,7 +188,7 @@ private slots:
         QCOMPARE(Child<QLabel>(window, "SubType")->text(), QStringLiteral("0x56"));
         window->Tick({499, 100});  // the magnifier over the edge of two colours
         QCOMPARE(Child<QLabel>(window, "Label1")->text(), QStringLiteral("#123456"));
-        Picture(window, "colour-identifier.png");
+        SavePicture(*window, "colour-identifier.png");
     }
 
     void theToolsMenuOpensTheIdentifier() {
@@ -224,7 +218,7 @@ private slots:
         QCOMPARE(written.size(), std::size_t(2));
         QCOMPARE(written[0].Pixel(3, 3), static_cast<RasterColour>(Rgb(0xFE6040)));
         QCOMPARE(written[1].Pixel(3, 3), static_cast<RasterColour>(Rgb(0x806000)));
-        Picture(mixer, "colours-mixer.png");
+        SavePicture(*mixer, "colours-mixer.png");
         mixer->close();
     }
 };
