@@ -73,13 +73,13 @@ std::string_view TextBehindSecondQuote(std::string_view line) {
 }
 
 // The colour digits are read as one number 0xRRGGBB, as far as they are
-// hexadecimal, so that a colour cut short moves towards blue; inverser_rvb
+// hexadecimal, so that a colour cut short moves towards blue; RgbNumber
 // swaps red and blue, which turns that number into 0x00BBGGRR. Then 4 bits
 // of alpha.
 PaletteEntry Mode32Entry(std::string_view colourDigits, std::string_view alphaField) {
     const auto rgb = static_cast<Colour>(TolerantHex(colourDigits.substr(0, 6)) & 0xFFFFFFu);
     const auto alpha = static_cast<std::uint8_t>(StrictByte(alphaField) & 0x0Fu);
-    return {static_cast<std::uint32_t>(inverser_rvb(rgb)), alpha};
+    return {static_cast<std::uint32_t>(RgbNumber(rgb)), alpha};
 }
 
 std::uint8_t ColourModeOf(std::string_view headerLine) {

@@ -17,13 +17,6 @@
 
 using namespace mirvane;
 
-namespace {
-
-// Pictures go to this folder when it is set, for looking at them.
-const QByteArray kShotsFolder = qgetenv("MIRVANE_PREVIEW_SHOTS");
-
-}  // namespace
-
 class PreviewTest : public MainWindowTestBase {
     Q_OBJECT
 
@@ -52,11 +45,7 @@ class PreviewTest : public MainWindowTestBase {
         return drawn;
     }
 
-    void Shot(const QString& name) {
-        if (kShotsFolder.isEmpty()) return;
-        QApplication::processEvents();
-        window_->grab().save(QString(kShotsFolder) + "/" + name + ".png");
-    }
+    void Shot(const QString& name) { SavePicture(*window_, name + ".png"); }
 
 private slots:
     void init() {

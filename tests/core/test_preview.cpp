@@ -83,20 +83,20 @@ TEST(PreviewThumbnails, PatternWithClearBackgroundShowsTheBackground) {
 
 TEST(PreviewSeul, PlacesTheZoomedThumbnailInTheMiddle) {
     struct Case {
-        int width, height, slider, left, top;
+        int width, height, slider, zoom, left, top;
         RasterRect seen;
     };
-    // Zoom is the slider value / 100 cut; offsets are cut toward zero; an
+    // The zoom is the slider's hundreds, cut; offsets are cut toward zero; an
     // enlargement past the preview is clipped to it.
-    for (const Case& c : {Case{32, 32, 100, 104, 104, {104, 104, 32, 32}}, Case{7, 5, 399, 109, 112, {109, 112, 21, 15}},
-                          Case{32, 32, 800, -8, -8, {0, 0, 240, 240}}, Case{24, 24, 1000, 0, 0, {0, 0, 240, 240}},
-                          Case{27, 3, 900, -1, 106, {0, 106, 240, 27}}}) {
+    for (const Case& c :
+         {Case{32, 32, 100, 1, 104, 104, {104, 104, 32, 32}}, Case{7, 5, 399, 3, 109, 112, {109, 112, 21, 15}},
+          Case{32, 32, 800, 8, -8, -8, {0, 0, 240, 240}}, Case{24, 24, 1000, 10, 0, 0, {0, 0, 240, 240}},
+          Case{27, 3, 900, 9, -1, 106, {0, 106, 240, 27}}}) {
         const ObjectPreviewModel model =
             Composed(PreviewMode::Seul, {Solid(ObjectKind::Poi, c.width, c.height, kRed)}, c.slider);
-        const int zoom = c.slider / 100;
-        ASSERT_EQ(model.State().Zoom, zoom);
-        EXPECT_EQ(SeulOffset(zoom, c.width), c.left);
-        EXPECT_EQ(SeulOffset(zoom, c.height), c.top);
+        ASSERT_EQ(model.State().Zoom, c.zoom) << c.slider;
+        EXPECT_EQ(SeulOffset(c.zoom, c.width), c.left);
+        EXPECT_EQ(SeulOffset(c.zoom, c.height), c.top);
         EXPECT_TRUE(SameRect(Drawn(model.Apercus(0)), c.seen)) << c.width << " " << c.slider;
         EXPECT_TRUE(AllOf(model.Apercus(1), kBackground));
     }
