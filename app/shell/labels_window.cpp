@@ -7,7 +7,6 @@
 #include <QVBoxLayout>
 
 #include "document/extra_sections.h"
-#include "document/presentation.h"
 #include "app/common/texts.h"
 
 namespace mirvane::app {
@@ -16,8 +15,6 @@ LabelsWindow::LabelsWindow(const Document& doc, QWidget* parent) : QDialog(paren
     setObjectName("frmLabels");
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const LabelsBrowserContent content = LabelsBrowserText(doc);
-    const int codePage = doc.Identity.UnlistedCodePage ? doc.Identity.UnlistedCodePage
-                                                       : SelectedCodePage(doc.Identity);
     setWindowTitle(Q(content.Caption));
 
     auto* text = new QPlainTextEdit(this);
@@ -26,7 +23,7 @@ LabelsWindow::LabelsWindow(const Document& doc, QWidget* parent) : QDialog(paren
     text->setLineWrapMode(QPlainTextEdit::NoWrap);
     text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     text->setTabStopDistance(text->fontMetrics().horizontalAdvance(' ') * 4);
-    text->setPlainText(DecodeDocumentText(content.Text, codePage).replace("\r\n", "\n"));
+    text->setPlainText(DecodeDocumentText(content.Text, doc.Identity.CodePage).replace("\r\n", "\n"));
     auto* close = new QPushButton(Q(content.CloseCaption), this);
     close->setObjectName("cmdFermer");
     connect(close, &QPushButton::clicked, this, &QDialog::accept);

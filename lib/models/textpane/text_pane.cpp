@@ -5,7 +5,7 @@
 namespace mirvane {
 
 void ClearObjectsForWholeText(Document& doc) {
-    doc.DrawOrderRows.clear();
+    doc.DrawOrder.clear();
     doc.Polygons.clear();
     doc.Polylines.clear();
     doc.Pois.clear();

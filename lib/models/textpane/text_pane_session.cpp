@@ -65,10 +65,10 @@ std::array<PaneColour, 4> PaneColours(const RtfColours& colours) {
     return parsed;
 }
 
-int PaneCodePage(const IdentityFields& identity) {
-    if (identity.UnlistedCodePage) return identity.UnlistedCodePage;
-    const int selected = SelectedCodePage(identity);
-    return IsSupportedCodePage(selected) ? selected : 1252;
+int PaneCodePage(const TypIdentity& identity) {
+    const int page = identity.CodePage;
+    if (!IsListedCodePage(page) || IsSupportedCodePage(page)) return page;
+    return kDefaultCodePage;
 }
 
 int TextPaneSession::Apply(const std::string& paneBytes, bool autoBackupOn) {
