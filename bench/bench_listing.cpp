@@ -32,9 +32,8 @@ Document LargeDocument(int perKind) {
     Document doc;
     doc.State = DocumentState::Loaded;
     doc.FileName = "large.typ";
-    doc.Identity.txtFID = "42";
-    doc.Identity.txtProductCode = "1";
-    doc.Identity.CodePageIndex = 2;
+    doc.Identity.Fid = 42;
+    doc.Identity.ProductCode = 1;
     const Bytes labels = EncodeLabelBlock({{0, "Some label"}, {4, "Another label"}});
     for (int i = 0; i < perKind; ++i) {
         PolygonRecord polygon;

@@ -29,14 +29,14 @@ bool TakeFlag(Arguments& args, const std::string& name);
 }  // namespace mirvane::cli
 
 namespace mirvane {
-struct IdentityFields;
+struct TypIdentity;
 struct Document;
 }  // namespace mirvane
 
 namespace mirvane::cli {
 
-// Sets the header size combo from a command-line value; false when it is no number.
-bool ApplyHeaderSizeOption(IdentityFields& fields, const std::string& value);
+// Sets the header size from a command-line value; false when it is no number.
+bool ApplyHeaderSizeOption(TypIdentity& identity, const std::string& value);
 
 // Saves like the program's save command and reports a failure on stderr.
 int SaveAndReport(Document& doc, const std::string& path);

@@ -29,14 +29,14 @@ void PrintDocument(const Document& doc) {
     std::printf("Signature:    %.10s\n", h.Signature.data());
     std::printf("Created:     %s\n", DateCreationCaption(h).c_str());
     std::printf("Code page:    %d\n", h.CodePage);
-    std::printf("FID:          %s\n", doc.Identity.txtFID.c_str());
-    std::printf("Product code: %s\n", doc.Identity.txtProductCode.c_str());
+    std::printf("FID:          %s\n", IdentityNumberText(doc.Identity.Fid).c_str());
+    std::printf("Product code: %s\n", IdentityNumberText(doc.Identity.ProductCode).c_str());
     std::printf("Polygons:     %d\n", doc.PolygonCount());
     std::printf("Polylines:    %d (+ %d for active routing)\n", doc.PolylineCount, doc.ExtraPolylineCount);
     std::printf("POIs:         %d\n", doc.PoiCount());
     std::printf("Extra POIs:   %d\n", doc.ExtraPoiCount);
     std::printf("Extra labels: %d\n", doc.LabelCount);
-    std::printf("Draw order:   %zu rows\n", doc.DrawOrderRows.size());
+    std::printf("Draw order:   %zu rows\n", doc.DrawOrder.size());
     std::printf("Comment:      %zu bytes\n", doc.HeaderGapBytes.size());
     std::printf("Sections:\n");
     PrintSection("polygon data", h.PolygonDataOffset, h.PolygonDataLength);

@@ -1,9 +1,10 @@
 #include <iostream>
+#include <optional>
 
 #include "commands.h"
 #include "document/binary_reader.h"
 #include "document/binary_writer.h"
-#include "document/presentation.h"
+#include "document/identity.h"
 #include "base/numbers.h"
 
 namespace mirvane::cli {
@@ -16,6 +17,14 @@ const char* const kHelp =
     "Reads a binary TYP and writes it back with fresh offsets and today's date.\n"
     "The header size, FID and product code default to those of the file read.\n";
 
+// --fid and --product-code: a value out of range stops the command rather
+// than being saved as some other number.
+bool ApplyIdentityOption(std::optional<std::uint16_t>& field, const char* option, const std::string& value) {
+    field = ParseIdentityNumber(value);
+    if (!field) std::cerr << "mirvane-cli: " << option << " " << value << ": " << IdentityRangeMessage() << "\n";
+    return field.has_value();
+}
+
 }  // namespace
 
 bool OpenOrReport(Document& doc, const std::string& path, DocumentOpener open) {
@@ -24,11 +33,11 @@ bool OpenOrReport(Document& doc, const std::string& path, DocumentOpener open) {
     return false;
 }
 
-bool ApplyHeaderSizeOption(IdentityFields& fields, const std::string& value) {
+bool ApplyHeaderSizeOption(TypIdentity& identity, const std::string& value) {
     if (value.empty() || value.find_first_not_of("0123456789") != std::string::npos) return false;
     const std::int64_t size = LeadingNumber(value);
     if (size < 91 || size > 65535) return false;
-    SelectHeaderSize(fields, static_cast<int>(size));
+    identity.HeaderSize = static_cast<int>(size);
     return true;
 }
 
@@ -59,8 +68,9 @@ int ReadAndSaveCommand(const Arguments& input, const char* help, DocumentOpener 
     }
     Document doc;
     if (!OpenOrReport(doc, args[0], open)) return kExitFailure;
-    if (hasFid) doc.Identity.txtFID = fid;
-    if (hasProductCode) doc.Identity.txtProductCode = productCode;
+    if ((hasFid && !ApplyIdentityOption(doc.Identity.Fid, "--fid", fid)) ||
+        (hasProductCode && !ApplyIdentityOption(doc.Identity.ProductCode, "--product-code", productCode)))
+        return kExitFailure;
     if (hasHeaderSize && !ApplyHeaderSizeOption(doc.Identity, headerSize)) {
         std::cerr << "mirvane-cli: --header-size takes a number of bytes from 91 to 65535\n";
         return kExitFailure;

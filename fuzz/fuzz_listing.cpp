@@ -33,7 +33,8 @@ Document FuzzedDocument(FuzzedDataProvider& in) {
     Document doc;
     doc.State = DocumentState::Loaded;
     doc.HeaderGapBytes = Block(in, 64);
-    doc.DrawOrderRows.push_back(in.ConsumeRandomLengthString(40));
+    doc.DrawOrder.push_back({in.ConsumeIntegral<int>(), in.ConsumeIntegralInRange(0, 0xFFF),
+                             in.ConsumeIntegralInRange(0, 0xFF)});
     for (int i = in.ConsumeIntegralInRange(0, 4); i > 0; --i) {
         PolygonRecord r;
         r.Type = TypeText(in.ConsumeIntegralInRange(0, 0x1FF));

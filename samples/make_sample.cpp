@@ -3,7 +3,6 @@
 #include <iostream>
 
 #include "document/binary_writer.h"
-#include "document/presentation.h"
 #include "support/sample_document.h"
 
 int main(int argc, char** argv) {
@@ -19,7 +18,7 @@ int main(int argc, char** argv) {
     mirvane::Document doc = mirvane::MakeSampleDocument(options);
     const std::string comment = "Mirvane sample: every kind of polygon, line and POI";
     doc.HeaderGapBytes.assign(comment.begin(), comment.end());
-    mirvane::SelectHeaderSize(doc.Identity, 156);
+    doc.Identity.HeaderSize = 156;
     if (const auto failure = mirvane::SaveBinaryTyp(doc, argv[1], {2026, 11, 22, 12, 0, 0})) {
         std::cerr << mirvane::SaveFailureMessage(*failure) << "\n";
         return 1;

@@ -7,8 +7,8 @@
 #include <QVBoxLayout>
 
 #include "app/common/named_widget.h"
+#include "document/extra_sections.h"
 #include "app/common/texts.h"
-#include "document/presentation.h"
 
 namespace mirvane::app {
 
@@ -16,7 +16,7 @@ LabelsWindow::LabelsWindow(const Document& doc, QWidget* parent) : QDialog(paren
     setObjectName("frmLabels");
     QApplication::setOverrideCursor(Qt::WaitCursor);
     content_ = LabelsBrowserText(doc);
-    const int codePage = doc.Identity.UnlistedCodePage ? doc.Identity.UnlistedCodePage : SelectedCodePage(doc.Identity);
+    const int codePage = doc.Identity.CodePage;
 
     auto* text = MakeNamed<QPlainTextEdit>(this, "txtLabels");
     text->setReadOnly(true);

@@ -495,7 +495,7 @@ void MainWindow::RefreshLists(ChangeSet what) {
     if (what.Has(Change::Polylines)) FillList(ListPolyline_, PolylineListRows(doc));
     if (what.Has(Change::Pois)) FillList(ListPOI_, PoiListRows(doc));
     if (what.Has(Change::File)) FillList(ListExtraPOI_, ExtraPoiListRows(doc));
-    if (what.Has(Change::DrawOrder)) FillList(ListDraworder_, doc.DrawOrderRows);
+    if (what.Has(Change::DrawOrder)) FillList(ListDraworder_, model_.DrawOrderRows());
     fraPolygone_->setTitle(Q(model_.PolygonCaption()));
     frapolyline_->setTitle(Q(model_.PolylineCaption()));
     fraPOI_->setTitle(Q(model_.PoiCaption()));
@@ -504,19 +504,16 @@ void MainWindow::RefreshLists(ChangeSet what) {
 }
 
 void MainWindow::RefreshIdentity() {
-    const IdentityFields& id = model_.Doc().Identity;
-    if (!txtFID_->hasFocus()) txtFID_->setText(Q(id.txtFID));
-    if (!txtProductCode_->hasFocus()) txtProductCode_->setText(Q(id.txtProductCode));
-    cbbCodepage_->setCurrentIndex(id.CodePageIndex >= 0 && id.CodePageIndex <= 8 ? id.CodePageIndex : -1);
+    if (!txtFID_->hasFocus()) txtFID_->setText(Q(model_.FidText()));
+    if (!txtProductCode_->hasFocus()) txtProductCode_->setText(Q(model_.ProductCodeText()));
+    cbbCodepage_->setCurrentIndex(model_.CodePageIndex());
     // A code page the combo cannot select is still shown, greyed, and kept on saving.
-    cbbCodepage_->setPlaceholderText(id.UnlistedCodePage ? QString::number(id.UnlistedCodePage) : QString());
+    cbbCodepage_->setPlaceholderText(Q(model_.UnlistedCodePageText()));
 
     cbbHeadersize_->clear();
-    if (!model_.HasDocument()) return;
-    for (const auto& item : HeaderSizeItems()) cbbHeadersize_->addItem(Q(item));
-    if (id.HeaderSizeIndex >= 5) cbbHeadersize_->addItem(Q(id.HeaderSizeText));  // a size the combo does not know
-    cbbHeadersize_->setCurrentIndex(id.HeaderSizeIndex);
-    cbbHeadersize_->setToolTip(id.HeaderSizeIndex >= 0 ? Q(HeaderSizeTip(id)).replace("\r\n", "\n") : QString());
+    for (const auto& item : model_.HeaderSizeItems()) cbbHeadersize_->addItem(Q(item));
+    cbbHeadersize_->setCurrentIndex(model_.HeaderSizeIndex());
+    cbbHeadersize_->setToolTip(Q(model_.HeaderSizeTip()).replace("\r\n", "\n"));
 }
 
 void MainWindow::RefreshRecentMenu() {
@@ -543,7 +540,7 @@ void MainWindow::RefreshEnables() {
     cbbCodepage_->setEnabled(state.Combos);
     cbbHeadersize_->setEnabled(state.Combos);
     cmdCreerTYP_->setEnabled(state.CreateTyp);
-    cmdLabels_->setEnabled(model_.HasDocument() && ChosenHeaderSize(model_.Doc().Identity) >= 156);
+    cmdLabels_->setEnabled(model_.HasDocument() && model_.Doc().Identity.HeaderSize >= 156);
     mnuEnregistrerTyp_->setEnabled(state.CreateTyp);
     mnufermer_->setEnabled(state.Close);
     mnuouvrirtxt_->setEnabled(state.OpenText);
@@ -571,12 +568,11 @@ void MainWindow::RefreshTextPane() {
 bool MainWindow::FinishIdentityField(QLineEdit* field, bool fid) {
     if (refreshing_ || checkingIdentity_ || !model_.HasDocument()) return true;
     const std::string text = field->text().toStdString();
-    const std::string& stored = fid ? model_.Doc().Identity.txtFID : model_.Doc().Identity.txtProductCode;
-    if (text == stored) return true;
+    if (text == (fid ? model_.FidText() : model_.ProductCodeText())) return true;
     checkingIdentity_ = true;
-    const bool valid = model_.CheckIdentityValue(text);
+    const std::optional<std::uint16_t> value = model_.CheckIdentityValue(text);
     checkingIdentity_ = false;
-    if (!valid) {
+    if (!value) {
         // Stay in the field with the text selected.
         QTimer::singleShot(0, field, [field] {
             field->setFocus();
@@ -584,8 +580,8 @@ bool MainWindow::FinishIdentityField(QLineEdit* field, bool fid) {
         });
         return false;
     }
-    if (fid) model_.SetFid(text);
-    else model_.SetProductCode(text);
+    if (fid) model_.SetFid(*value);
+    else model_.SetProductCode(*value);
     return true;
 }
 

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "document/encoding.h"
-#include "document/presentation.h"
 #include "document/record_reader.h"
 #include "document/run_time_errors.h"
 #include "document/sorts.h"
@@ -163,16 +162,15 @@ void BinaryTypReader::CheckSignature() {
 }
 
 void BinaryTypReader::FillIdentity() {
-    IdentityFields& id = doc_.Identity;
-    id.txtFID = std::to_string(static_cast<std::uint16_t>(doc_.Header.FamilyId));
-    id.txtProductCode = std::to_string(static_cast<std::uint16_t>(doc_.Header.ProductCode));
-    const int index = doc_.Header.CodePage - 1250;
-    if (index >= 0 && index <= 8) id.CodePageIndex = index;
-    else {
-        id.UnlistedCodePage = doc_.Header.CodePage;
-        LogRunTimeError(kErrInvalidPropertyValue);  // the combo refuses the selection
-    }
-    SelectHeaderSize(id, doc_.Header.HeaderSize);
+    const TypHeader& h = doc_.Header;
+    TypIdentity& id = doc_.Identity;
+    id.Fid = static_cast<std::uint16_t>(h.FamilyId);
+    id.ProductCode = static_cast<std::uint16_t>(h.ProductCode);
+    id.HeaderSize = h.HeaderSize;
+    // A code page the program does not list is logged and kept; a file
+    // without one is saved with the default.
+    if (!IsListedCodePage(h.CodePage)) LogRunTimeError(kErrInvalidPropertyValue);
+    if (h.CodePage != 0) id.CodePage = h.CodePage;
 }
 
 void BinaryTypReader::ReadHeaderExtensions() {
@@ -398,17 +396,13 @@ void BinaryTypReader::ReadDrawOrder() {
         if (p > length) break;
         const std::uint32_t mask = static_cast<std::uint32_t>(in.I32());
         if (mask == 0) {
-            doc_.DrawOrderRows.push_back(DrawOrderRowText({level, type, 0}));
+            doc_.DrawOrder.push_back({level, type, 0});
             continue;
         }
-        for (int bit = 0; bit < 32; ++bit) {
-            if (mask & (1u << bit)) {
-                doc_.DrawOrderRows.push_back("Type=0x" + TypeText(type + 256) + ",SubType=0x" + SubTypeText(bit) +
-                                             "," + std::to_string(level));
-            }
-        }
+        for (int bit = 0; bit < 32; ++bit)
+            if (mask & (1u << bit)) doc_.DrawOrder.push_back({level, type + 256, bit});
     }
-    RebuildDrawOrderRows(doc_.DrawOrderRows);
+    SortDrawOrder(doc_.DrawOrder);
 }
 
 void BinaryTypReader::ReadExtraPoiRows() {

@@ -5,12 +5,10 @@
 #include <fstream>
 
 #include "document/encoding.h"
-#include "document/presentation.h"
 #include "document/run_time_errors.h"
 #include "document/sorts.h"
 #include "document/draw_order_table.h"
 #include "lang/lookup.h"
-#include "base/numbers.h"
 
 namespace mirvane {
 
@@ -73,26 +71,13 @@ int IndexKey(const std::string& type, const std::string& subType) {
     return static_cast<int>(key);
 }
 
-// Decimal text of an identity field into its 16-bit pattern.
-std::int16_t IdentityValue(const std::string& text) {
-    std::size_t i = 0;
-    while (i < text.size() && text[i] == ' ') ++i;
-    if (i == text.size()) throw SaveError{kErrTypeMismatch};
-    const std::size_t digitsAt = (text[i] == '-' || text[i] == '+') ? i + 1 : i;
-    if (digitsAt == text.size() || text[digitsAt] < '0' || text[digitsAt] > '9') throw SaveError{kErrTypeMismatch};
-    std::int64_t value = LeadingNumber(text);
-    if (value >= 32768) value -= 65536;
-    if (value > 32767 || value < -32768) throw SaveError{kErrOverflow};
-    return static_cast<std::int16_t>(value);
-}
-
 class BinaryTypWriter {
 public:
     BinaryTypWriter(Document& doc, const SaveTime& time) : doc_(doc), time_(time) {}
 
     Bytes Write() {
         SortRecords();
-        headerSize_ = ChosenHeaderSize(doc_.Identity);
+        headerSize_ = doc_.Identity.HeaderSize;
         out_.Reserve(EstimatedSize());
         out_.Seek(headerSize_);
         out_.Append(doc_.HeaderGapBytes);
@@ -122,7 +107,7 @@ private:
         for (const auto& r : doc_.Polylines) size += static_cast<std::size_t>(PolylineRecordLength(r)) + 7;
         for (const auto& r : doc_.Pois)
             size += static_cast<std::size_t>(PoiRecordLength(r)) + r.Bitmaps[0].PaletteBytes.size() + 5;
-        size += doc_.DrawOrderRows.size() * 10 + doc_.ExtraPoiDataBytes.size() + doc_.ExtraPoiIndexBytes.size() +
+        size += doc_.DrawOrder.size() * 10 + doc_.ExtraPoiDataBytes.size() + doc_.ExtraPoiIndexBytes.size() +
                 doc_.LabelTextBytes.size() + doc_.LabelTable1Bytes.size() + doc_.LabelTable2Bytes.size();
         return size;
     }
@@ -313,14 +298,15 @@ void BinaryTypWriter::WriteExtraPolylineIndex(std::vector<ExtraPolylineIndexRow>
 // of five zero bytes before each higher level however large the step.
 void BinaryTypWriter::WriteDrawOrder() {
     TypHeader& h = doc_.Header;
-    if (doc_.DrawOrderRows.empty()) {
+    if (doc_.DrawOrder.empty()) {
         h.DrawOrderOffset = 0;
         h.DrawOrderRecordSize = 0;
         h.DrawOrderLength = 0;
         return;
     }
     h.DrawOrderOffset = static_cast<std::int32_t>(out_.Position());
-    const std::vector<DrawOrderEntry> table = RebuildDrawOrderRows(doc_.DrawOrderRows);
+    SortDrawOrder(doc_.DrawOrder);
+    const std::vector<DrawOrderEntry>& table = doc_.DrawOrder;
     for (std::size_t i = 0; i < table.size(); ++i) {
         const DrawOrderEntry& entry = table[i];
         if (i > 0 && entry.Level > table[i - 1].Level) out_.LittleEndian(0, 5);
@@ -343,7 +329,7 @@ void BinaryTypWriter::WriteDrawOrder() {
 
 void BinaryTypWriter::SetHeader() {
     TypHeader& h = doc_.Header;
-    const IdentityFields& id = doc_.Identity;
+    const TypIdentity& id = doc_.Identity;
     h.HeaderSize = static_cast<std::uint16_t>(headerSize_);
     const char signature[] = "GARMIN TYP";
     std::copy(signature, signature + 10, h.Signature.begin());
@@ -354,9 +340,9 @@ void BinaryTypWriter::SetHeader() {
     h.Hour = static_cast<std::uint8_t>(time_.Hour);
     h.Minute = static_cast<std::uint8_t>(time_.Minute);
     h.Second = static_cast<std::uint8_t>(time_.Second);
-    h.CodePage = static_cast<std::uint16_t>(id.CodePageIndex >= 0 ? 1250 + id.CodePageIndex : id.UnlistedCodePage);
-    h.FamilyId = IdentityValue(id.txtFID);
-    h.ProductCode = IdentityValue(id.txtProductCode);
+    h.CodePage = static_cast<std::uint16_t>(id.CodePage);
+    h.FamilyId = static_cast<std::int16_t>(id.Fid.value_or(0));
+    h.ProductCode = static_cast<std::int16_t>(id.ProductCode.value_or(0));
 }
 
 // Additional sections stand behind the draw order, moved whole: their inner
@@ -482,15 +468,8 @@ void BinaryTypWriter::WriteRawSections() {
 }  // namespace
 
 std::optional<SaveFailure> BuildBinaryTyp(Document& doc, Bytes& out, const SaveTime& time) {
-    IdentityFields& id = doc.Identity;
-    if (id.txtFID.empty())
-        return SaveFailure{0, LookupText("Main", "Il faut indiquer le FID.", "msgFID1"),
-                           LookupText("Main", "FID absent", "msgFID2")};
-    if (id.txtProductCode.empty())
-        return SaveFailure{0, LookupText("Main", "Il faut indiquer le Product Code.", "msgPID1"),
-                           LookupText("Main", "Product Code absent", "msgPID2")};
-    if (id.HeaderSizeIndex < 0) SelectHeaderSize(id, kKnownHeaderSizes[0]);
-    if (id.CodePageIndex < 0 && id.UnlistedCodePage == 0) id.CodePageIndex = 2;
+    if (const std::optional<MissingIdentity> missing = FindMissingIdentity(doc.Identity))
+        return SaveFailure{0, missing->Text, missing->Title};
     std::optional<SaveFailure> failure;
     try {
         out = BinaryTypWriter(doc, time).Write();

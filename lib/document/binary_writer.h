@@ -22,7 +22,7 @@ struct SaveFailure {
 };
 
 // Builds the file's bytes. Changes `doc` as a save does: record order, record
-// offsets, header fields and the canonical draw order rows.
+// offsets, header fields and the order of the draw order.
 std::optional<SaveFailure> BuildBinaryTyp(Document& doc, Bytes& out, const SaveTime& time);
 
 // Builds and writes through a temporary file renamed over `path`, so a failed

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "document/draw_order_table.h"
+#include "document/identity.h"
 #include "document/records.h"
 
 namespace mirvane {
@@ -19,20 +21,6 @@ struct ObjectRef {
 };
 
 inline constexpr ObjectKind kObjectKinds[] = {ObjectKind::Polygon, ObjectKind::Polyline, ObjectKind::Poi};
-
-// What the main window's identity fields hold. The writer takes its header
-// values from here, so a document read from one file can be saved with
-// another FID, code page or header size.
-struct IdentityFields {
-    std::string txtFID;
-    std::string txtProductCode;
-    int CodePageIndex = -1;   // cbbCodepage: CodePage - 1250, -1 when none is selected
-    // A code page the combo cannot show (65001, say): kept so that a save
-    // while nothing is selected writes it back instead of 1252.
-    int UnlistedCodePage = 0;
-    int HeaderSizeIndex = -1; // cbbHeadersize: 0..4 known sizes, 5 for an added item
-    std::string HeaderSizeText;  // the combo's text, "120 octets : format inconnu" for an added item
-};
 
 struct Document {
     TypHeader Header;
@@ -64,11 +52,12 @@ struct Document {
     std::string ReadErrorLog;
     bool ReadErrorFlag = false;
 
-    // The rows of ListDraworder are the store of the draw order:
-    // "Type=0x10f,SubType=0x01,3" or "Type=0x003,1".
-    std::vector<std::string> DrawOrderRows;
+    // Sorted by level, type and subtype once read, parsed or saved.
+    std::vector<DrawOrderEntry> DrawOrder;
 
-    IdentityFields Identity;
+    // The save takes its header values from here, so a document read from
+    // one file can be saved with another FID, code page or header size.
+    TypIdentity Identity;
     DocumentState State = DocumentState::None;
     bool FromText = false;  // loaded from the text form rather than a binary file
     bool ModifiedFlag = false;

@@ -25,52 +25,6 @@ std::string LengthCaption(const std::string& fileLengthText) {
     return grouped + " " + LookupText("Main", "octets", "octets");
 }
 
-std::vector<std::string> HeaderSizeItems() {
-    return {"91 " + LookupText("Main", "(ancien format)", "cbbHeaderSize0"),
-            "110 " + LookupText("Main", "(+ Extra POI)", "cbbHeaderSize1"),
-            "156 " + LookupText("Main", "(+ labels)", "cbbHeaderSize2"),
-            "164 " + LookupText("Main", "(+ inconnu...)", "cbbHeaderSize3"),
-            "174 " + LookupText("Main", "(+ Active Routing)", "cbbHeaderSize4")};
-}
-
-void SelectHeaderSize(IdentityFields& fields, int headerSize) {
-    const std::vector<std::string> items = HeaderSizeItems();
-    for (int i = 0; i < 5; ++i) {
-        if (kKnownHeaderSizes[i] == headerSize) {
-            fields.HeaderSizeIndex = i;
-            fields.HeaderSizeText = items[i];
-            return;
-        }
-    }
-    fields.HeaderSizeIndex = 5;
-    fields.HeaderSizeText =
-        std::to_string(headerSize) + " " + LookupText("Main", "octets : format inconnu", "cbbHeaderInconnu");
-}
-
-int ChosenHeaderSize(const IdentityFields& fields) {
-    if (fields.HeaderSizeIndex >= 0 && fields.HeaderSizeIndex < 5) return kKnownHeaderSizes[fields.HeaderSizeIndex];
-    return static_cast<int>(LeadingNumber(fields.HeaderSizeText));
-}
-
-static std::string FirstWord(const std::string& text) { return text.substr(0, text.find(' ')); }
-
-std::string HeaderSizeTip(const IdentityFields& fields) {
-    std::string tip = LookupText("Main", "La taille de l'entête est de", "cbbHeadersizeTip1") + " " +
-                      FirstWord(fields.HeaderSizeText) + " " + LookupText("Main", "octets", "cbbHeadersizeTip2") + ".";
-    if (fields.HeaderSizeIndex <= 0) return tip;
-    tip += kLineBreak;
-    tip += LookupText("Main", "Ce fichier TYP peut donc contenir, en plus des polygones, polylignes et POI habituels",
-                      "cbbHeadersizeTip3") + " :";
-    static const char* const kDefaults[] = {"des POI supplémentaires", "des labels supplémentaires",
-                                            "des données encore inconnues", "des polylignes pour l'active routing",
-                                            "d'autres données encore inconnues..."};
-    for (int above = 0; above < 5 && fields.HeaderSizeIndex > above; ++above) {
-        tip += kLineBreak;
-        tip += "\t" + LookupText("Main", kDefaults[above], "cbbHeadersizeTip" + std::to_string(above + 4));
-    }
-    return tip;
-}
-
 static std::string Counted(const std::string& caption, const std::string& count) {
     return caption + "  (" + count + ")";
 }
@@ -104,9 +58,5 @@ std::vector<std::string> PolygonListRows(const Document& doc) { return ListRows(
 std::vector<std::string> PolylineListRows(const Document& doc) { return ListRows(doc.Polylines); }
 std::vector<std::string> PoiListRows(const Document& doc) { return ListRows(doc.Pois); }
 std::vector<std::string> ExtraPoiListRows(const Document& doc) { return ListRows(doc.ExtraPois); }
-
-int SelectedCodePage(const IdentityFields& fields) {
-    return fields.CodePageIndex >= 0 && fields.CodePageIndex <= 8 ? 1250 + fields.CodePageIndex : 0;
-}
 
 }  // namespace mirvane

@@ -9,27 +9,11 @@
 
 namespace mirvane {
 
-inline constexpr int kKnownHeaderSizes[] = {91, 110, 156, 164, 174};
-
 // lblDateCreation: four blanks, "dd/mm/yyyy", five blanks, "hh:mm:ss".
 std::string DateCreationCaption(const TypHeader& header);
 
 // lblLongueur: the length in groups of three digits, a blank and "octets".
 std::string LengthCaption(const std::string& fileLengthText);
-
-// The five items of cbbHeadersize.
-std::vector<std::string> HeaderSizeItems();
-
-// Index and text of cbbHeadersize for a header size; an unknown size gives
-// index 5 and the text "<size> octets : format inconnu".
-void SelectHeaderSize(IdentityFields& fields, int headerSize);
-
-// The header size the writer uses: the known size of the index, else the
-// first blank-separated word of the combo's text.
-int ChosenHeaderSize(const IdentityFields& fields);
-
-// Tool tip of cbbHeadersize.
-std::string HeaderSizeTip(const IdentityFields& fields);
 
 // "Liste des polygones  (12)" and the like; polylines show both counts.
 std::string PolygonFrameCaption(const Document& doc);
@@ -42,8 +26,5 @@ std::vector<std::string> PolygonListRows(const Document& doc);
 std::vector<std::string> PolylineListRows(const Document& doc);
 std::vector<std::string> PoiListRows(const Document& doc);
 std::vector<std::string> ExtraPoiListRows(const Document& doc);
-
-// Code page of cbbCodepage's selection, 0 when none.
-int SelectedCodePage(const IdentityFields& fields);
 
 }  // namespace mirvane

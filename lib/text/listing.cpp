@@ -392,19 +392,12 @@ void Headings(const Document& doc, const ListingContext& context, ListingText& t
     heading("; D\xE9" "compil\xE9 le " + ShortDateText(context.Now) + " \xE0 " + LongTimeText(context.Now));
 }
 
-// 1250 + the combo's index; a code page the combo cannot hold (65001) is
-// shown as it stands rather than as the 1249 of an empty selection.
-std::string CodePageValue(const IdentityFields& identity) {
-    if (identity.CodePageIndex < 0 && identity.UnlistedCodePage != 0) return std::to_string(identity.UnlistedCodePage);
-    return std::to_string(1250 + identity.CodePageIndex);
-}
-
 void IdSection(const Document& doc, ListingText& text) {
     text.Break(2);
     text.Add(PieceRole::IdHead, "[_id]");
-    text.KeyLine("ProductCode=", doc.Identity.txtProductCode);
-    text.KeyLine("FID=", doc.Identity.txtFID);
-    text.KeyLine("CodePage=", CodePageValue(doc.Identity));
+    text.KeyLine("ProductCode=", IdentityNumberText(doc.Identity.ProductCode));
+    text.KeyLine("FID=", IdentityNumberText(doc.Identity.Fid));
+    text.KeyLine("CodePage=", std::to_string(doc.Identity.CodePage));
     text.Break();
     text.Add(PieceRole::IdEnd, "[End]");
 }
@@ -441,7 +434,8 @@ std::string_view Mid(std::string_view text, std::size_t start, std::size_t count
     return start < text.size() ? text.substr(start, count) : std::string_view();
 }
 
-// "Type=0x10e,SubType=0x01,3" prints as "Type=0x10e01,3"; other rows unchanged.
+// The row "Type=0x10e,SubType=0x01,3" prints as "Type=0x10e01,3"; a row
+// without a subtype as it stands.
 std::string DrawOrderLine(const std::string& row) {
     if (Mid(row, 11, 7) != "SubType") return row;
     std::string line(Mid(row, 0, 10));
@@ -456,7 +450,7 @@ void DrawOrderSection(const Document& doc, ListingText& text) {
     text.Comment(";=========== POLYGONES : PRIORITE DANS L'AFFICHAGE ======");
     text.Break();
     text.Add(PieceRole::DrawOrderHead, "[_drawOrder]");
-    for (const std::string& row : doc.DrawOrderRows) text.TextLine(DrawOrderLine(row));
+    for (const DrawOrderEntry& entry : doc.DrawOrder) text.TextLine(DrawOrderLine(DrawOrderRowText(entry)));
     text.Break();
     text.Head("[End]");
 }

@@ -7,7 +7,9 @@
 
 #include "document/sorts.h"
 #include "base/file_io.h"
+#include "base/numbers.h"
 #include "document/draw_order_table.h"
+#include "document/encoding.h"
 #include "text/parser_context.h"
 
 namespace mirvane {
@@ -17,6 +19,8 @@ namespace textparse {
 namespace {
 
 constexpr std::size_t kMaxObjectsOfAKind = 32767;  // counts are 16-bit signed
+
+struct IdentityOutOfRange {};
 
 // A comment runs from ';' to the end of a line, except in a quoted line;
 // one final comma goes, so C-array style rows ("....",) pass.
@@ -64,34 +68,46 @@ void ReadSectionLines(ParseContext& ctx, EachLine&& eachLine) {
     }
 }
 
-// "ProductCode=0xFFFF" is -1: the value is a 16-bit signed pattern.
-std::string IdentityValue(std::string_view line, std::size_t valuePosition) {
-    if (Mid(line, valuePosition, 2) != "0x") return std::string(Mid(line, valuePosition));
-    const std::uint32_t value = TolerantHex(Mid(line, valuePosition + 2));
-    if (value > 0xFFFF) throw ParseFailure{};
-    return std::to_string(static_cast<std::int16_t>(static_cast<std::uint16_t>(value)));
+// The value at its fixed place: "0x" and hexadecimal digits, or decimal.
+// Empty, it leaves the field not given.
+std::optional<std::uint16_t> IdentityValue(std::string_view line, std::size_t valuePosition) {
+    const std::string_view value = Mid(line, valuePosition);
+    if (value.empty()) return std::nullopt;
+    if (Mid(line, valuePosition, 2) != "0x") {
+        if (const std::optional<std::uint16_t> number = ParseIdentityNumber(value)) return number;
+        throw IdentityOutOfRange{};
+    }
+    const std::uint32_t hex = TolerantHex(Mid(line, valuePosition + 2));
+    if (hex > 0xFFFF) throw IdentityOutOfRange{};
+    return static_cast<std::uint16_t>(hex);
 }
 
-void ReadIdentityLine(Document& doc, std::string_view rawLine) {
+void ReadCodePage(TypIdentity& identity, std::string_view line) {
+    const double number = StrictNumber(Mid(line, 10));
+    const bool whole = number >= 1 && number <= 65535 && number == static_cast<int>(number);
+    // One the program does not list (65001, say) is reported, and kept for the save.
+    if (whole) identity.CodePage = static_cast<int>(number);
+    if (!whole || !IsListedCodePage(identity.CodePage)) throw ParseFailure{};
+}
+
+void ReadIdentityLine(TypIdentity& identity, std::string_view rawLine) {
     const std::string_view line = TrimBlanks(rawLine);
-    if (StartsWithNoCase(line, "productcode")) {
-        doc.Identity.txtProductCode = IdentityValue(line, 13);
-    } else if (StartsWithNoCase(line, "fid")) {
-        doc.Identity.txtFID = IdentityValue(line, 5);
-    } else if (StartsWithNoCase(line, "codepage")) {
-        const double number = StrictNumber(Mid(line, 10));
-        const double index = number - 1250;
-        if (index < 0 || index > 8 || index != static_cast<int>(index)) {
-            // The combo cannot show it (65001, say): reported, and kept for the save.
-            if (number > 0 && number <= 65535 && number == static_cast<int>(number)) {
-                doc.Identity.CodePageIndex = -1;
-                doc.Identity.UnlistedCodePage = static_cast<int>(number);
-            }
-            throw ParseFailure{};
+    if (StartsWithNoCase(line, "productcode")) identity.ProductCode = IdentityValue(line, 13);
+    else if (StartsWithNoCase(line, "fid")) identity.Fid = IdentityValue(line, 5);
+    else if (StartsWithNoCase(line, "codepage")) ReadCodePage(identity, line);
+}
+
+// A value out of range is logged with the range, so that the user knows why
+// the save then finds no FID or product code.
+void ReadIdentitySection(ParseContext& ctx) {
+    ReadSectionLines(ctx, [&](std::string_view line) {
+        try {
+            ReadIdentityLine(ctx.Doc.Identity, line);
+        } catch (const IdentityOutOfRange&) {
+            ctx.LogFailure();
+            ctx.Doc.ReadErrorLog += " : " + IdentityRangeMessage();
         }
-        doc.Identity.CodePageIndex = static_cast<int>(index);
-        doc.Identity.UnlistedCodePage = 0;
-    }
+    });
 }
 
 void ReadCommentLine(Document& doc, std::string_view line) {
@@ -100,20 +116,23 @@ void ReadCommentLine(Document& doc, std::string_view line) {
     text.insert(text.end(), line.begin(), line.end());
 }
 
-// "Type=0x10e01,3" -> "Type=0x10e,SubType=0x01,3"; "Type=0x3,1" -> "Type=0x003,1".
+// "Type=0x10e01,3" is type 10e, subtype 01, level 3; a key of any other
+// length is a type alone, its last three digits ("Type=0x3,1").
 void ReadDrawOrderLine(Document& doc, std::string_view line) {
     if (line.empty()) return;
     const auto fields = SplitAt(line, ',');
     if (fields.size() < 2) throw ParseFailure{};
     const std::string_view key = fields[0];
-    std::string row;
+    DrawOrderEntry entry;
+    entry.Level = static_cast<int>(LeadingNumber(fields[1]));
     if (key.size() == 12) {
-        row = std::string(Mid(key, 1, 10)) + ",SubType=0x" + std::string(Mid(key, 11));
+        entry.Type = HexValue(Mid(key, 8, 3));
+        entry.SubType = HexValue(Mid(key, 11));
     } else {
         const std::string digits = "000" + std::string(Mid(key, 8));
-        row = "Type=0x" + digits.substr(digits.size() - 3);
+        entry.Type = HexValue(std::string_view(digits).substr(digits.size() - 3));
     }
-    doc.DrawOrderRows.push_back(row + "," + std::string(fields[1]));
+    doc.DrawOrder.push_back(entry);
 }
 
 // The record an object section writes to: a new one for a whole document,
@@ -157,12 +176,12 @@ void ReadObjectSection(ParseContext& ctx, std::vector<Record>& records, ObjectKi
 void ReadSection(ParseContext& ctx, std::string_view head) {
     Document& doc = ctx.Doc;
     if (StartsWithNoCase(head, "[_id]")) {
-        ReadSectionLines(ctx, [&](std::string_view line) { ReadIdentityLine(doc, line); });
+        ReadIdentitySection(ctx);
     } else if (StartsWithNoCase(head, "[_comments]")) {
         ReadSectionLines(ctx, [&](std::string_view line) { ReadCommentLine(doc, line); });
     } else if (StartsWithNoCase(head, "[_draworder]")) {
         ReadSectionLines(ctx, [&](std::string_view line) { ReadDrawOrderLine(doc, line); });
-        ctx.Try([&] { RebuildDrawOrderRows(doc.DrawOrderRows); });
+        SortDrawOrder(doc.DrawOrder);
     } else if (StartsWithNoCase(head, "[_polygon]")) {
         ReadObjectSection(ctx, doc.Polygons, ObjectKind::Polygon, ctx.LastPolygon, ReadPolygonBody);
     } else if (StartsWithNoCase(head, "[_line]")) {
@@ -236,9 +255,6 @@ void LoadTypText(Document& doc, std::string_view textBytes, const std::string& p
     doc.State = DocumentState::Loaded;
     doc.FromText = true;
     doc.SetPath(path);
-    doc.Identity.HeaderSizeIndex = 0;
-    doc.Identity.HeaderSizeText = "91 (ancien format)";
-    doc.Identity.CodePageIndex = 2;
     ParseTypText(doc, textBytes);
 }
 

@@ -24,8 +24,8 @@ struct ParseResult {
 // stand in the text.
 ParseResult ParseTypText(Document& doc, std::string_view textBytes, std::optional<ObjectRef> target = {});
 
-// The core of opening a .txt file: resets `doc`, sets the header size and
-// code page combos to their defaults (91, 1252), the path fields and
+// The core of opening a .txt file: resets `doc` (so the header size and
+// code page are the defaults, 91 and 1252), sets the path fields and
 // FromText, then parses the whole text. `path` is only used for its name.
 void LoadTypText(Document& doc, std::string_view textBytes, const std::string& path);
 

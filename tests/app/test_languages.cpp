@@ -208,7 +208,7 @@ private slots:
 
     void labelsShowBytesInTheDocumentsCodePage() {
         Document doc;
-        doc.Identity.CodePageIndex = 0;  // 1250
+        doc.Identity.CodePage = 1250;
         doc.Extra2.LabelTable1RecordSize = 2;
         doc.Extra2.LabelTable2RecordSize = 1;
         doc.LabelTextBytes = {0x8a, 'k', 'o', 'd', 'a', 0, 'B', 0};

@@ -73,11 +73,11 @@ private slots:
         QCOMPARE(window_->windowTitle(), QString("Mirvane v0.1.0 - [jbm-osm.typ]"));
         QCOMPARE(Find<QListWidget>("ListPolygone")->count(), expected.PolygonCount());
         QCOMPARE(Find<QListWidget>("ListPOI")->count(), expected.PoiCount());
-        QCOMPARE(Find<QListWidget>("ListDraworder")->count(), static_cast<int>(expected.DrawOrderRows.size()));
+        QCOMPARE(Find<QListWidget>("ListDraworder")->count(), static_cast<int>(expected.DrawOrder.size()));
         QCOMPARE(Caption("fraPolygone"), QString("Liste des polygones  (%1)").arg(expected.PolygonCount()));
         QVERIFY(Caption("frapolyline").contains(" - "));
         QVERIFY(Find<QLabel>("lblNomTyp")->text().endsWith("\njbm-osm.typ"));
-        QCOMPARE(Find<QLineEdit>("txtFID")->text(), QString::fromStdString(expected.Identity.txtFID));
+        QCOMPARE(Find<QLineEdit>("txtFID")->text(), QString::number(*expected.Identity.Fid));
         QVERIFY(Action("mnufermer")->isEnabled());
         QVERIFY(Find<QPushButton>("cmdSupprimerPOI")->isEnabled());
         QVERIFY(Find<QPushButton>("cmdAppliquerModif")->isHidden());
@@ -184,7 +184,7 @@ private slots:
         QVERIFY(RecentActions().first()->text().contains("copie.typ"));
         Document saved;
         QVERIFY(OpenBinaryTyp(saved, target.toStdString()));
-        QCOMPARE(saved.Identity.txtProductCode, std::string("7"));
+        QCOMPARE(saved.Identity.ProductCode, std::optional<std::uint16_t>(7));
     }
 
     void identityFieldsTakeDigitsOnlyAndCheckTheRange() {
@@ -201,10 +201,10 @@ private slots:
         emit fid->editingFinished();
         QCOMPARE(prompts_->Texts("inform").size(), 1u);
         QVERIFY(prompts_->Texts("inform")[0].find("65535") != std::string::npos);
-        QVERIFY(doc_->Identity.txtFID.empty());
+        QVERIFY(!doc_->Identity.Fid);
         fid->setText("0");
         emit fid->editingFinished();
-        QCOMPARE(doc_->Identity.txtFID, std::string("0"));
+        QCOMPARE(doc_->Identity.Fid, std::optional<std::uint16_t>(0));
         // A new document never shows the modified mark.
         QCOMPARE(window_->windowTitle(), QString("Mirvane v0.1.0 - Nouveau TYP"));
     }
@@ -222,7 +222,7 @@ private slots:
         QVERIFY(prompts_->Texts("inform").empty());
         Document saved;
         QVERIFY(OpenBinaryTyp(saved, target.toStdString()));
-        QCOMPARE(saved.Identity.txtFID, std::string("4242"));
+        QCOMPARE(saved.Identity.Fid, std::optional<std::uint16_t>(4242));
         QCOMPARE(window_->windowTitle(), QString("Mirvane v0.1.0 - [neuf.typ]"));
     }
 

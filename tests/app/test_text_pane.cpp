@@ -132,14 +132,14 @@ private slots:
         Find<QPushButton>("cmdAppliquerModif")->click();
         QCOMPARE(doc_->Polygons.size(), std::size_t(1));
         QVERIFY(ListingOfPolygon(0).find("String1=0x04," + kMoscow1251) != std::string::npos);
-        QCOMPARE(SelectedCodePage(doc_->Identity), 1251);
+        QCOMPARE(doc_->Identity.CodePage, 1251);
 
         // An emptied pane leaves an empty document.
         Find<QAction>("mnuSelectionnerTout")->trigger();
         Find<QAction>("mnuSupprimer")->trigger();
         Find<QPushButton>("cmdAppliquerModif")->click();
         QVERIFY(doc_->Polygons.empty());
-        QVERIFY(doc_->DrawOrderRows.empty());
+        QVERIFY(doc_->DrawOrder.empty());
     }
 
     void editMenuUndoesOnThePanesOwnStack() {

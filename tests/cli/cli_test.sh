@@ -36,4 +36,24 @@ grep -q "corrompu" "$work/err" || { echo "FAIL damaged log text"; failures=$((fa
 printf '[_polygon]\nType=0x01\n[end]\n' >"$work/noid.txt"
 check "compile without FID fails like the save" 2 "$cli" compile "$work/noid.txt" -o "$work/noid.typ"
 check "compile with FID given" 0 "$cli" compile "$work/noid.txt" -o "$work/noid.typ" --fid 1 --product-code 1
+# FID and product code are 16-bit: a value out of range stops the command and names the range.
+range_named() {  # range_named NAME: the last command's stderr names 0 to 65535
+  grep -q "0 et 65535" "$work/err" ||
+    { echo "FAIL $1: no range in the message"; cat "$work/err"; failures=$((failures + 1)); }
+}
+check "roundtrip refuses --fid 70000" 2 "$cli" roundtrip "$sample" -o "$work/fid.typ" --fid 70000
+range_named "--fid 70000"
+[ ! -e "$work/fid.typ" ] || { echo "FAIL --fid 70000 wrote a file"; failures=$((failures + 1)); }
+check "roundtrip refuses --product-code 65536" 2 "$cli" roundtrip "$sample" -o "$work/pid.typ" --product-code 65536
+range_named "--product-code 65536"
+printf '[_id]\nFID=70000\nProductCode=1\n[End]\n' >"$work/bigfid.txt"
+check "compile refuses FID=70000" 2 "$cli" compile "$work/bigfid.txt" -o "$work/bigfid.typ"
+range_named "FID=70000"
+printf '[_id]\nFID=1\nProductCode=0x10000\n[End]\n' >"$work/bigpid.txt"
+check "compile refuses ProductCode=0x10000" 2 "$cli" compile "$work/bigpid.txt" -o "$work/bigpid.typ"
+range_named "ProductCode=0x10000"
+check "roundtrip keeps the top of the range" 0 \
+  "$cli" roundtrip "$sample" -o "$work/top.typ" --fid 65535 --product-code 65535
+check "info of the top of the range" 0 "$cli" info "$work/top.typ"
+grep -q "FID:          65535" "$work/out" || { echo "FAIL FID 65535 after roundtrip"; failures=$((failures + 1)); }
 [ "$failures" -eq 0 ]

@@ -79,9 +79,8 @@ inline Document LoadedDocument() {
     doc.State = DocumentState::Loaded;
     doc.FileName = "test.typ";
     doc.FileLengthText = "1234";
-    doc.Identity.txtFID = "42";
-    doc.Identity.txtProductCode = "1";
-    doc.Identity.CodePageIndex = 2;
+    doc.Identity.Fid = 42;
+    doc.Identity.ProductCode = 1;
     return doc;
 }
 

@@ -84,20 +84,16 @@ inline void ExpectSamePois(const Document& a, const Document& b) {
     }
 }
 
-// Draw order rows with levels renumbered 1, 2, 3...: gaps in level numbers
+// The draw order with levels renumbered 1, 2, 3...: gaps in level numbers
 // (an empty first level, say) do not survive a save.
-inline std::vector<std::string> DenseDrawOrder(const std::vector<std::string>& rows) {
-    std::vector<std::string> dense;
-    std::string lastLevel;
-    int level = 0;
-    for (const auto& row : rows) {
-        const std::size_t comma = row.rfind(',');
-        const std::string rowLevel = row.substr(comma + 1);
-        if (rowLevel != lastLevel) ++level;
-        lastLevel = rowLevel;
-        dense.push_back(row.substr(0, comma + 1) + std::to_string(level));
+inline std::vector<DrawOrderEntry> DenseDrawOrder(std::vector<DrawOrderEntry> entries) {
+    int dense = 0, lastLevel = 0;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        if (i == 0 || entries[i].Level != lastLevel) ++dense;
+        lastLevel = entries[i].Level;
+        entries[i].Level = dense;
     }
-    return dense;
+    return entries;
 }
 
 // Everything a save must keep: records, draw order, gap and additional sections.
@@ -105,7 +101,7 @@ inline void ExpectSameDocumentContent(const Document& a, const Document& b) {
     ExpectSamePolygons(a, b);
     ExpectSamePolylines(a, b);
     ExpectSamePois(a, b);
-    EXPECT_EQ(DenseDrawOrder(a.DrawOrderRows), DenseDrawOrder(b.DrawOrderRows));
+    EXPECT_EQ(DenseDrawOrder(a.DrawOrder), DenseDrawOrder(b.DrawOrder));
     EXPECT_EQ(a.HeaderGapBytes, b.HeaderGapBytes);
     EXPECT_EQ(a.ExtraPoiDataBytes, b.ExtraPoiDataBytes);
     EXPECT_EQ(a.ExtraPoiIndexBytes, b.ExtraPoiIndexBytes);

@@ -105,7 +105,7 @@ TEST(DamagedInput, LastPoiThatRunsOutOfFileIsRetriedSilently) {
     source.Pois[0].Flags = 0x01;
     source.Pois[0].Bitmaps[0] = PoiBitmap{};
     source.Pois[0].Bitmaps[0].PixelBytes = Bytes(PalettePixelByteLength(8, 8, 1), 0x0F);
-    source.DrawOrderRows.clear();
+    source.DrawOrder.clear();
     Bytes file;
     ASSERT_FALSE(BuildBinaryTyp(source, file, {}).has_value());
     // The index row is all that follows the record: a true colour read runs past the end.
@@ -124,9 +124,7 @@ TEST(DamagedInput, HeaderDatesAndUnknownSizes) {
     file = SampleFile();
     PutU16(file, 0, 168);  // unknown to the combo, yet reads the eight unknown bytes
     doc = Read(file);
-    EXPECT_EQ(doc.Identity.HeaderSizeIndex, 5);
-    EXPECT_EQ(doc.Identity.HeaderSizeText, "168 octets : format inconnu");
-    EXPECT_EQ(ChosenHeaderSize(doc.Identity), 168);
+    EXPECT_EQ(doc.Identity.HeaderSize, 168);
 }
 
 TEST(DamagedInput, IndexBeyondTheFileAndAbsurdSizesStayBounded) {
@@ -144,7 +142,7 @@ TEST(DamagedInput, IndexBeyondTheFileAndAbsurdSizesStayBounded) {
 
 TEST(DamagedInput, TwoSeparatorsInARowGiveATypeZeroEntry) {
     Document source = MakeSampleDocument({0, 0, 0, 16, false});
-    source.DrawOrderRows = {"Type=0x003,1"};
+    source.DrawOrder = {{1, 3, 0}};
     Bytes file;
     ASSERT_FALSE(BuildBinaryTyp(source, file, {}).has_value());
     // Append two separators and an entry to the draw order section at the end of the file.
@@ -152,5 +150,5 @@ TEST(DamagedInput, TwoSeparatorsInARowGiveATypeZeroEntry) {
     file.insert(file.end(), extra.begin(), extra.end());
     PutU16(file, 0x57, 5 + static_cast<int>(extra.size()));
     const Document doc = Read(file);
-    EXPECT_EQ(doc.DrawOrderRows, (std::vector<std::string>{"Type=0x003,1", "Type=0x000,2", "Type=0x005,2"}));
+    EXPECT_EQ(doc.DrawOrder, (std::vector<DrawOrderEntry>{{1, 3, 0}, {2, 0, 0}, {2, 5, 0}}));
 }

@@ -48,13 +48,12 @@ TEST_P(HeaderSizes, SampleDocumentRoundTripsWithEveryEncoding) {
     options.Polylines = 3 * kPolylineVariants;
     options.Pois = 3 * kPoiVariants;
     Document doc = MakeSampleDocument(options);
-    SelectHeaderSize(doc.Identity, GetParam());
+    doc.Identity.HeaderSize = GetParam();
     const Bytes file = Build(doc);
     const Document back = Reread(file);
     EXPECT_FALSE(back.ReadErrorFlag) << back.ReadErrorLog;
     EXPECT_EQ(back.Header.HeaderSize, GetParam());
-    EXPECT_EQ(back.Identity.txtFID, "7777");
-    EXPECT_EQ(back.Identity.CodePageIndex, 2);
+    EXPECT_EQ(back.Identity, doc.Identity);
     EXPECT_EQ(back.Header.Year, 2024);
     ExpectSameDocumentContent(doc, back);
 }
@@ -104,7 +103,7 @@ TEST(BinaryRoundTrip, RoutingIndexWaitsForAHeaderThatHadIt) {
     doc.Polylines.push_back(routed);
     doc.ExtraPolylineCount = 1;
     doc.Header.HeaderSize = 156;
-    SelectHeaderSize(doc.Identity, 174);
+    doc.Identity.HeaderSize = 174;
     Document first = Reread(Build(doc));
     EXPECT_EQ(first.ExtraPolylineCount, 0);  // held header was 156 while polylines were written
     EXPECT_EQ(doc.Header.HeaderSize, 174);
@@ -117,7 +116,7 @@ TEST(BinaryRoundTrip, RoutingIndexWaitsForAHeaderThatHadIt) {
 
 TEST(BinaryRoundTrip, AdditionalSectionsMoveWholeAndDropBelowTheirHeader) {
     Document doc = MakeSampleDocument();
-    SelectHeaderSize(doc.Identity, 156);
+    doc.Identity.HeaderSize = 156;
     doc.ExtraPoiDataBytes = {2, 7, 1, 2, 3, 4, 5};
     doc.ExtraPoiIndexBytes = {0x20, 0x00, 0, 0, 0};
     doc.ExtraPoiCount = 1;
@@ -137,7 +136,7 @@ TEST(BinaryRoundTrip, AdditionalSectionsMoveWholeAndDropBelowTheirHeader) {
     ASSERT_EQ(back.ExtraPois.size(), 1u);
     EXPECT_EQ(ListRowText(back.ExtraPois[0].Type, back.ExtraPois[0].SubType), "Type=0x001 - SubType=0x00");
 
-    SelectHeaderSize(doc.Identity, 91);
+    doc.Identity.HeaderSize = 91;
     const Document small = Reread(Build(doc));
     EXPECT_TRUE(small.ExtraPoiDataBytes.empty());
     EXPECT_TRUE(small.LabelTextBytes.empty());
@@ -146,7 +145,7 @@ TEST(BinaryRoundTrip, AdditionalSectionsMoveWholeAndDropBelowTheirHeader) {
 
 TEST(BinaryRoundTrip, ExtraPoiIndexWithoutDataIsDroppedAndMarked) {
     Document doc = MakeSampleDocument();
-    SelectHeaderSize(doc.Identity, 110);
+    doc.Identity.HeaderSize = 110;
     doc.ExtraPoiIndexBytes = {0x20, 0x00, 0, 0, 0};
     const Bytes file = Build(doc);
     EXPECT_EQ(file[0x65], 31);
@@ -155,8 +154,7 @@ TEST(BinaryRoundTrip, ExtraPoiIndexWithoutDataIsDroppedAndMarked) {
 
 TEST(BinaryRoundTrip, DrawOrderLevelsAndMasks) {
     Document doc = MakeSampleDocument({0, 0, 0, 16, false});
-    doc.DrawOrderRows = {"Type=0x10f,3", "Type=0x003,1", "Type=0x003,1", "Type=0x10f,SubType=0x04,3",
-                         "Type=0x020,9", "Type=0x004,5"};
+    doc.DrawOrder = {{3, 0x10f, 0}, {1, 3, 0}, {1, 3, 0}, {3, 0x10f, 4}, {9, 0x20, 0}, {5, 4, 0}};
     const Bytes file = Build(doc);
     const std::uint32_t offset = U32At(file, 0x51);
     const Bytes expected = {0x03, 0, 0, 0, 0,  // level 1: type 3 once, duplicates gathered
@@ -166,9 +164,8 @@ TEST(BinaryRoundTrip, DrawOrderLevelsAndMasks) {
     ASSERT_EQ(U32At(file, 0x57), expected.size());
     EXPECT_EQ(Bytes(file.begin() + offset, file.begin() + offset + expected.size()), expected);
     const Document back = Reread(file);
-    EXPECT_EQ(back.DrawOrderRows, (std::vector<std::string>{"Type=0x003,1", "Type=0x10f,SubType=0x00,2",
-                                                            "Type=0x10f,SubType=0x04,2", "Type=0x004,3",
-                                                            "Type=0x020,4"}));
+    EXPECT_EQ(back.DrawOrder,
+              (std::vector<DrawOrderEntry>{{1, 3, 0}, {2, 0x10f, 0}, {2, 0x10f, 4}, {3, 4, 0}, {4, 0x20, 0}}));
 }
 
 TEST(BinaryRoundTrip, TypesThatOverflowTheKeyFailTheSaveAndKeepTheOldFile) {
@@ -190,15 +187,20 @@ TEST(BinaryRoundTrip, TypesThatOverflowTheKeyFailTheSaveAndKeepTheOldFile) {
 TEST(BinaryRoundTrip, MissingIdentityStopsTheSaveWithItsMessage) {
     Document doc = MakeSampleDocument();
     Bytes out;
-    doc.Identity.txtFID = "65535";  // stored as its 16-bit pattern
-    doc.Identity.txtProductCode = "";
+    doc.Identity.Fid.reset();
     auto failure = BuildBinaryTyp(doc, out, kTime);
     ASSERT_TRUE(failure.has_value());
-    EXPECT_EQ(failure->Description, "Il faut indiquer le Product Code.");
-    doc.Identity.txtProductCode = "-1";
+    EXPECT_EQ(failure->Title + "|" + failure->Description, "FID absent|Il faut indiquer le FID.");
+    doc.Identity.Fid = 65535;
+    doc.Identity.ProductCode.reset();
+    failure = BuildBinaryTyp(doc, out, kTime);
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_EQ(failure->Title + "|" + failure->Description, "Product Code absent|Il faut indiquer le Product Code.");
+    // Values above 32767 fill the sign bit of the header field and still come back whole.
+    doc.Identity.ProductCode = 32768;
     EXPECT_FALSE(BuildBinaryTyp(doc, out, kTime).has_value());
-    EXPECT_EQ(Reread(out).Identity.txtFID, "65535");
-    EXPECT_EQ(Reread(out).Identity.txtProductCode, "65535");
+    EXPECT_EQ(Reread(out).Identity.Fid, 65535);
+    EXPECT_EQ(Reread(out).Identity.ProductCode, 32768);
 }
 
 TEST(BinaryRoundTrip, NightTrueColourWithoutBitZeroLosesItsPixels) {
@@ -255,14 +257,14 @@ TEST(AdditionalLabels, BrowserShowsTablesInHexAndTheStrings) {
 
 TEST(HeaderExtensions, SizeOf164LosesTheUnknownBytesAndKeepsLabels) {
     Document doc = MakeSampleDocument();
-    SelectHeaderSize(doc.Identity, 174);
+    doc.Identity.HeaderSize = 174;
     Bytes file = Build(doc);
     for (int i = 156; i < 164; ++i) file[i] = 0xEE;
     Document read = Reread(file);
     EXPECT_EQ(read.Extra3.Raw[0], 0xEE);
     file[0] = 164;
     read = Reread(file);
-    EXPECT_EQ(read.Identity.HeaderSizeIndex, 3);
+    EXPECT_EQ(read.Identity.HeaderSize, 164);
     EXPECT_EQ(read.Extra3.Raw[0], 0);  // a header of exactly 164 leaves them unread
     const Bytes saved = Build(read);
     EXPECT_EQ(saved[156], 0);

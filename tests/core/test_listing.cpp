@@ -64,27 +64,30 @@ TEST(Listing, HeadingsOnlyForADocumentReadFromABinaryFile) {
     EXPECT_EQ(ListWholeDocument(unnamed, kContext).Plain().rfind("; Longueur: 1234 octets\r\n", 0), 0u);
 }
 
-TEST(Listing, CodePageOfTheIdentityFields) {
+TEST(Listing, IdentitySectionShowsWhatIsNotGivenAsEmpty) {
     Document doc = LoadedDocument();
-    auto codePageLine = [&] {
-        const auto lines = Lines(ListWholeDocument(doc, kContext).Plain());
-        return *std::find_if(lines.begin(), lines.end(), [](const std::string& l) { return l.rfind("CodePage=", 0) == 0; });
+    auto idSection = [&] {
+        const std::string plain = ListWholeDocument(doc, kContext).Plain();
+        const std::size_t start = plain.find("[_id]");
+        return plain.substr(start, plain.find("[End]", start) + 5 - start);
     };
-    doc.Identity.CodePageIndex = 8;
-    EXPECT_EQ(codePageLine(), "CodePage=1258");
-    doc.Identity.CodePageIndex = -1;
-    doc.Identity.UnlistedCodePage = 65001;
-    EXPECT_EQ(codePageLine(), "CodePage=65001");
+    doc.Identity.CodePage = 1258;
+    EXPECT_EQ(idSection(), "[_id]\r\nProductCode=1\r\nFID=42\r\nCodePage=1258\r\n [End]");
+    doc.Identity.CodePage = 65001;
+    doc.Identity.Fid.reset();
+    doc.Identity.ProductCode = 65535;
+    EXPECT_EQ(idSection(), "[_id]\r\nProductCode=65535\r\nFID=\r\nCodePage=65001\r\n [End]");
 }
 
 TEST(Listing, CommentTextAndDrawOrderRows) {
     Document doc = LoadedDocument();
     const std::string comment = "first\r\nsecond\nthird";
     doc.HeaderGapBytes.assign(comment.begin(), comment.end());
-    doc.DrawOrderRows = {"Type=0x003,1", "Type=0x10e,SubType=0x01,3", "Type=0x10e,SubType"};
+    doc.DrawOrder = {{1, 3, 0}, {3, 0x10e, 1}, {3, 5, 7}};
     const std::string plain = ListWholeDocument(doc, kContext).Plain();
     EXPECT_NE(plain.find("[_comments]\r\nfirst\r\nsecond\r\nthird\r\n[End]"), std::string::npos);
-    EXPECT_NE(plain.find("[_drawOrder]\r\nType=0x003,1\r\nType=0x10e01,3\r\nType=0x10e,\r\n[End]"), std::string::npos);
+    EXPECT_NE(plain.find("[_drawOrder]\r\nType=0x003,1\r\nType=0x10e01,3\r\nType=0x00507,3\r\n[End]"),
+              std::string::npos);
 }
 
 TEST(Listing, SolidPolygonsWithFlags6And7AndTheirTypeValues) {
@@ -283,7 +286,7 @@ Document RichSample() {
     doc.Polylines[0].ExtendedLabelBytes = {0x0B, 1, 2, 3};
     doc.PolylineCount = 1;
     doc.Pois = {PalettePoi(3, 2, 3, 1), TrueColourPoi(0, Colours({1, 2}))};
-    doc.DrawOrderRows = {"Type=0x10e,SubType=0x01,1"};
+    doc.DrawOrder = {{1, 0x10e, 1}};
     const std::string comment = "one\r\ntwo";
     doc.HeaderGapBytes.assign(comment.begin(), comment.end());
     return doc;

@@ -74,22 +74,79 @@ struct ModelFixture : ::testing::Test {
 };
 
 TEST_F(ModelFixture, NewDocumentHasDefaultsAndIsNeverMarked) {
+    doc.State = DocumentState::Loaded;
+    doc.Identity = {7, 8, 1250, 174};
     model.New();
     EXPECT_EQ(model.Title(), "Mirvane v0.1.0 - Nouveau TYP");
-    EXPECT_EQ(doc.Identity.CodePageIndex, 2);
-    EXPECT_EQ(doc.Identity.HeaderSizeIndex, 0);
+    EXPECT_EQ(model.CodePageIndex(), 2);  // 1252
+    EXPECT_EQ(model.HeaderSizeIndex(), 0);  // 91
+    EXPECT_EQ(model.FidText(), "");
     EXPECT_TRUE(model.Enables().CreateTyp);
     model.MarkModified();
     EXPECT_EQ(model.Title(), "Mirvane v0.1.0 - Nouveau TYP");
+    // Saving is refused, before any dialog, until FID and product code are given.
+    EXPECT_FALSE(model.SaveTyp());
+    EXPECT_EQ(prompts.Texts("inform"), std::vector<std::string>{"FID absent|Il faut indiquer le FID."});
+    EXPECT_TRUE(prompts.Texts("save").empty());
 }
 
 // The window test types digits and an out-of-range value; these are the bounds.
 TEST_F(ModelFixture, IdentityValueBounds) {
-    EXPECT_TRUE(model.CheckIdentityValue("0"));
-    EXPECT_TRUE(model.CheckIdentityValue("65535"));
+    EXPECT_EQ(model.CheckIdentityValue("0"), 0);
+    EXPECT_EQ(model.CheckIdentityValue("65535"), 65535);
+    EXPECT_FALSE(model.CheckIdentityValue("65536"));
     EXPECT_FALSE(model.CheckIdentityValue(""));
     EXPECT_EQ(prompts.Texts("inform"),
-              std::vector<std::string>{"Erreur de saisie|Il faut rentrer un entier compris entre 1 et 65535"});
+              std::vector<std::string>(2, "Erreur de saisie|Il faut rentrer un entier compris entre 0 et 65535"));
+}
+
+// What the code page and header size combos show for a document's values,
+// and what picking an item sets.
+TEST_F(ModelFixture, CombosFollowTheDocumentsCodePageAndHeaderSize) {
+    struct Case {
+        int codePage, headerSize;
+        int codePageIndex;
+        const char* unlistedCodePage;
+        int headerSizeIndex;
+        std::size_t headerSizeItems;
+        const char* tipEnd;
+    };
+    const Case cases[] = {
+        {1250, 91, 0, "", 0, 5, "La taille de l'entête est de 91 octets."},
+        {1258, 110, 8, "", 1, 5, "\tdes POI supplémentaires"},
+        {65001, 168, -1, "65001", 5, 6, "\td'autres données encore inconnues..."},
+    };
+    model.New();
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.headerSize);
+        doc.Identity.CodePage = c.codePage;
+        doc.Identity.HeaderSize = c.headerSize;
+        EXPECT_EQ(model.CodePageIndex(), c.codePageIndex);
+        EXPECT_EQ(model.UnlistedCodePageText(), c.unlistedCodePage);
+        EXPECT_EQ(model.HeaderSizeIndex(), c.headerSizeIndex);
+        ASSERT_EQ(model.HeaderSizeItems().size(), c.headerSizeItems);
+        const std::string tip = model.HeaderSizeTip();
+        EXPECT_EQ(tip.substr(tip.size() - std::string(c.tipEnd).size()), c.tipEnd);
+    }
+    EXPECT_EQ(model.HeaderSizeItems().back(), "168 octets : format inconnu");
+    model.SetHeaderSizeIndex(5);  // the document's own item: nothing to change
+    EXPECT_EQ(doc.Identity.HeaderSize, 168);
+    model.SetHeaderSizeIndex(2);
+    model.SetCodePageIndex(3);
+    EXPECT_EQ(doc.Identity.HeaderSize, 156);
+    EXPECT_EQ(doc.Identity.CodePage, 1253);
+    model.Close();
+    EXPECT_EQ(model.CodePageIndex(), -1);
+    EXPECT_EQ(model.HeaderSizeIndex(), -1);
+    EXPECT_TRUE(model.HeaderSizeItems().empty());
+}
+
+TEST_F(ModelFixture, DrawOrderListShowsTheEntriesAsRows) {
+    model.New();
+    doc.DrawOrder = {{1, 3, 0}, {1, 5, 2}, {2, 0x10f, 0}};
+    EXPECT_EQ(model.DrawOrderRows(),
+              (std::vector<std::string>{"Type=0x003,1", "Type=0x005,SubType=0x02,1", "Type=0x10f,SubType=0x00,2"}));
+    EXPECT_EQ(model.DrawOrderCaptionText(), "DrawOrder  (3)");
 }
 
 TEST_F(ModelFixture, DeletingThePickedPolygonSendsThePaneBackToTheDocument) {

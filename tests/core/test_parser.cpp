@@ -26,32 +26,55 @@ TEST(ParserSections, IdentityKeysInAnyCaseWithCommentsAndTextBefore) {
     const Document doc = ParseDocument(
         "anything at all\r\n; Longueur: 123 octets\r\n[_ID]  trailing\r\nproductcode=0xFFFF ; note\r\n"
         "FID=0x10,\r\ncodepage=1251\r\n[END]\r\n");
-    EXPECT_EQ(doc.Identity.txtProductCode, "-1");
-    EXPECT_EQ(doc.Identity.txtFID, "16");
-    EXPECT_EQ(doc.Identity.CodePageIndex, 1);
+    EXPECT_EQ(doc.Identity.ProductCode, 65535);
+    EXPECT_EQ(doc.Identity.Fid, 16);
+    EXPECT_EQ(doc.Identity.CodePage, 1251);
     EXPECT_FALSE(doc.ReadErrorFlag) << doc.ReadErrorLog;
 }
 
-TEST(ParserSections, IdentityValuesAtFixedPlaces) {
-    Document doc = ParseDocument("[_id]\nProductCode = 0x10\nFID=8000\nProductCode=0x10000\n[End]\n");
-    // Blanks around '=' miss the fixed place: a wrong value and no error.
-    EXPECT_EQ(doc.Identity.txtProductCode, "= 0x10");
-    EXPECT_EQ(doc.Identity.txtFID, "8000");
-    // More than four hex digits fail, and the failure names the line.
-    EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 4 : \"ProductCode=0x10000\"");
-    EXPECT_TRUE(doc.ReadErrorFlag);
+// A value that is no 16-bit number is logged with the range and leaves the
+// field not given, so the save asks for it instead of writing another number.
+TEST(ParserSections, IdentityValuesAtFixedPlacesAndTheirRange) {
+    struct Case {
+        const char* line;
+        std::optional<std::uint16_t> value;
+        bool logged;
+    };
+    const Case cases[] = {
+        {"FID=8000", 8000, false},
+        {"FID=0x1F40", 8000, false},
+        {"ProductCode=65535", 65535, false},
+        {"ProductCode=-1", 65535, false},  // the signed form of 0xFFFF
+        {"FID=", std::nullopt, false},
+        {"FID=70000", std::nullopt, true},
+        {"ProductCode=0x10000", std::nullopt, true},
+        {"ProductCode = 0x10", std::nullopt, true},  // blanks around '=' miss the fixed place
+        {"FID=80a", std::nullopt, true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.line);
+        const Document doc = ParseDocument(std::string("[_id]\n") + c.line + "\n[End]\n");
+        const bool fid = c.line[0] == 'F';
+        EXPECT_EQ(fid ? doc.Identity.Fid : doc.Identity.ProductCode, c.value);
+        const std::string expectedLog = "\r\nLigne 2 : \"" + std::string(c.line) +
+                                        "\" : Il faut rentrer un entier compris entre 0 et 65535";
+        EXPECT_EQ(doc.ReadErrorLog, c.logged ? expectedLog : "");
+    }
+    Document applied;
+    applied.Identity.Fid = 7;
+    ParseTypText(applied, "[_id]\nFID=70000\n[End]\n");
+    EXPECT_EQ(applied.Identity.Fid, 7);  // the field stays as it was
 }
 
 TEST(ParserSections, CodePageTheComboCannotShowIsLoggedAndKeptForTheSave) {
     Document doc;
-    doc.Identity.CodePageIndex = 2;
     ParseTypText(doc, "[_id]\nCodePage=65001\n[End]\n");
-    EXPECT_EQ(doc.Identity.CodePageIndex, -1);
-    EXPECT_EQ(doc.Identity.UnlistedCodePage, 65001);
+    EXPECT_EQ(doc.Identity.CodePage, 65001);
     EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 2 : \"CodePage=65001\"");
     ParseTypText(doc, "[_id]\nCodePage=1251\n[End]\n");
-    EXPECT_EQ(doc.Identity.CodePageIndex, 1);
-    EXPECT_EQ(doc.Identity.UnlistedCodePage, 0);
+    EXPECT_EQ(doc.Identity.CodePage, 1251);
+    ParseTypText(doc, "[_id]\nCodePage=70000\n[End]\n");
+    EXPECT_EQ(doc.Identity.CodePage, 1251);
 }
 
 TEST(ParserSections, CommentsLoseLeadingBlankLinesAndSemicolonText) {
@@ -60,12 +83,11 @@ TEST(ParserSections, CommentsLoseLeadingBlankLinesAndSemicolonText) {
     EXPECT_EQ(doc.HeaderGapBytes, BytesOf("First line\r\n\r\nThird\r\nMore"));
 }
 
-TEST(ParserSections, DrawOrderRowsComeBackCanonicalAndSorted) {
+TEST(ParserSections, DrawOrderEntriesComeBackSorted) {
     Document doc = ParseDocument(
         "[_drawOrder]\nType=0x10f00,2\nType=0x3,1\ntype=0x10e01,1\nType=0x002,1,\nType=0x004\n[End]\n");
-    const std::vector<std::string> expected{"Type=0x002,1", "Type=0x003,1", "Type=0x10e,SubType=0x01,1",
-                                            "Type=0x10f,SubType=0x00,2"};
-    EXPECT_EQ(doc.DrawOrderRows, expected);
+    const std::vector<DrawOrderEntry> expected{{1, 2, 0}, {1, 3, 0}, {1, 0x10e, 1}, {2, 0x10f, 0}};
+    EXPECT_EQ(doc.DrawOrder, expected);
     EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 6 : \"Type=0x004\"");  // no level
 }
 
@@ -81,7 +103,7 @@ TEST(ParserSections, LastPieceOfTheTextIsNeverAHead) {
 
 TEST(ParserSections, ByteOrderMarkAndCrLfAreAccepted) {
     const Document doc = ParseDocument("\xEF\xBB\xBF[_id]\r\nFID=42\r\n[End]\r\n" + SolidPolygon("03"));
-    EXPECT_EQ(doc.Identity.txtFID, "42");
+    EXPECT_EQ(doc.Identity.Fid, 42);
     ASSERT_EQ(doc.Polygons.size(), 1u);
     EXPECT_EQ(doc.Polygons[0].ColourBytes, B({0x30, 0x20, 0x10}));
 }
@@ -190,14 +212,16 @@ TEST(ParserScopes, WholeDocumentAddsAndCountsPolylines) {
 TEST(ParserFiles, LoadSetsTheDefaultsOfATextDocument) {
     Document doc;
     doc.Polygons.resize(4);
+    doc.Identity.CodePage = 1250;
+    doc.Identity.HeaderSize = 174;
     LoadTypText(doc, "[_id]\nFID=7\n[End]\n", "/maps/dir/style.txt");
     EXPECT_TRUE(doc.Polygons.empty());
     EXPECT_TRUE(doc.FromText);
     EXPECT_EQ(doc.FileName, "style.txt");
     EXPECT_EQ(doc.FileFolder, "/maps/dir");
-    EXPECT_EQ(doc.Identity.HeaderSizeIndex, 0);
-    EXPECT_EQ(doc.Identity.CodePageIndex, 2);
-    EXPECT_EQ(doc.Identity.txtFID, "7");
+    EXPECT_EQ(doc.Identity.HeaderSize, 91);
+    EXPECT_EQ(doc.Identity.CodePage, 1252);
+    EXPECT_EQ(doc.Identity.Fid, 7);
     EXPECT_FALSE(OpenTypText(doc, "/nonexistent/file.txt"));
-    EXPECT_EQ(doc.Identity.txtFID, "7");
+    EXPECT_EQ(doc.Identity.Fid, 7);
 }

@@ -122,8 +122,8 @@ TEST(ParserCorpus, EveryTextParsesCompilesAndReadsBack) {
         EXPECT_EQ(doc.Pois.size(), counts.Pois);
 
         // The writer asks for a FID and a product code, as the user would be.
-        if (doc.Identity.txtFID.empty()) doc.Identity.txtFID = "1";
-        if (doc.Identity.txtProductCode.empty()) doc.Identity.txtProductCode = "1";
+        if (!doc.Identity.Fid) doc.Identity.Fid = 1;
+        if (!doc.Identity.ProductCode) doc.Identity.ProductCode = 1;
         Bytes binary;
         const auto failure = BuildBinaryTyp(doc, binary, SaveTime{});
         if (failure) {

@@ -32,10 +32,11 @@ TEST(ParserListing, CorpusBinariesComeBackThroughTheirListing) {
         mirvane::testing::ExpectSamePolygons(binary, parsed);
         mirvane::testing::ExpectSamePolylines(binary, parsed);
         mirvane::testing::ExpectSamePois(binary, parsed);
-        EXPECT_EQ(binary.DrawOrderRows, parsed.DrawOrderRows);
+        EXPECT_EQ(binary.DrawOrder, parsed.DrawOrder);
         EXPECT_EQ(binary.HeaderGapBytes, parsed.HeaderGapBytes);
-        EXPECT_EQ(binary.Identity.txtFID, parsed.Identity.txtFID);
-        EXPECT_EQ(binary.Identity.txtProductCode, parsed.Identity.txtProductCode);
+        EXPECT_EQ(binary.Identity.Fid, parsed.Identity.Fid);
+        EXPECT_EQ(binary.Identity.ProductCode, parsed.Identity.ProductCode);
+        EXPECT_EQ(binary.Identity.CodePage, parsed.Identity.CodePage);
     }
 }
 
@@ -54,7 +55,7 @@ TEST(ParserListing, SampleShapesComeBackThroughTheirListing) {
     EXPECT_FALSE(parsed.ReadErrorFlag) << parsed.ReadErrorLog;
     mirvane::testing::ExpectSamePolygons(sample, parsed);
     mirvane::testing::ExpectSamePolylines(sample, parsed);
-    EXPECT_EQ(sample.DrawOrderRows, parsed.DrawOrderRows);
+    EXPECT_EQ(sample.DrawOrder, parsed.DrawOrder);
 }
 
 // Applying an object's own listing, unchanged, leaves the records as they

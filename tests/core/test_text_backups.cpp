@@ -109,11 +109,11 @@ TEST(TextPane, ApplyingTheWholeTextEmptiesObjectsButKeepsOtherSections) {
     doc.ExtraPolylineCount = 1;
     doc.Pois.resize(1);
     doc.ExtraPois.resize(4);
-    doc.DrawOrderRows = {"Type=0x003,1"};
+    doc.DrawOrder = {{1, 3, 0}};
     doc.LabelTextBytes = {1, 2};
 
     ClearObjectsForWholeText(doc);
-    EXPECT_TRUE(doc.Polygons.empty() && doc.Polylines.empty() && doc.Pois.empty() && doc.DrawOrderRows.empty());
+    EXPECT_TRUE(doc.Polygons.empty() && doc.Polylines.empty() && doc.Pois.empty() && doc.DrawOrder.empty());
     EXPECT_EQ(doc.PolylineCount + doc.ExtraPolylineCount, 0);
     EXPECT_EQ(doc.ExtraPois.size(), 4u);
     EXPECT_EQ(doc.LabelTextBytes.size(), 2u);

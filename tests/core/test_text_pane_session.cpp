@@ -38,13 +38,12 @@ TEST(PaneColours, SettingsOverrideTheDefaults) {
     EXPECT_EQ(colours[3], (PaneColour{255, 0, 0}));
 }
 
-TEST(PaneCodePage, FollowsTheComboOrTheUnlistedPage) {
-    IdentityFields id;
-    id.CodePageIndex = 1;
-    EXPECT_EQ(PaneCodePage(id), 1251);
-    id.CodePageIndex = -1;
+TEST(PaneCodePage, FollowsTheDocumentsCodePageListedOrNot) {
+    TypIdentity id;
     EXPECT_EQ(PaneCodePage(id), 1252);
-    id.UnlistedCodePage = 65001;
+    id.CodePage = 1251;
+    EXPECT_EQ(PaneCodePage(id), 1251);
+    id.CodePage = 65001;
     EXPECT_EQ(PaneCodePage(id), 65001);
 }
 

@@ -1,7 +1,6 @@
 #include "support/sample_document.h"
 
 #include "document/encoding.h"
-#include "document/presentation.h"
 #include "document/draw_order_table.h"
 #include "labels/label_block.h"
 
@@ -183,10 +182,8 @@ PoiRecord MakeSamplePoi(int index, int variant, int size) {
 Document MakeSampleDocument(const SampleOptions& options) {
     Document doc;
     doc.State = DocumentState::New;
-    doc.Identity.txtFID = "7777";
-    doc.Identity.txtProductCode = "1";
-    doc.Identity.CodePageIndex = 2;
-    SelectHeaderSize(doc.Identity, 91);
+    doc.Identity.Fid = 7777;
+    doc.Identity.ProductCode = 1;
     for (int i = 0; i < options.Polygons; ++i) doc.Polygons.push_back(MakeSamplePolygon(i, i));
     for (int i = 0; i < options.Polylines; ++i) doc.Polylines.push_back(MakeSamplePolyline(i, i));
     doc.PolylineCount = options.Polylines;
@@ -194,9 +191,9 @@ Document MakeSampleDocument(const SampleOptions& options) {
     if (options.WithDrawOrder) {
         for (int i = 0; i < options.Polygons; ++i) {
             const PolygonRecord& p = doc.Polygons[i];
-            doc.DrawOrderRows.push_back(DrawOrderRowText({1 + i % 4, HexValue(p.Type), HexValue(p.SubType)}));
+            doc.DrawOrder.push_back({1 + i % 4, HexValue(p.Type), HexValue(p.SubType)});
         }
-        RebuildDrawOrderRows(doc.DrawOrderRows);
+        SortDrawOrder(doc.DrawOrder);
     }
     return doc;
 }

@@ -24,6 +24,15 @@ bool EndsWithNoCase(const std::string& text, const std::string& lowerTail) {
     return text.size() >= lowerTail.size() && AsciiLower(text.substr(text.size() - lowerTail.size())) == lowerTail;
 }
 
+constexpr int kKnownHeaderSizes[] = {91, 110, 156, 164, 174};
+constexpr int kAddedHeaderSizeItem = 5;
+
+// Index of a size in cbbHeadersize; any size it does not know has an item of its own.
+int HeaderSizeIndexOf(int headerSize) {
+    const auto known = std::find(std::begin(kKnownHeaderSizes), std::end(kKnownHeaderSizes), headerSize);
+    return static_cast<int>(known - std::begin(kKnownHeaderSizes));
+}
+
 template <typename Record>
 bool EraseRow(std::vector<Record>& records, int row) {
     if (row < 0 || row >= static_cast<int>(records.size())) return false;
@@ -104,7 +113,14 @@ std::string MainWindowModel::ExtraPoiCaption() const {
     return HasDocument() ? ExtraPoiFrameCaption(doc_) : MainText("Liste des POI additionnels", "fraExtraPOI");
 }
 std::string MainWindowModel::DrawOrderCaptionText() const {
-    return HasDocument() ? DrawOrderCaption(doc_.DrawOrderRows.size()) : MainText("DrawOrder", "fraDraworder");
+    return HasDocument() ? DrawOrderCaption(doc_.DrawOrder.size()) : MainText("DrawOrder", "fraDraworder");
+}
+
+std::vector<std::string> MainWindowModel::DrawOrderRows() const {
+    std::vector<std::string> rows;
+    rows.reserve(doc_.DrawOrder.size());
+    for (const DrawOrderEntry& entry : doc_.DrawOrder) rows.push_back(DrawOrderRowText(entry));
+    return rows;
 }
 
 std::string MainWindowModel::ErrorListText() const {
@@ -127,8 +143,6 @@ void MainWindowModel::New() {
     Close();
     doc_.State = DocumentState::New;
     newDocumentFlag_ = true;
-    doc_.Identity.CodePageIndex = 2;  // 1252
-    SelectHeaderSize(doc_.Identity, kKnownHeaderSizes[0]);
     Changed(ChangeSet::Everything());
 }
 
@@ -200,17 +214,7 @@ bool MainWindowModel::ConfirmOverwrite(const std::string& path) {
 }
 
 bool MainWindowModel::SaveTyp() {
-    if (!HasDocument()) return false;
-    const IdentityFields& id = doc_.Identity;
-    if (id.txtFID.empty()) {
-        prompts_.Inform(MainText("FID absent", "msgFID2"), MainText("Il faut indiquer le FID.", "msgFID1"));
-        return false;
-    }
-    if (id.txtProductCode.empty()) {
-        prompts_.Inform(MainText("Product Code absent", "msgPID2"),
-                        MainText("Il faut indiquer le Product Code.", "msgPID1"));
-        return false;
-    }
+    if (!HasDocument() || !InformOfMissingIdentity()) return false;
     std::string suggested = doc_.FileName;
     if (EndsWithNoCase(suggested, ".typ") || EndsWithNoCase(suggested, ".txt"))
         suggested.resize(suggested.size() - 4);
@@ -249,15 +253,7 @@ bool MainWindowModel::RequestQuit(bool autoSaveChecked) {
     if (!doc_.ModifiedFlag && !newDocumentFlag_) return true;
     if (!prompts_.AskYesNo("Mirvane", MainText("Voulez-vous enregistrer le fichier ?", "msgEnregistrer"), false))
         return true;
-    if (doc_.Identity.txtFID.empty()) {
-        prompts_.Inform(MainText("FID absent", "msgFID2"), MainText("Il faut indiquer le FID.", "msgFID1"));
-        return false;
-    }
-    if (doc_.Identity.txtProductCode.empty()) {
-        prompts_.Inform(MainText("Product Code absent", "msgPID2"),
-                        MainText("Il faut indiquer le Product Code.", "msgPID1"));
-        return false;
-    }
+    if (!InformOfMissingIdentity()) return false;
     SaveTyp();
     return true;
 }
@@ -319,39 +315,92 @@ void MainWindowModel::MarkModified(ChangeSet what) {
 
 bool MainWindowModel::IdentityKeyAccepted(char key) { return (key >= '0' && key <= '9') || key == '\b'; }
 
-bool MainWindowModel::CheckIdentityValue(const std::string& text) {
-    const bool digits = !text.empty() && text.size() <= 9 &&
-                        std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-    // 0 is accepted, though the message speaks of 1.
-    if (digits && std::stol(text) <= 65535) return true;
-    prompts_.Inform(MainText("Erreur de saisie", "msgErreurSaisie"),
-                    MainText("Il faut rentrer un entier compris entre 1 et 65535", "msgErreurEntier"));
-    return false;
+std::string MainWindowModel::FidText() const { return IdentityNumberText(doc_.Identity.Fid); }
+std::string MainWindowModel::ProductCodeText() const { return IdentityNumberText(doc_.Identity.ProductCode); }
+
+int MainWindowModel::CodePageIndex() const {
+    const int page = doc_.Identity.CodePage;
+    return HasDocument() && IsListedCodePage(page) ? page - kFirstListedCodePage : -1;
 }
 
-void MainWindowModel::SetFid(const std::string& text) {
-    if (doc_.Identity.txtFID == text) return;
-    doc_.Identity.txtFID = text;
+std::string MainWindowModel::UnlistedCodePageText() const {
+    const int page = doc_.Identity.CodePage;
+    return HasDocument() && !IsListedCodePage(page) ? std::to_string(page) : std::string();
+}
+
+std::vector<std::string> MainWindowModel::HeaderSizeItems() const {
+    if (!HasDocument()) return {};
+    std::vector<std::string> items = {"91 " + MainText("(ancien format)", "cbbHeaderSize0"),
+                                      "110 " + MainText("(+ Extra POI)", "cbbHeaderSize1"),
+                                      "156 " + MainText("(+ labels)", "cbbHeaderSize2"),
+                                      "164 " + MainText("(+ inconnu...)", "cbbHeaderSize3"),
+                                      "174 " + MainText("(+ Active Routing)", "cbbHeaderSize4")};
+    const int size = doc_.Identity.HeaderSize;
+    if (HeaderSizeIndexOf(size) == kAddedHeaderSizeItem)
+        items.push_back(std::to_string(size) + " " + MainText("octets : format inconnu", "cbbHeaderInconnu"));
+    return items;
+}
+
+int MainWindowModel::HeaderSizeIndex() const {
+    return HasDocument() ? HeaderSizeIndexOf(doc_.Identity.HeaderSize) : -1;
+}
+
+// What a header of this size may hold besides the usual objects, one line
+// for each size above the smallest.
+std::string MainWindowModel::HeaderSizeTip() const {
+    if (!HasDocument()) return {};
+    std::string tip = MainText("La taille de l'entête est de", "cbbHeadersizeTip1") + " " +
+                      std::to_string(doc_.Identity.HeaderSize) + " " + MainText("octets", "cbbHeadersizeTip2") + ".";
+    const int index = HeaderSizeIndex();
+    if (index == 0) return tip;
+    tip += kLineBreak;
+    tip += MainText("Ce fichier TYP peut donc contenir, en plus des polygones, polylignes et POI habituels",
+                    "cbbHeadersizeTip3") + " :";
+    static const char* const kDefaults[] = {"des POI supplémentaires", "des labels supplémentaires",
+                                            "des données encore inconnues", "des polylignes pour l'active routing",
+                                            "d'autres données encore inconnues..."};
+    for (int above = 0; above < index; ++above) {
+        tip += kLineBreak;
+        tip += "\t" + MainText(kDefaults[above], "cbbHeadersizeTip" + std::to_string(above + 4));
+    }
+    return tip;
+}
+
+std::optional<std::uint16_t> MainWindowModel::CheckIdentityValue(const std::string& text) {
+    const std::optional<std::uint16_t> value = ParseIdentityNumber(text);
+    if (!value) prompts_.Inform(MainText("Erreur de saisie", "msgErreurSaisie"), IdentityRangeMessage());
+    return value;
+}
+
+void MainWindowModel::SetFid(std::uint16_t fid) {
+    if (doc_.Identity.Fid == fid) return;
+    doc_.Identity.Fid = fid;
     MarkModified(Change::Identity);
 }
 
-void MainWindowModel::SetProductCode(const std::string& text) {
-    if (doc_.Identity.txtProductCode == text) return;
-    doc_.Identity.txtProductCode = text;
+void MainWindowModel::SetProductCode(std::uint16_t productCode) {
+    if (doc_.Identity.ProductCode == productCode) return;
+    doc_.Identity.ProductCode = productCode;
     MarkModified(Change::Identity);
 }
 
 void MainWindowModel::SetCodePageIndex(int index) {
-    if (doc_.Identity.CodePageIndex == index) return;
-    doc_.Identity.CodePageIndex = index;
+    const int page = kFirstListedCodePage + index;
+    if (!IsListedCodePage(page) || doc_.Identity.CodePage == page) return;
+    doc_.Identity.CodePage = page;
     MarkModified(Change::Identity);
 }
 
 void MainWindowModel::SetHeaderSizeIndex(int index) {
-    IdentityFields& id = doc_.Identity;
-    if (id.HeaderSizeIndex == index) return;
-    if (index >= 0 && index < 5) SelectHeaderSize(id, kKnownHeaderSizes[index]);
+    if (index < 0 || index >= kAddedHeaderSizeItem || doc_.Identity.HeaderSize == kKnownHeaderSizes[index]) return;
+    doc_.Identity.HeaderSize = kKnownHeaderSizes[index];
     MarkModified(Change::Identity);
+}
+
+bool MainWindowModel::InformOfMissingIdentity() {
+    const std::optional<MissingIdentity> missing = FindMissingIdentity(doc_.Identity);
+    if (missing) prompts_.Inform(missing->Title, missing->Text);
+    return !missing;
 }
 
 // --- helpers

@@ -4,9 +4,11 @@
 // widgets to this and redraws after every command.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "document/document.h"
 #include "models/shell/document_changes.h"
@@ -62,6 +64,7 @@ public:
     std::string PoiCaption() const;
     std::string ExtraPoiCaption() const;
     std::string DrawOrderCaptionText() const;
+    std::vector<std::string> DrawOrderRows() const;  // ListDraworder
     std::string ErrorListText() const;  // the text of frmErreur
     EnableState Enables() const;
     bool IsModified() const { return doc_.ModifiedFlag; }
@@ -93,19 +96,31 @@ public:
     // Asks whether the existing file at `path` may be replaced.
     bool ConfirmOverwrite(const std::string& path);
 
-    // --- header fields
+    // --- header fields, as the window shows them; with no document the
+    // fields are empty and the combos have no selection.
+    std::string FidText() const;
+    std::string ProductCodeText() const;
+    int CodePageIndex() const;  // cbbCodepage: 0..8 for 1250..1258, -1 for a page it does not list
+    std::string UnlistedCodePageText() const;  // "65001" for a page cbbCodepage does not list
+    // cbbHeadersize: the five known sizes, and the document's own size when it is none of them.
+    std::vector<std::string> HeaderSizeItems() const;
+    int HeaderSizeIndex() const;
+    std::string HeaderSizeTip() const;
+
     static bool IdentityKeyAccepted(char key);  // digits and backspace
-    // On leaving txtFID or txtProductCode: false, after the input error box,
-    // when the value is not a whole number of at most 65535.
-    bool CheckIdentityValue(const std::string& text);
-    void SetFid(const std::string& text);
-    void SetProductCode(const std::string& text);
+    // On leaving txtFID or txtProductCode: the value, or nothing after the
+    // input error box.
+    std::optional<std::uint16_t> CheckIdentityValue(const std::string& text);
+    void SetFid(std::uint16_t fid);
+    void SetProductCode(std::uint16_t productCode);
     void SetCodePageIndex(int index);
     void SetHeaderSizeIndex(int index);
 
 private:
     // Drops a selection the document no longer holds, then tells the listeners.
     void Changed(ChangeSet what);
+    // The box of a save refused for a missing FID or product code; false when shown.
+    bool InformOfMissingIdentity();
     void AddRecent(const std::string& path);
     void SetFilePath(const std::string& path);
     // False when the open dialog is cancelled; `chosen` is left alone then.

@@ -33,7 +33,7 @@ std::string SuggestedTextPath(const Document& doc) {
 }  // namespace
 
 void ClearObjectsForWholeText(Document& doc) {
-    doc.DrawOrderRows.clear();
+    doc.DrawOrder.clear();
     doc.Polygons.clear();
     doc.Polylines.clear();
     doc.Pois.clear();
@@ -74,10 +74,10 @@ std::array<PaneColour, 4> PaneColours(const RtfColours& colours) {
     return parsed;
 }
 
-int PaneCodePage(const IdentityFields& identity) {
-    if (identity.UnlistedCodePage) return identity.UnlistedCodePage;
-    const int selected = SelectedCodePage(identity);
-    return IsSupportedCodePage(selected) ? selected : 1252;
+int PaneCodePage(const TypIdentity& identity) {
+    const int page = identity.CodePage;
+    if (!IsListedCodePage(page) || IsSupportedCodePage(page)) return page;
+    return kDefaultCodePage;
 }
 
 TextPaneSession::TextPaneSession(MainWindowModel& model, UserPrompts& prompts) : model_(model), prompts_(prompts) {}

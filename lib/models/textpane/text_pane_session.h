@@ -31,8 +31,8 @@ RtfColours LoadRtfColours(const SettingsStore& settings);
 std::array<PaneColour, 4> PaneColours(const RtfColours& colours);
 
 // The code page the pane's text is decoded with and encoded back to: the
-// one cbbCodepage shows, or the unlisted one the document holds.
-int PaneCodePage(const IdentityFields& identity);
+// document's, or 1252 for a listed one this build cannot convert.
+int PaneCodePage(const TypIdentity& identity);
 
 // Before the whole document is read again from the pane: objects and draw
 // order are gone, so what the text does not hold is gone too. The
