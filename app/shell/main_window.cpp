@@ -31,6 +31,7 @@
 #include "models/preview/preview_pane.h"
 #include "app/shell/labels_window.h"
 #include "app/lang/change_language.h"
+#include "app/mapsets/mapsets_window.h"
 #include "app/preview/icons_view.h"
 #include "app/preview/preview_frame.h"
 #include "app/common/texts.h"
@@ -154,8 +155,11 @@ void MainWindow::BuildMenus() {
     mnuSauvegardeAuto_->setChecked(true);
     mnuTypSpeciaux_ = MakeAction(this, "mnuTypSpeciaux", MainTr("TYP &spéciaux...", "mnuTypSpeciaux"));
     mnuTypSpeciaux_->setEnabled(false);
-    mnuOuvrirTypMapset_->setEnabled(false);
-    tools->addActions({mnuSauvegardeAuto_, mnuTypSpeciaux_});
+    QAction* mnuInstallerTyp =
+        MakeAction(this, "mnuInstallerTyp", MainTr("&Installer un TYP dans un mapset...", "mnuInstallerTYP"));
+    QAction* mnuEffacerCache =
+        MakeAction(this, "mnuEffacerCache", MainTr("Effacer les &caches des cartes", "mnuEffacerCache"));
+    tools->addActions({mnuSauvegardeAuto_, mnuTypSpeciaux_, mnuInstallerTyp, mnuEffacerCache});
     QAction* mnuCouleurIdentifieur = MakeAction(
         this, "mnuCouleurIdentifieur", MainTr("&Identifieur de couleur et de type...", "mnuCouleurIdentifieur"));
     tools->addAction(mnuCouleurIdentifieur);
@@ -186,6 +190,11 @@ void MainWindow::BuildMenus() {
         if (CommitIdentityEdits()) model_.SaveTyp();
     });
     connect(mnuquitter_, &QAction::triggered, this, &QWidget::close);
+    connect(mnuOuvrirTypMapset_, &QAction::triggered, this, [this] {
+        if (CommitIdentityEdits()) ShowMapsetsWindow(this, model_, true);
+    });
+    connect(mnuInstallerTyp, &QAction::triggered, this, [this] { ShowMapsetsWindow(this, model_, false); });
+    connect(mnuEffacerCache, &QAction::triggered, this, [this] { ClearMapCaches(model_.Prompts()); });
 }
 
 QWidget* MainWindow::BuildHeaderPanel() {

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QObject>
 #include <QString>
+#include <QWidget>
 #include <memory>
 
 #include "models/shell/main_window_model.h"
@@ -15,6 +16,12 @@
 
 inline QString CorpusFile(const char* name) {
     return QString(MIRVANE_SHARED_DIR) + "/corpus/binary/" + name;
+}
+
+// Where the pictures of the windows go, when asked for.
+inline void Picture(QWidget& widget, const char* name) {
+    const QString folder = qEnvironmentVariable("MIRVANE_SCREENSHOTS");
+    if (!folder.isEmpty()) widget.grab().save(folder + "/" + name);
 }
 
 // Skips the current test when the corpus file is not there.

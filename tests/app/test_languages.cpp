@@ -23,16 +23,6 @@
 
 using namespace mirvane;
 
-namespace {
-
-// Where the pictures of the windows go, when asked for.
-void Picture(QWidget& widget, const char* name) {
-    const QString folder = qEnvironmentVariable("MIRVANE_SCREENSHOTS");
-    if (!folder.isEmpty()) widget.grab().save(folder + "/" + name);
-}
-
-}  // namespace
-
 class LanguagesTest : public MainWindowTestBase {
     Q_OBJECT
 

@@ -35,7 +35,7 @@ inline constexpr std::array kMainWindowTexts = {
     MainWindowText{"mnuSauvegardeTexte", "mnuSauvegardeTexte", TextRole::Caption},
     MainWindowText{"mnuSauvegardeAuto", "mnuSauvegardeAuto", TextRole::Caption},
     MainWindowText{"mnuOutils", "mnuOutils", TextRole::Caption},
-    MainWindowText{"mnuInstallerTYP", "mnuInstallerTYP", TextRole::Caption},
+    MainWindowText{"mnuInstallerTyp", "mnuInstallerTYP", TextRole::Caption},
     MainWindowText{"mnuEffacerCache", "mnuEffacerCache", TextRole::Caption},
     MainWindowText{"mnuTypSpeciaux", "mnuTypSpeciaux", TextRole::Caption},
     MainWindowText{"mnuCouleurIdentifieur", "mnuCouleurIdentifieur", TextRole::Caption},
