@@ -6,6 +6,7 @@
 #include <QPixmap>
 #include <QTimer>
 #include <cstdio>
+#include <memory>
 
 #include "document/document.h"
 #include "models/shell/main_window_model.h"
@@ -43,8 +44,8 @@ void ConnectTextRoute(MainWindow& window, MainWindowModel& model) {
     window.SetListingFunction([&model](Document& doc) {
         const ListingContext context{model.DateText(), ListingClock::Now()};
         return ListWholeDocument(doc, context);
-    }, [](Document& doc, int scope, int index) {
-        return ListOneObject(doc, scope, index, false).Text;
+    }, [](Document& doc, ObjectRef object) {
+        return ListOneObject(doc, static_cast<int>(object.Kind), object.Row, false).Text;
     });
 }
 
@@ -69,7 +70,6 @@ int TakeScreenshot(const QString& out, const QString& file, const QString& windo
     ConnectTextRoute(window, model);
     window.resize(1280, 800);
     if (!file.isEmpty()) model.OpenAny(CommandLinePath(file.toStdString()));
-    if (LanguageName() != kBuiltInLanguage) ChangerLangue1(window);
     std::unique_ptr<QWidget> shown;
     if (windowName == "frmMapsets") {
         shown = std::make_unique<MapsetsWindow>(LocalMapsetEnvironment(), prompts, nullptr, false);
@@ -121,7 +121,6 @@ int RunMirvane(const QStringList& arguments) {
     if (checkForUpdate) StartUpdateCheck(QString::fromStdString(UpdateAddress(settings)), &window);
     ConnectTextRoute(window, model);
     window.SetAutoSaveChecked(AutoSaveSetting(settings));
-    if (LanguageName() != kBuiltInLanguage) ChangerLangue1(window);
     window.show();
 
     const QString pending = args.value(0);

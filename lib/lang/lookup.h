@@ -28,6 +28,10 @@ inline std::string MainText(std::string_view defaultText, std::string_view key) 
     return LookupText("Main", defaultText, key);
 }
 
+// A caption of a form: the built-in French while the language is French (a
+// stray Francais.lng changes messages only), else looked up.
+std::string FormCaption(std::string_view section, std::string_view defaultText, std::string_view key);
+
 bool LanguageExists(std::string_view name);
 
 // Base names of the .lng files of the language folder, sorted by name; empty

@@ -24,6 +24,9 @@ inline void Picture(QWidget& widget, const char* name) {
     if (!folder.isEmpty()) widget.grab().save(folder + "/" + name);
 }
 
+// The bundled sample: what a test needs when any TYP will do.
+inline QString SampleFile() { return QString(MIRVANE_SOURCE_DIR) + "/samples/sample.typ"; }
+
 // Skips the current test when the corpus file is not there.
 #define REQUIRE_CORPUS_FILE(name)                                              \
     do {                                                                       \
