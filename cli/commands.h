@@ -15,6 +15,7 @@ int InfoCommand(const Arguments& args);
 int RoundtripCommand(const Arguments& args);
 int DecompileCommand(const Arguments& args);
 int CompileCommand(const Arguments& args);
+int MapsetsCommand(const Arguments& args);
 
 // True when the arguments ask for help.
 bool WantsHelp(const Arguments& args);

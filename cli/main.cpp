@@ -18,6 +18,7 @@ const char* const kUsage =
     "  roundtrip IN.typ -o OUT.typ        read a binary TYP and write it back\n"
     "  decompile IN.typ [-o OUT.txt]      write the text form of a binary TYP\n"
     "  compile IN.txt -o OUT.typ          compile a text TYP to a binary TYP\n"
+    "  mapsets                            list the Garmin mapsets installed on this machine\n"
     "\n"
     "Each command takes --help. Exit status: 0 ok, 1 read with logged errors, 2 usage or I/O failure.\n";
 
@@ -37,6 +38,7 @@ int main(int argc, char** argv) {
         {"roundtrip", RoundtripCommand},
         {"decompile", DecompileCommand},
         {"compile", CompileCommand},
+        {"mapsets", MapsetsCommand},
     };
     const auto command = commands.find(args[0]);
     if (command == commands.end()) {

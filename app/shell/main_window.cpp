@@ -32,6 +32,7 @@
 #include "models/preview/preview_pane.h"
 #include "app/shell/labels_window.h"
 #include "app/lang/change_language.h"
+#include "app/mapsets/mapsets_window.h"
 #include "app/preview/icons_view.h"
 #include "app/preview/preview_frame.h"
 #include "app/common/texts.h"
@@ -140,6 +141,8 @@ void MainWindow::RetranslateUi() {
     mnuOutils_->setTitle(MainCaption("&Outils", "mnuOutils"));
     mnuSauvegardeAuto_->setText(MainCaption("Sauvegarde &automatique", "mnuSauvegardeAuto"));
     mnuTypSpeciaux_->setText(MainCaption("TYP &spéciaux...", "mnuTypSpeciaux"));
+    mnuInstallerTyp_->setText(MainCaption("&Installer un TYP dans un mapset...", "mnuInstallerTYP"));
+    mnuEffacerCache_->setText(MainCaption("Effacer les &caches des cartes", "mnuEffacerCache"));
     mnuCouleurIdentifieur_->setText(MainCaption("&Identifieur de couleur et de type...", "mnuCouleurIdentifieur"));
     mnuCompiler_->setText(MainCaption("Compiler un fichier txt avec cGPSmapper...", "mnuCompiler"));
     mnuLangues_->setTitle(MainCaption("&Langues", "mnuLangues"));
@@ -218,8 +221,9 @@ void MainWindow::BuildMenus() {
     mnuSauvegardeAuto_->setChecked(true);
     mnuTypSpeciaux_ = MakeAction(this, "mnuTypSpeciaux");
     mnuTypSpeciaux_->setEnabled(false);
-    mnuOuvrirTypMapset_->setEnabled(false);
-    tools->addActions({mnuSauvegardeAuto_, mnuTypSpeciaux_});
+    mnuInstallerTyp_ = MakeAction(this, "mnuInstallerTyp");
+    mnuEffacerCache_ = MakeAction(this, "mnuEffacerCache");
+    tools->addActions({mnuSauvegardeAuto_, mnuTypSpeciaux_, mnuInstallerTyp_, mnuEffacerCache_});
     mnuCouleurIdentifieur_ = MakeAction(this, "mnuCouleurIdentifieur");
     tools->addAction(mnuCouleurIdentifieur_);
     connect(mnuCouleurIdentifieur_, &QAction::triggered, this, [this] { ShowColourIdentifier(this); });
@@ -249,6 +253,11 @@ void MainWindow::BuildMenus() {
         if (CommitIdentityEdits()) model_.SaveTyp();
     });
     connect(mnuquitter_, &QAction::triggered, this, &QWidget::close);
+    connect(mnuOuvrirTypMapset_, &QAction::triggered, this, [this] {
+        if (CommitIdentityEdits()) ShowMapsetsWindow(this, model_, true);
+    });
+    connect(mnuInstallerTyp_, &QAction::triggered, this, [this] { ShowMapsetsWindow(this, model_, false); });
+    connect(mnuEffacerCache_, &QAction::triggered, this, [this] { ClearMapCaches(model_.Prompts()); });
 }
 
 QWidget* MainWindow::BuildHeaderPanel() {

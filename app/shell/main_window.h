@@ -92,7 +92,7 @@ private:
     QAction *mnuNouveau_, *mnuOuvrirTYP_, *mnuouvrirtxt_, *mnuOuvrirTypMapset_, *mnufermer_;
     QAction *mnuEnregistrerTyp_, *mnuEnregistrerTxt_, *mnuSauvegardeAuto_, *mnuTypSpeciaux_, *mnuquitter_;
     QMenu *mnuFichier_, *mnuOutils_, *mnuLangues_, *recentMenu_;
-    QAction *mnuCouleurIdentifieur_, *mnuCompiler_, *mnuChoixLangue_;
+    QAction *mnuCouleurIdentifieur_, *mnuCompiler_, *mnuChoixLangue_, *mnuInstallerTyp_, *mnuEffacerCache_;
 
     QGroupBox* fraEntete_;
     QLabel *lblNomTyp_, *lblDateCreation_, *lblLongueur_;

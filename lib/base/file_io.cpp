@@ -30,4 +30,28 @@ bool ReadWholeFile(const std::filesystem::path& path, Bytes& out) { return ReadI
 
 bool ReadWholeFile(const std::filesystem::path& path, std::string& out) { return ReadInto(path, out); }
 
+bool WriteFileAtomically(const std::filesystem::path& path, std::string_view bytes) {
+    namespace fs = std::filesystem;
+    fs::path temporary = path;
+    temporary += ".mirvane-tmp";
+    std::error_code error;
+    {
+        std::ofstream stream(temporary, std::ios::binary | std::ios::trunc);
+        stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        stream.close();
+        if (!stream) {
+            fs::remove(temporary, error);
+            return false;
+        }
+    }
+    fs::rename(temporary, path, error);
+    if (!error) return true;
+    fs::remove(temporary, error);
+    return false;
+}
+
+bool WriteFileAtomically(const std::filesystem::path& path, const Bytes& bytes) {
+    return WriteFileAtomically(path, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
+}
+
 }  // namespace mirvane

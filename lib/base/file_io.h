@@ -17,4 +17,9 @@ std::string Utf8FromPath(const std::filesystem::path& path);
 bool ReadWholeFile(const std::filesystem::path& path, Bytes& out);
 bool ReadWholeFile(const std::filesystem::path& path, std::string& out);
 
+// Writes through a temporary file beside `path` renamed over it, so that a
+// failed write leaves the file that was there whole. False on failure.
+bool WriteFileAtomically(const std::filesystem::path& path, std::string_view bytes);
+bool WriteFileAtomically(const std::filesystem::path& path, const Bytes& bytes);
+
 }  // namespace mirvane

@@ -1,9 +1,8 @@
 #include "document/binary_writer.h"
 
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 
+#include "base/file_io.h"
 #include "document/encoding.h"
 #include "document/run_time_errors.h"
 #include "document/sorts.h"
@@ -484,26 +483,8 @@ std::optional<SaveFailure> BuildBinaryTyp(Document& doc, Bytes& out, const SaveT
 std::optional<SaveFailure> SaveBinaryTyp(Document& doc, const std::string& path, const SaveTime& time) {
     Bytes bytes;
     if (std::optional<SaveFailure> failure = BuildBinaryTyp(doc, bytes, time)) return failure;
-    namespace fs = std::filesystem;
-    const fs::path target(path);
-    fs::path temporary = target;
-    temporary += ".mirvane-tmp";
-    {
-        std::ofstream stream(temporary, std::ios::binary | std::ios::trunc);
-        stream.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-        stream.close();
-        if (!stream) {
-            std::error_code ignored;
-            fs::remove(temporary, ignored);
-            return SaveFailure{kErrPathAccess, RunTimeDescription(kErrPathAccess), {}};
-        }
-    }
-    std::error_code error;
-    fs::rename(temporary, target, error);
-    if (error) {
-        fs::remove(temporary, error);
+    if (!WriteFileAtomically(PathFromUtf8(path), bytes))
         return SaveFailure{kErrPathAccess, RunTimeDescription(kErrPathAccess), {}};
-    }
     doc.ModifiedFlag = false;
     doc.TextAppliedFlag = false;
     return std::nullopt;

@@ -20,6 +20,12 @@ inline QString CorpusFile(const char* name) {
     return QString(MIRVANE_SHARED_DIR) + "/corpus/binary/" + name;
 }
 
+// Where the pictures of the windows go, when asked for.
+inline void Picture(QWidget& widget, const char* name) {
+    const QString folder = qEnvironmentVariable("MIRVANE_SCREENSHOTS");
+    if (!folder.isEmpty()) widget.grab().save(folder + "/" + name);
+}
+
 // The bundled sample: what a test needs when any TYP will do.
 inline QString SampleFile() { return QString(MIRVANE_SOURCE_DIR) + "/samples/sample.typ"; }
 

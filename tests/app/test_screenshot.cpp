@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "app/shell/application.h"
+#include "lang/lookup.h"
 
 class ScreenshotTest : public QObject {
     Q_OBJECT
@@ -22,6 +23,18 @@ private slots:
     }
 
     void refusesAMissingOutputName() { QCOMPARE(mirvane::app::RunMirvane({"--screenshot"}), 2); }
+
+    void drawsTheMapsetsWindowOfThePrefixGivenAndRefusesAnUnknownWindow() {
+        QTemporaryDir folder;
+        qputenv("WINEPREFIX", folder.filePath("empty prefix").toUtf8());
+        const QString out = folder.filePath("mapsets.png");
+        QCOMPARE(mirvane::app::RunMirvane({"--screenshot", out, "--window", "frmMapsets", "--language", "English"}), 0);
+        QVERIFY(!QImage(out).isNull());
+        QCOMPARE(mirvane::app::RunMirvane({"--screenshot", out, "--window", "frmNothing"}), 2);
+        QCOMPARE(mirvane::app::RunMirvane({"--screenshot", out, "--window"}), 2);
+        qunsetenv("WINEPREFIX");
+        mirvane::SetLanguageName(mirvane::kBuiltInLanguage);
+    }
 };
 
 QTEST_MAIN(ScreenshotTest)

@@ -56,4 +56,29 @@ check "roundtrip keeps the top of the range" 0 \
   "$cli" roundtrip "$sample" -o "$work/top.typ" --fid 65535 --product-code 65535
 check "info of the top of the range" 0 "$cli" info "$work/top.typ"
 grep -q "FID:          65535" "$work/out" || { echo "FAIL FID 65535 after roundtrip"; failures=$((failures + 1)); }
+
+# mapsets: a Wine prefix with one family in its registry and one installed folder.
+if [ "$(uname)" != Darwin ]; then
+  prefix="$work/wine"
+  mkdir -p "$prefix/drive_c/Garmin/Topo" "$prefix/drive_c/ProgramData/Garmin/Maps/Alpes.gmap"
+  printf '\x50\x10\x00\x02\x00\xe8\x03\x64\x00Topo Nord\x00' >"$prefix/drive_c/Garmin/Topo/topo.tdb"
+  printf '<ID>4242</ID>\n<TYP>alpes.typ</TYP>\n' >"$prefix/drive_c/ProgramData/Garmin/Maps/Alpes.gmap/info.xml"
+  cat >"$prefix/system.reg" <<'REG'
+WINE REGISTRY Version 2
+#arch=win32
+[Software\\Garmin\\MapSource\\Families\\Topo] 1700000000
+"ID"=hex:e8,03
+"TYP"="C:\\Garmin\\Topo\\topo.typ"
+[Software\\Garmin\\MapSource\\Families\\Topo\\1] 1700000000
+"LOC"="C:\\Garmin\\Topo"
+"TDB"="C:\\Garmin\\Topo\\topo.tdb"
+REG
+  check "mapsets of a Wine prefix" 0 env WINEPREFIX="$prefix" "$cli" mapsets
+  tab=$(printf '\t')
+  grep -qxF "Topo Nord${tab}1000${tab}2${tab}C:\\Garmin\\Topo\\topo.typ${tab}Families\\Topo${tab}C:\\Garmin\\Topo" "$work/out" ||
+    { echo "FAIL mapsets family row"; cat "$work/out"; failures=$((failures + 1)); }
+  grep -qxF "Alpes.gmap${tab}4242${tab}${tab}alpes.typ${tab}Installed${tab}C:\\ProgramData\\Garmin\\Maps\\Alpes.gmap" "$work/out" ||
+    { echo "FAIL mapsets installed row"; cat "$work/out"; failures=$((failures + 1)); }
+  check "mapsets takes no argument" 2 "$cli" mapsets extra
+fi
 [ "$failures" -eq 0 ]

@@ -1,0 +1,160 @@
+// frmMapsets driven by its widgets over a fake Wine prefix: the list, the
+// buttons, the captions in both languages, and the main window's entries that
+// open it and clear the caches.
+#include <QDialog>
+#include <QPointer>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeWidget>
+#include <memory>
+
+#include "app/mapsets/mapsets_window.h"
+#include "app_test_support.h"
+#include "fake_garmin_install.h"
+#include "lang/lookup.h"
+#include "mapsets/info_file.h"
+#include "mapsets/typ_ids.h"
+
+using namespace mirvane;
+using mirvane::testing::FakeGarminInstall;
+using mirvane::testing::RecordingRegistryWriter;
+
+class MapsetsWindowTest : public MainWindowTestBase {
+    Q_OBJECT
+
+    std::unique_ptr<FakeGarminInstall> install_;
+    std::unique_ptr<app::MapsetsWindow> mapsets_;
+    RecordingRegistryWriter* registry_ = nullptr;
+    const QByteArray user_ = qgetenv("USER");
+
+    void OpenWindow(bool openOnly = false) {
+        MapsetEnvironment environment = WinePrefixEnvironment(install_->Prefix(), "tester", {});
+        auto writer = std::make_unique<RecordingRegistryWriter>();
+        registry_ = writer.get();
+        environment.RegistryChanges = std::move(writer);
+        mapsets_ = std::make_unique<app::MapsetsWindow>(
+            std::move(environment), *prompts_,
+            [this](const std::string& path) { return model_->OpenTyp(path); }, openOnly);
+        mapsets_->show();
+    }
+    QTreeWidget* List(QWidget* window) { return Find<QTreeWidget>(window, "lstvMapsets"); }
+    void SelectRow(QWidget* window, const QString& name) {
+        const auto rows = List(window)->findItems(name, Qt::MatchExactly, 0);
+        QCOMPARE(rows.size(), 1);
+        List(window)->setCurrentItem(rows.front());
+    }
+    void Click(QWidget* window, const char* button) {
+        QTest::mouseClick(Find<QPushButton>(window, button), Qt::LeftButton);
+    }
+    QString Column(QWidget* window, const QString& name, int column) {
+        return List(window)->findItems(name, Qt::MatchExactly, 0).value(0)->text(column);
+    }
+
+private slots:
+    void init() {
+        install_ = std::make_unique<FakeGarminInstall>();
+        StartWindow();
+        SetLanguageFolder(QString(MIRVANE_SOURCE_DIR "/Langues").toStdString());
+        SetLanguageName(kBuiltInLanguage);
+    }
+    void cleanup() {
+        mapsets_.reset();
+        StopWindow();
+        SetLanguageName(kBuiltInLanguage);
+        qunsetenv("WINEPREFIX");
+        qputenv("USER", user_);
+    }
+
+    void listsEveryMapsetWithItsColumnsInBothLanguages() {
+        OpenWindow();
+        QTreeWidget* list = List(mapsets_.get());
+        QCOMPARE(list->topLevelItemCount(), 7);
+        QCOMPARE(list->currentItem(), list->topLevelItem(0));
+        const QStringList contours = {"OSM Contours", "1000", "2", "C:\\Garmin\\OSM Topo\\osm.typ",
+                                      "Families\\OSM Topo", "C:\\Garmin\\OSM Topo\\Contours"};
+        for (int column = 0; column < contours.size(); ++column)
+            QCOMPARE(Column(mapsets_.get(), "OSM Contours", column), contours[column]);
+        QCOMPARE(mapsets_->windowTitle(), QString("Sélectionner un Mapset"));
+        QCOMPARE(list->headerItem()->text(3), QString("Emplacement du fichier Typ"));
+        for (const char* button : {"cmdOK", "cmdSupprimer", "cmdOuvrirTyp", "cmdEffacerCache", "cmdAnnuler"}) {
+            QVERIFY(Find<QPushButton>(mapsets_.get(), button)->isVisible());
+            QVERIFY(!Find<QPushButton>(mapsets_.get(), button)->text().isEmpty());
+        }
+        Picture(*mapsets_, "mapsets_window.png");
+
+        SetLanguageName("English");
+        mapsets_->RetranslateUi();
+        QCOMPARE(mapsets_->windowTitle(), QString("Select a mapset"));
+        QCOMPARE(list->headerItem()->text(3), QString("TYP file"));
+        QCOMPARE(Find<QPushButton>(mapsets_.get(), "cmdOK")->text(), QString("Choose a TYP file"));
+        Picture(*mapsets_, "mapsets_window_english.png");
+    }
+
+    void associatingWritesTheRegistryAndAdjustsTheTypWhenAsked() {
+        OpenWindow();
+        SelectRow(mapsets_.get(), "OSM Contours");
+        const auto typ = install_->Elsewhere() / "style.typ";
+        prompts_->Paths = {typ.string()};
+        prompts_->Answers = {true, false};  // adjust FID/PID, keep the caches
+        Click(mapsets_.get(), "cmdOK");
+        QCOMPARE(registry_->Changes.size(), std::size_t{1});
+        QVERIFY(registry_->Changes[0].starts_with("SOFTWARE\\Garmin\\Mapsource\\Families\\OSM Topo TYP=Z:\\"));
+        QVERIFY(Column(mapsets_.get(), "OSM Contours", 3).startsWith("Z:\\"));
+        QCOMPARE(List(mapsets_.get())->currentItem()->text(0), QString("OSM Contours"));
+        QVERIFY(ReadTypIds(typ) == (TypIds{1000, 2}));
+    }
+
+    void removingTakesTheEntryOutOfTheInfoFile() {
+        OpenWindow();
+        SelectRow(mapsets_.get(), "Pyrenees.gmap");
+        QCOMPARE(Column(mapsets_.get(), "Pyrenees.gmap", 3), QString("pyr.typ"));
+        Click(mapsets_.get(), "cmdSupprimer");
+        QCOMPARE(Column(mapsets_.get(), "Pyrenees.gmap", 3), QString());
+        const std::string info = FakeGarminInstall::Read(install_->InstalledFolder("Pyrenees.gmap") / "info.xml");
+        QVERIFY(InfoTypEntry(info, InfoFormat::V1).empty());
+        QVERIFY(registry_->Changes.empty());
+    }
+
+    void clearingTheCacheKeepsFilesOutside() {
+        OpenWindow();
+        const auto cache = install_->DriveC() / "users/tester/AppData/Roaming/GARMIN/MapSource/TileCache";
+        Click(mapsets_.get(), "cmdEffacerCache");
+        QVERIFY(!std::filesystem::exists(cache / "a.tile"));
+        QVERIFY(std::filesystem::is_directory(cache / "12"));
+        QCOMPARE(install_->OutsideFiles(), (std::vector<std::string>{"keep.txt=keep", "keep2.txt=keep"}));
+        QVERIFY(prompts_->Log.empty());
+    }
+
+    // From the main window: the prefix of $WINEPREFIX, only opening offered,
+    // and the TYP loads into the document.
+    void theFileMenuOpensAMapsetsTypInTheMainWindow() {
+        qputenv("WINEPREFIX", QByteArray::fromStdString(install_->Prefix().string()));
+        QVERIFY(Action("mnuOuvrirTypMapset")->isEnabled());
+        Action("mnuOuvrirTypMapset")->trigger();
+        QPointer<QDialog> dialog = Find<QDialog>("frmMapsets");
+        for (const char* button : {"cmdOK", "cmdSupprimer", "cmdEffacerCache"})
+            QVERIFY(!Find<QPushButton>(dialog, button)->isVisible());
+        SelectRow(dialog, "Pyrenees.gmap");
+        Click(dialog, "cmdOuvrirTyp");
+        QVERIFY(!dialog || !dialog->isVisible());
+        QCOMPARE(QString::fromStdString(doc_->FilePath),
+                 QString::fromStdString((install_->InstalledFolder("Pyrenees.gmap") / "pyr.typ").string()));
+        QVERIFY(doc_->PolygonCount() > 0);
+        QCOMPARE(doc_->Identity.Fid, std::optional<std::uint16_t>(5150));
+    }
+
+    void theToolsMenuOpensTheWindowAndClearsTheCaches() {
+        qputenv("WINEPREFIX", QByteArray::fromStdString(install_->Prefix().string()));
+        qputenv("USER", "tester");
+        QVERIFY(Action("mnuInstallerTyp")->isEnabled());
+        Action("mnuInstallerTyp")->trigger();
+        QVERIFY(Find<QPushButton>(Find<QDialog>("frmMapsets"), "cmdOK")->isVisible());
+        Action("mnuEffacerCache")->trigger();
+        QVERIFY(!std::filesystem::exists(install_->DriveC() / "users/tester/AppData/Local/GARMIN/BaseCamp/TileCache/c.tile"));
+        QCOMPARE(install_->OutsideFiles(), (std::vector<std::string>{"keep.txt=keep", "keep2.txt=keep"}));
+    }
+};
+
+QTEST_MAIN(MapsetsWindowTest)
+#include "test_mapsets_window.moc"

@@ -1,0 +1,278 @@
+// frmMapsets without widgets, over a fake Wine prefix and a fake macOS home:
+// the list, associating and dissociating a TYP in the registry and in info
+// files with the FID/PID adjustment, opening the TYP, and clearing the caches
+// without touching a file outside them.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "base/file_io.h"
+#include "fake_garmin_install.h"
+#include "mapsets/cache_folders.h"
+#include "mapsets/info_file.h"
+#include "mapsets/typ_ids.h"
+#include "models/mapsets/clear_cache_model.h"
+#include "models/mapsets/install_typ_model.h"
+#include "scripted_prompts.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using mirvane::testing::FakeGarminInstall;
+using mirvane::testing::RecordingRegistryWriter;
+
+class InstallTypModelTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        environment_ = mirvane::WinePrefixEnvironment(install_.Prefix(), "tester", {});
+        auto writer = std::make_unique<RecordingRegistryWriter>();
+        registry_ = writer.get();
+        environment_.RegistryChanges = std::move(writer);
+        Start();
+    }
+    void Start() {
+        model_ = std::make_unique<mirvane::InstallTypModel>(environment_, prompts_, [this](const std::string& path) {
+            opened_.push_back(path);
+            return true;
+        });
+        model_->List();
+    }
+    void Select(const std::string& name) {
+        for (std::size_t i = 0; i < model_->Rows().size(); ++i)
+            if (model_->Rows()[i].Name == name) return model_->SelectRow(static_cast<int>(i));
+        FAIL() << "no row " << name;
+    }
+    const mirvane::MapsetRow& Row() const { return model_->Rows()[static_cast<std::size_t>(model_->SelectedRow())]; }
+    std::vector<std::string> Kinds() const {
+        std::vector<std::string> kinds;
+        for (const auto& shown : prompts_.Log) kinds.push_back(shown.Kind);
+        return kinds;
+    }
+    std::vector<std::string> CacheFiles() const {
+        std::vector<std::string> files;
+        for (const fs::path& folder : environment_.CacheFolders) {
+            std::error_code ignored;
+            for (fs::recursive_directory_iterator it(folder, ignored), end; it != end; it.increment(ignored))
+                if (!it->is_directory()) files.push_back(it->path().filename().string());
+        }
+        std::sort(files.begin(), files.end());
+        return files;
+    }
+
+    FakeGarminInstall install_;
+    mirvane::MapsetEnvironment environment_;
+    RecordingRegistryWriter* registry_ = nullptr;
+    ScriptedPrompts prompts_;
+    std::vector<std::string> opened_;
+    std::unique_ptr<mirvane::InstallTypModel> model_;
+};
+
+TEST_F(InstallTypModelTest, ListsEveryMapsetAndSelectsTheFirst) {
+    EXPECT_EQ(model_->Rows().size(), 7u);
+    EXPECT_EQ(model_->SelectedRow(), 0);
+    EXPECT_EQ(Row().Name, "OSM Topo 2024");
+
+    auto empty = mirvane::WinePrefixEnvironment(install_.Prefix() / "missing", "tester", {});
+    mirvane::InstallTypModel none(empty, prompts_, {});
+    none.List();
+    ASSERT_EQ(none.Rows().size(), 1u);
+    EXPECT_EQ(none.Rows()[0].Name, "Aucun mapset installé.");
+    none.Associate();
+    EXPECT_FALSE(none.OpenAssociatedTyp());
+    EXPECT_EQ(prompts_.Texts("inform"),
+              std::vector<std::string>{"Mirvane|Aucun fichier TYP n'est associé à ce mapset."});
+}
+
+TEST_F(InstallTypModelTest, AFamilyTakesAnyTypAsARegistryValueAndTheFidPidOnYes) {
+    Select("OSM Contours");  // FID 1000, PID 2; the TYP has 1000 and 1
+    const fs::path typ = install_.Elsewhere() / "style.typ";
+    prompts_.Paths = {typ.string()};
+    prompts_.Answers = {true, true};  // adjust the FID/PID, clear the caches
+    model_->Associate();
+
+    const std::string value = environment_.Paths.FromHost(typ);
+    EXPECT_TRUE(value.starts_with("Z:\\"));
+    EXPECT_EQ(registry_->Changes,
+              std::vector<std::string>{"SOFTWARE\\Garmin\\Mapsource\\Families\\OSM Topo TYP=" + value});
+    EXPECT_EQ(Row().Typ, value);
+    EXPECT_EQ(Kinds(), (std::vector<std::string>{"open", "ask", "ask"}));
+    EXPECT_EQ(mirvane::ReadTypIds(typ), (mirvane::TypIds{1000, 2}));
+    EXPECT_TRUE(CacheFiles().empty());
+    EXPECT_EQ(install_.OutsideFiles(), (std::vector<std::string>{"keep.txt=keep", "keep2.txt=keep"}));
+
+    // Dissociating deletes the value; No keeps the caches.
+    prompts_.Log.clear();
+    model_->Dissociate();
+    EXPECT_EQ(registry_->Changes.back(), "SOFTWARE\\Garmin\\Mapsource\\Families\\OSM Topo TYP deleted");
+    EXPECT_TRUE(Row().Typ.empty());
+    EXPECT_EQ(Kinds(), std::vector<std::string>{"ask"});
+}
+
+TEST_F(InstallTypModelTest, NoToTheFidPidQuestionLeavesTheTypAndACancelledDialogChangesNothing) {
+    Select("OSM Contours");
+    const fs::path typ = install_.Elsewhere() / "style.typ";
+    prompts_.Paths = {std::nullopt, typ.string()};
+    model_->Associate();
+    EXPECT_TRUE(registry_->Changes.empty());
+    EXPECT_EQ(Kinds(), std::vector<std::string>{"open"});
+
+    model_->Associate();
+    EXPECT_EQ(registry_->Changes.size(), 1u);
+    EXPECT_EQ(mirvane::ReadTypIds(typ), (mirvane::TypIds{1000, 1}));
+}
+
+TEST_F(InstallTypModelTest, HighFamilyIdentifiersAreComparedAsTheHeaderHoldsThem) {
+    Select("Randonnée");  // FID 65400, PID 1
+    const fs::path typ = install_.Elsewhere() / "style.typ";
+    FakeGarminInstall::WriteTyp(typ, 65400, 1);
+    prompts_.Paths = {typ.string(), typ.string()};
+    model_->Associate();
+    EXPECT_EQ(prompts_.Texts("ask").size(), 1u);  // only the cache question
+
+    // 65300 is not folded into the signed range: asked even when it is the TYP's.
+    FakeGarminInstall::WriteTdb(install_.DriveC() / "Garmin/Rando/rando.tdb", "Randonn\xe9" "e", 1, 65300);
+    FakeGarminInstall::WriteTyp(typ, 65300, 1);
+    model_->List();
+    Select("Randonnée");
+    prompts_.Log.clear();
+    model_->Associate();
+    ASSERT_EQ(prompts_.Texts("ask").size(), 2u);
+    EXPECT_NE(prompts_.Texts("ask")[0].find("FID"), std::string::npos);
+}
+
+TEST_F(InstallTypModelTest, AnInstalledFolderTakesARelativeEntryAndLosesItAgain) {
+    Select("Pyrenees.gmap");
+    const fs::path folder = install_.InstalledFolder("Pyrenees.gmap");
+    const fs::path typ = install_.DriveC() / "Garmin/OSM Topo/osm.typ";  // FID 1000, PID 1
+    prompts_.Paths = {typ.string()};
+    prompts_.Answers = {true, false};
+    model_->Associate();
+
+    const std::string entry = "..\\..\\..\\..\\Garmin\\OSM Topo\\osm.typ";
+    EXPECT_EQ(Row().Typ, entry);
+    std::string expected = FakeGarminInstall::kInfoV1;
+    expected.replace(expected.find("pyr.typ"), 7, entry);
+    EXPECT_EQ(FakeGarminInstall::Read(folder / "info.xml"), expected);
+    // The mapset's FID, and no PID: the product is the info file's business.
+    EXPECT_EQ(mirvane::ReadTypIds(typ), (mirvane::TypIds{5150, 0}));
+    EXPECT_TRUE(registry_->Changes.empty());
+
+    EXPECT_TRUE(model_->OpenAssociatedTyp());
+    EXPECT_EQ(opened_, std::vector<std::string>{typ.string()});
+
+    model_->Dissociate();
+    EXPECT_EQ(FakeGarminInstall::Read(folder / "info.xml"),
+              "<MapProduct>\n  <Name>Pyrenees</Name>\n  <ID>5150</ID>\n  <IDX>pyr.mdx</IDX>\n</MapProduct>\n");
+    EXPECT_TRUE(Row().Typ.empty());
+}
+
+TEST_F(InstallTypModelTest, ATypOnAnotherDriveIsCopiedToTheMapsetsDriveOnlyWhenTheUserSaysSo) {
+    Select("Alpes.gmap");
+    const fs::path folder = install_.InstalledFolder("Alpes.gmap");
+    const fs::path typ = install_.Elsewhere() / "style.typ";
+    prompts_.Paths = {typ.string()};
+    prompts_.Answers = {false};
+    model_->Associate();
+    EXPECT_EQ(FakeGarminInstall::Read(folder / "info_v2.xml"), FakeGarminInstall::kInfoV2);
+    ASSERT_EQ(prompts_.Texts("ask").size(), 1u);
+    EXPECT_NE(prompts_.Texts("ask")[0].find("lecteur  C  , et"), std::string::npos) << prompts_.Texts("ask")[0];
+
+    prompts_.Log.clear();
+    const fs::path copy = folder / "alpes.typ";
+    prompts_.Paths = {typ.string(), copy.string()};
+    prompts_.Answers = {true, true, false};  // copy, adjust, keep the caches
+    model_->Associate();
+    EXPECT_EQ(Kinds(), (std::vector<std::string>{"open", "ask", "save", "ask", "ask"}));
+    EXPECT_EQ(prompts_.Log[2].Title, "Copier le fichier style.typ vers le disque  C:");
+    EXPECT_EQ(Row().Typ, "alpes.typ");
+    EXPECT_EQ(mirvane::InfoTypEntry(FakeGarminInstall::Read(folder / "info_v2.xml"), mirvane::InfoFormat::V2),
+              "alpes.typ");
+    EXPECT_EQ(mirvane::ReadTypIds(copy), (mirvane::TypIds{4242, 0}));
+    EXPECT_EQ(mirvane::ReadTypIds(typ), (mirvane::TypIds{1000, 1}));  // the original stays as it was
+}
+
+TEST_F(InstallTypModelTest, RowsThatCannotTakeATypAreRefusedOrIgnored) {
+    Select("Marine");  // a product: no TYP value there
+    model_->Associate();
+    EXPECT_TRUE(prompts_.Log.empty());
+
+    Select("Vide");  // no info file
+    model_->Associate();
+    EXPECT_EQ(prompts_.Texts("warn"), std::vector<std::string>{"Mirvane|Problème avec le fichier info.xml du mapset"});
+
+    // A registry that cannot be changed (no Wine) says why and changes nothing.
+    prompts_.Log.clear();
+    environment_ = mirvane::WinePrefixEnvironment(install_.Prefix(), "tester", {});
+    Start();
+    prompts_.Paths = {(install_.Elsewhere() / "style.typ").string()};
+    model_->Associate();
+    ASSERT_EQ(prompts_.Texts("warn").size(), 1u);
+    EXPECT_NE(prompts_.Texts("warn")[0].find("Wine"), std::string::npos);
+    EXPECT_EQ(Row().Typ, "C:\\Garmin\\OSM Topo\\osm.typ");
+}
+
+TEST_F(InstallTypModelTest, OpeningFindsTheRegistrysTypInThePrefix) {
+    EXPECT_TRUE(model_->OpenAssociatedTyp());
+    EXPECT_EQ(opened_, std::vector<std::string>{(install_.DriveC() / "Garmin/OSM Topo/osm.typ").string()});
+    Select("Marine");
+    EXPECT_FALSE(model_->OpenAssociatedTyp());
+    EXPECT_EQ(prompts_.Texts("inform").size(), 1u);
+}
+
+TEST_F(InstallTypModelTest, AMacBundleTakesItsTypBehindItsMapIndex) {
+    environment_ = mirvane::MacMapsEnvironment(install_.MacHome());
+    Start();
+    const fs::path typ = install_.MacHome() / "styles/corse.typ";
+    FakeGarminInstall::WriteTyp(typ, 77, 0);
+    prompts_.Paths = {typ.string()};
+    model_->Associate();
+    EXPECT_EQ(Row().Typ, "../../../../../styles/corse.typ");
+    const fs::path info = install_.MacHome() / "Library/Application Support/Garmin/Maps/Corse.gmap/Info.xml";
+    EXPECT_EQ(FakeGarminInstall::Read(info),
+              "<MapProduct>\n  <ID>77</ID>\n  <IDX>corse.mdx</IDX>\n  <MDR>corse_mdr.img</MDR>\n\n"
+              "  <TYP>../../../../../styles/corse.typ</TYP>\n</MapProduct>\n");
+    EXPECT_EQ(prompts_.Texts("ask").size(), 1u);  // same FID and PID: only the cache question
+    EXPECT_TRUE(model_->OpenAssociatedTyp());
+    EXPECT_EQ(fs::weakly_canonical(opened_.back()), fs::weakly_canonical(typ));
+}
+
+// --- the caches
+
+TEST_F(InstallTypModelTest, ClearingTheCachesKeepsFoldersAndEverythingOutside) {
+    const fs::path mapSource = environment_.CacheFolders[0];
+    const fs::path baseCamp = environment_.CacheFolders[1];
+    EXPECT_FALSE(fs::exists(environment_.CacheFolders[2]));  // MapInstall: missing, so empty
+    model_->ClearCaches();
+    EXPECT_TRUE(prompts_.Log.empty());
+    EXPECT_TRUE(CacheFiles().empty());
+    EXPECT_TRUE(fs::is_directory(mapSource / "12"));
+    EXPECT_TRUE(fs::is_directory(baseCamp / "empty"));
+    EXPECT_FALSE(fs::exists(fs::symlink_status(mapSource / "link-to-file")));
+    EXPECT_FALSE(fs::exists(fs::symlink_status(baseCamp / "link-to-folder")));
+    EXPECT_EQ(install_.OutsideFiles(), (std::vector<std::string>{"keep.txt=keep", "keep2.txt=keep"}));
+
+    // Again, with nothing left: no message either.
+    EXPECT_TRUE(mirvane::ClearCacheModel(environment_.CacheFolders, prompts_).Run());
+    EXPECT_TRUE(prompts_.Log.empty());
+}
+
+TEST(CacheFoldersTest, DotsInThePathStayInsideAndACacheFolderThatIsALinkIsNotEntered) {
+    FakeGarminInstall install;
+    const fs::path local = install.DriveC() / "users/tester/AppData/Local";
+    // The dots stay inside: the BaseCamp cache itself is cleared.
+    const auto dotted = mirvane::DeleteFolderContents(local / "GARMIN/../GARMIN/BaseCamp/./TileCache");
+    EXPECT_TRUE(dotted.Complete());
+    EXPECT_EQ(dotted.FilesDeleted, 2);  // c.tile and the link
+    EXPECT_FALSE(fs::exists(local / "GARMIN/BaseCamp/TileCache/c.tile"));
+
+    // A cache folder that is a link to a folder outside is not entered.
+    const fs::path linked = local / "GARMIN/MapInstall/TileCache";
+    fs::create_directories(linked.parent_path());
+    fs::create_directory_symlink(install.Outside(), linked);
+    const auto result = mirvane::DeleteFolderContents(linked);
+    EXPECT_TRUE(result.Complete());
+    EXPECT_EQ(result.FilesDeleted, 0);
+    EXPECT_EQ(install.OutsideFiles(), (std::vector<std::string>{"keep.txt=keep", "keep2.txt=keep"}));
+}
+
+}  // namespace

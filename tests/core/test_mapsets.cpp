@@ -1,0 +1,326 @@
+// Finding installed mapsets: a Wine prefix's registry file, the paths of the
+// map programs, the info files and their rewriting, TDB and TYP headers, and
+// the whole listing over a fake Wine prefix and a fake macOS home.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "base/ascii.h"
+#include "base/file_io.h"
+#include "fake_garmin_install.h"
+#include "mapsets/info_file.h"
+#include "mapsets/mapset_catalog.h"
+#include "mapsets/program_paths.h"
+#include "mapsets/typ_ids.h"
+#include "mapsets/wine_registry.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using mirvane::testing::FakeGarminInstall;
+
+// --- Wine's registry file
+
+TEST(WineRegistryTest, ReadsTheValuesAsWineWritesThem) {
+    const mirvane::WineRegistry registry(
+        "WINE REGISTRY Version 2\r\n"
+        "[Software\\\\Maps\\\\Key] 1700000000\r\n"
+        "#time=1d9a\r\n"
+        "\"Path\"=\"C:\\\\Garmin\\\\Maps\\\\x.typ\"\r\n"
+        "\"Quoted\"=\"say \\\"hi\\\"\\tnow\\101\"\r\n"
+        "\"Accents\"=\"Randonn\\x00e9e \\x263a\\xd83d\\xde00\"\r\n"
+        "\"Expand\"=str(2):\"%APPDATA%\\\\GARMIN\"\r\n"
+        "@=\"default\"\r\n"
+        "\"Word\"=dword:0000ff78\r\n"
+        "\"Two\"=hex:e8,03\r\n"
+        "\"Long\"=hex:01,02,\\\r\n"
+        "  03,04,05\r\n"
+        "\"After\"=\"still read\"\r\n");
+    const std::string key = "SOFTWARE\\maps\\KEY";  // without regard to case
+    EXPECT_EQ(registry.Text(key, "path"), "C:\\Garmin\\Maps\\x.typ");
+    EXPECT_EQ(registry.Text(key, "Quoted"), "say \"hi\"\tnowA");
+    EXPECT_EQ(registry.Text(key, "Accents"), "Randonnée ☺😀");
+    EXPECT_EQ(registry.Text(key, "Expand"), "%APPDATA%\\GARMIN");
+    EXPECT_EQ(registry.Text(key, ""), "default");
+    EXPECT_EQ(registry.Number(key, "Word"), 65400u);
+    EXPECT_EQ(registry.Number(key, "Two"), 1000u);
+    EXPECT_EQ(registry.Number(key, "Long"), 0x04030201u);
+    EXPECT_EQ(registry.Text(key, "After"), "still read");
+    EXPECT_FALSE(registry.Text(key, "Word"));
+    EXPECT_FALSE(registry.Number(key, "Path"));
+    EXPECT_FALSE(registry.Text("Software\\Maps\\Other", "Path"));
+}
+
+TEST(WineRegistryTest, SubkeysShowAlsoThroughDeeperKeysAndOnce) {
+    const mirvane::WineRegistry registry(
+        "[Software\\\\G\\\\Families\\\\B\\\\1]\n\"LOC\"=\"x\"\n"
+        "[Software\\\\G\\\\Families\\\\a]\n\"ID\"=dword:00000001\n"
+        "[Software\\\\G\\\\Families\\\\A\\\\2]\n\"LOC\"=\"y\"\n"
+        "[Software\\\\G\\\\FamiliesNT\\\\C]\n\"ID\"=dword:00000002\n");
+    EXPECT_EQ(registry.SubKeys("Software\\G\\Families"), (std::vector<std::string>{"B", "a"}));
+    EXPECT_EQ(registry.SubKeys("Software\\G\\Families\\A"), std::vector<std::string>{"2"});
+    EXPECT_TRUE(registry.SubKeys("Software\\G\\Missing").empty());
+}
+
+TEST(WineRegistryTest, A64BitPrefixShowsTheWow6432NodeKeysToGarminsPrograms) {
+    const std::string keys =
+        "[Software\\\\Garmin\\\\MapSource\\\\Families\\\\Native]\n\"ID\"=dword:00000001\n"
+        "[Software\\\\Wow6432Node\\\\Garmin\\\\MapSource\\\\Families\\\\Redirected]\n\"ID\"=dword:00000002\n";
+    const mirvane::WineRegistry win64("#arch=win64\n" + keys);
+    const mirvane::WineRegistry win32("#arch=win32\n" + keys);
+    EXPECT_TRUE(win64.Is64Bit());
+    EXPECT_EQ(win64.SubKeys("SOFTWARE\\Garmin\\Mapsource\\Families"), std::vector<std::string>{"Redirected"});
+    EXPECT_EQ(win32.SubKeys("SOFTWARE\\Garmin\\Mapsource\\Families"), std::vector<std::string>{"Native"});
+    // A 64-bit prefix where nothing is installed for 32-bit programs reads the plain keys.
+    const mirvane::WineRegistry plain("#arch=win64\n[Software\\\\Other]\n\"A\"=\"b\"\n");
+    EXPECT_EQ(plain.Text("SOFTWARE\\Other", "A"), "b");
+}
+
+struct RecordedRuns {
+    std::vector<std::vector<std::string>> Runs;
+    int Status = 0;
+    mirvane::ProgramRunner Runner() {
+        return [this](const std::vector<std::string>& arguments) {
+            Runs.push_back(arguments);
+            return Status;
+        };
+    }
+};
+
+TEST(WineRegistryWriterTest, ChangesGoThroughWineRegAndAreSeenAtOnce) {
+    mirvane::WineRegistry registry("#arch=win64\n[Software\\\\Wow6432Node\\\\Garmin\\\\Mapsource\\\\Families\\\\F]\n"
+                                   "\"TYP\"=\"C:\\\\old.typ\"\n");
+    RecordedRuns runs;
+    mirvane::WineRegistryWriter writer(registry, runs.Runner());
+    const std::string key = "SOFTWARE\\Garmin\\Mapsource\\Families\\F";
+
+    EXPECT_FALSE(writer.SetText(key, "TYP", "Z:\\home\\me\\my style.typ"));
+    EXPECT_EQ(registry.Text(key, "TYP"), "Z:\\home\\me\\my style.typ");
+    EXPECT_FALSE(writer.DeleteValue(key, "TYP"));
+    EXPECT_FALSE(registry.Text(key, "TYP"));
+    ASSERT_EQ(runs.Runs.size(), 2u);
+    EXPECT_EQ(runs.Runs[0], (std::vector<std::string>{"wine", "reg", "add", "HKLM\\" + key, "/v", "TYP", "/t", "REG_SZ",
+                                                      "/d", "Z:\\home\\me\\my style.typ", "/f", "/reg:32"}));
+    EXPECT_EQ(runs.Runs[1],
+              (std::vector<std::string>{"wine", "reg", "delete", "HKLM\\" + key, "/v", "TYP", "/f", "/reg:32"}));
+
+    // A failed run changes nothing and says so.
+    runs.Status = 1;
+    const mirvane::RegistryFailure failure = writer.SetText(key, "TYP", "C:\\new.typ");
+    ASSERT_TRUE(failure);
+    EXPECT_NE(failure->find("1"), std::string::npos);
+    EXPECT_FALSE(registry.Text(key, "TYP"));
+}
+
+TEST(WineRegistryWriterTest, WithoutWineReadingWorksAndChangingSaysWineIsNeeded) {
+    mirvane::WineRegistry registry("[Software\\\\K]\n\"TYP\"=\"C:\\\\a.typ\"\n");
+    mirvane::WineRegistryWriter writer(registry, {});
+    const mirvane::RegistryFailure failure = writer.SetText("Software\\K", "TYP", "C:\\b.typ");
+    ASSERT_TRUE(failure);
+    EXPECT_NE(failure->find("Wine"), std::string::npos);
+    EXPECT_EQ(registry.Text("Software\\K", "TYP"), "C:\\a.typ");
+}
+
+// --- paths of the map programs
+
+TEST(ProgramPathsTest, AWinePrefixMapsDrivesBothWaysAndFindsNamesWithoutCase) {
+    FakeGarminInstall install;
+    const auto paths = mirvane::ProgramPaths::Wine(install.Prefix());
+    EXPECT_EQ(paths.ToHost("C:\\GARMIN\\osm topo\\OSM.TDB"), install.DriveC() / "Garmin/OSM Topo/osm.tdb");
+    EXPECT_EQ(paths.ToHost("c:/Garmin/OSM Topo/../Rando/./rando.tdb"), install.DriveC() / "Garmin/Rando/rando.tdb");
+    EXPECT_EQ(paths.FromHost(install.DriveC() / "Garmin/Rando"), "C:\\Garmin\\Rando");
+    EXPECT_EQ(paths.FromHost(install.DriveC()), "C:\\");
+    // Outside drive_c the whole machine is Z:.
+    const std::string elsewhere = paths.FromHost(install.Elsewhere() / "style.typ");
+    EXPECT_TRUE(elsewhere.starts_with("Z:\\")) << elsewhere;
+    EXPECT_EQ(paths.ToHost(elsewhere), fs::weakly_canonical(install.Elsewhere() / "style.typ"));
+    EXPECT_TRUE(paths.ToHost("Q:\\nowhere").empty());
+
+    // The links of dosdevices are the drives when there are some.
+    fs::create_directories(install.Prefix() / "dosdevices");
+    fs::create_directory_symlink("../drive_c", install.Prefix() / "dosdevices/c:");
+    fs::create_directory_symlink(install.Elsewhere(), install.Prefix() / "dosdevices/d:");
+    const auto linked = mirvane::ProgramPaths::Wine(install.Prefix());
+    EXPECT_EQ(linked.FromHost(install.Elsewhere() / "style.typ"), "D:\\style.typ");
+    EXPECT_TRUE(fs::exists(linked.ToHost("D:\\STYLE.typ")));
+    EXPECT_EQ(linked.FromHost(install.DriveC() / "Garmin"), "C:\\Garmin");
+}
+
+TEST(ProgramPathsTest, RelativeAndAbsolutePathsOfInfoFiles) {
+    struct Case {
+        const char* Target;
+        const char* Base;
+        char Separator;
+        const char* Relative;
+    };
+    const Case cases[] = {
+        {"C:\\Maps\\X\\style.typ", "C:\\Maps\\X", '\\', "style.typ"},
+        {"C:\\Maps\\X\\sub\\style.typ", "C:\\Maps\\X\\", '\\', "sub\\style.typ"},
+        {"C:\\Maps\\Y\\style.typ", "C:\\Maps\\X", '\\', "..\\Y\\style.typ"},
+        {"C:\\Maps\\Xa\\style.typ", "C:\\Maps\\X", '\\', "..\\Xa\\style.typ"},
+        {"c:\\typ\\style.typ", "C:\\ProgramData\\Garmin\\Maps\\X", '\\', "..\\..\\..\\..\\typ\\style.typ"},
+        {"D:\\style.typ", "C:\\Maps\\X", '\\', ""},
+        {"/Users/me/style.typ", "/Users/me/Library/Maps/X.gmap", '/', "../../../style.typ"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.Target);
+        const std::string relative = mirvane::RelativePath(c.Target, c.Base, c.Separator);
+        EXPECT_EQ(relative, c.Relative);
+        if (relative.empty()) continue;
+        // Back again, up to the case of the letters.
+        EXPECT_EQ(mirvane::AsciiLower(mirvane::AbsolutePath(relative, c.Base, c.Separator)),
+                  mirvane::AsciiLower(c.Target));
+    }
+    EXPECT_EQ(mirvane::AbsolutePath("D:\\style.typ", "C:\\Maps", '\\'), "D:\\style.typ");
+    EXPECT_EQ(mirvane::AbsolutePath("/abs/style.typ", "/Users", '/'), "/abs/style.typ");
+}
+
+// --- info files
+
+TEST(InfoFileTest, TheTypEntryIsSetAfterItsAnchorOrReplacedAndRemovedWithItsLine) {
+    using mirvane::InfoFormat;
+    struct Case {
+        const char* Name;
+        InfoFormat Format;
+        const char* Before;
+        const char* After;  // nullptr: refused
+    };
+    const Case cases[] = {
+        {"existing entry", InfoFormat::V1, "<ID>1</ID>\n  <TYP>old.typ</TYP>\n", "<ID>1</ID>\n  <TYP>new.typ</TYP>\n"},
+        {"MDR before IDX", InfoFormat::V1, "<IDX>a</IDX>\n<MDR>b</MDR>\n",
+         "<IDX>a</IDX>\n<MDR>b</MDR>\n\n  <TYP>new.typ</TYP>\n"},
+        {"IDX before ID", InfoFormat::V1, "<ID>1</ID>\n<IDX>a</IDX>\n", "<ID>1</ID>\n<IDX>a</IDX>\n\n  <TYP>new.typ</TYP>\n"},
+        {"ID only", InfoFormat::V1, "<ID>1</ID>\n", "<ID>1</ID>\n\n  <TYP>new.typ</TYP>\n"},
+        {"no anchor", InfoFormat::V1, "<Name>x</Name>\n", nullptr},
+        {"unclosed entry", InfoFormat::V1, "<ID>1</ID><TYP>old", nullptr},
+        {"v2 existing", InfoFormat::V2, "<File id=\"TYP\">old.typ</File>", "<File id=\"TYP\">new.typ</File>"},
+        {"v2 after mdr", InfoFormat::V2, "<File id=\"MDR\">a.mdr</File>\r\n</S>",
+         "<File id=\"MDR\">a.mdr</File>\r\n    <File id=\"TYP\">new.typ</File>\r\n</S>"},
+        {"v2 after mdx", InfoFormat::V2, "<File id=\"IDX\">a.mdx</File>\n",
+         "<File id=\"IDX\">a.mdx</File>\n    <File id=\"TYP\">new.typ</File>\n"},
+        {"v2 traffic", InfoFormat::V2, "<File id=\"T\">a.trf.trf</File><File id=\"M\">a.mdr</File>",
+         "<File id=\"T\">a.trf.trf</File>\n    <File id=\"TYP\">new.typ</File><File id=\"M\">a.mdr</File>"},
+        {"v2 traffic without its double ending", InfoFormat::V2, "<File id=\"T\">a.trf</File><File>a.mdr</File>",
+         nullptr},
+        {"v2 no anchor", InfoFormat::V2, "<File id=\"X\">a.img</File>", nullptr},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.Name);
+        const auto changed = mirvane::WithTypEntry(c.Before, c.Format, "new.typ");
+        if (!c.After) {
+            EXPECT_FALSE(changed);
+            continue;
+        }
+        ASSERT_TRUE(changed);
+        EXPECT_EQ(*changed, c.After);
+        EXPECT_EQ(mirvane::InfoTypEntry(*changed, c.Format), "new.typ");
+        EXPECT_TRUE(mirvane::InfoTypEntry(mirvane::WithoutTypEntry(*changed, c.Format), c.Format).empty());
+    }
+}
+
+TEST(InfoFileTest, RemovingTheEntryTakesItsLineAndKeepsTheRestByteForByte) {
+    using mirvane::InfoFormat;
+    EXPECT_EQ(mirvane::WithoutTypEntry(FakeGarminInstall::kInfoV1, InfoFormat::V1),
+              "<MapProduct>\n  <Name>Pyrenees</Name>\n  <ID>5150</ID>\n  <IDX>pyr.mdx</IDX>\n</MapProduct>\n");
+    // Set and removed again, a CR LF file is what it was.
+    const std::string v2 = FakeGarminInstall::kInfoV2;
+    EXPECT_EQ(mirvane::WithoutTypEntry(*mirvane::WithTypEntry(v2, InfoFormat::V2, "a.typ"), InfoFormat::V2), v2);
+    EXPECT_EQ(mirvane::WithoutTypEntry("<TYP>only</TYP>", InfoFormat::V1), "");
+    EXPECT_EQ(mirvane::WithoutTypEntry(v2, InfoFormat::V2), v2);
+}
+
+// --- TDB and TYP headers
+
+TEST(TdbHeaderTest, NameUpToItsZeroInTheWindowsCodePageAndTheTwoIdentifiers) {
+    mirvane::testing::TempFolder folder;
+    FakeGarminInstall::WriteTdb(folder.Path() / "a.tdb", "Randonn\xe9" "e", 2, 65400);
+    const auto header = mirvane::ReadTdbHeader(folder.Path() / "a.tdb");
+    ASSERT_TRUE(header);
+    EXPECT_EQ(header->Name, "Randonnée");
+    EXPECT_EQ(header->ProductId, 2);
+    EXPECT_EQ(header->FamilyId, 65400);
+
+    FakeGarminInstall::Write(folder.Path() / "short.tdb", std::string("\x50\x01\x00\x01\x00", 5));
+    EXPECT_FALSE(mirvane::ReadTdbHeader(folder.Path() / "short.tdb"));
+    EXPECT_FALSE(mirvane::ReadTdbHeader(folder.Path() / "missing.tdb"));
+}
+
+TEST(TypIdsTest, MapsetIdentifiersAreComparedAsTheHeaderHoldsThem) {
+    struct Case {
+        std::int64_t Fid, Pid;
+        mirvane::TypIds Expected;
+    };
+    const Case cases[] = {
+        {1000, 1, {1000, 1}},
+        {65400, 1, {-136, 1}},    // folded into the header's signed range
+        {65300, 1, {65300, 1}},   // not folded: never equal to a header
+        {65355, 1, {65355, 1}},
+        {65356, 65536, {-180, 0}},
+    };
+    for (const Case& c : cases) EXPECT_EQ(mirvane::MapsetIdsForTyp(c.Fid, c.Pid), c.Expected) << c.Fid;
+}
+
+TEST(TypIdsTest, WritingTheIdentifiersChangesThoseFourBytesOnly) {
+    mirvane::testing::TempFolder folder;
+    const fs::path typ = folder.Path() / "a.typ";
+    FakeGarminInstall::WriteTyp(typ, 1000, 1);
+    mirvane::Bytes before, after;
+    ASSERT_TRUE(mirvane::ReadWholeFile(typ, before));
+    EXPECT_EQ(mirvane::ReadTypIds(typ), (mirvane::TypIds{1000, 1}));
+
+    ASSERT_TRUE(mirvane::WriteTypIds(typ, mirvane::MapsetIdsForTyp(65400, 3)));
+    EXPECT_EQ(mirvane::ReadTypIds(typ), (mirvane::TypIds{-136, 3}));
+    ASSERT_TRUE(mirvane::ReadWholeFile(typ, after));
+    ASSERT_EQ(after.size(), before.size());
+    for (std::size_t i = 0; i < before.size(); ++i)
+        if (i < 47 || i > 50) {
+            ASSERT_EQ(after[i], before[i]) << "byte " << i;
+        }
+    EXPECT_EQ(after[47], 0x78);
+    EXPECT_EQ(after[48], 0xFF);
+
+    FakeGarminInstall::Write(folder.Path() / "short.typ", "GARMIN TYP");
+    EXPECT_FALSE(mirvane::ReadTypIds(folder.Path() / "short.typ"));
+    EXPECT_FALSE(mirvane::WriteTypIds(folder.Path() / "short.typ", {1, 1}));
+}
+
+// --- the listing
+
+std::vector<std::string> RowTexts(const std::vector<mirvane::MapsetRow>& rows) {
+    std::vector<std::string> texts;
+    for (const auto& row : rows)
+        texts.push_back(row.Name + "|" + row.Fid + "|" + row.Pid + "|" + row.Typ + "|" + row.Source + "|" + row.Folder);
+    return texts;
+}
+
+TEST(MapsetCatalogTest, AWinePrefixListsFamiliesProductsAndInstalledFolders) {
+    FakeGarminInstall install;
+    const auto environment = mirvane::WinePrefixEnvironment(install.Prefix(), "tester", {});
+    const std::string maps = "C:\\ProgramData\\Garmin\\Maps\\";
+    EXPECT_EQ(RowTexts(mirvane::ListMapsets(environment)),
+              (std::vector<std::string>{
+                  "OSM Topo 2024|1000|1|C:\\Garmin\\OSM Topo\\osm.typ|Families\\OSM Topo|C:\\Garmin\\OSM Topo",
+                  "OSM Contours|1000|2|C:\\Garmin\\OSM Topo\\osm.typ|Families\\OSM Topo|C:\\Garmin\\OSM Topo\\Contours",
+                  "Randonnée|65400|1||FamiliesNT\\Randonnée|C:\\Garmin\\Rando",
+                  "Marine|300|7||Products\\Marine|C:\\Garmin\\Marine",
+                  "Alpes.gmap|4242|||Installed|" + maps + "Alpes.gmap",
+                  "Pyrenees.gmap|5150||pyr.typ|Installed|" + maps + "Pyrenees.gmap",
+                  "Vide||||Installed|" + maps + "Vide",
+              }));
+    EXPECT_EQ(environment.CacheFolders.front(),
+              install.DriveC() / "users/tester/AppData/Roaming/GARMIN/MapSource/TileCache");
+}
+
+TEST(MapsetCatalogTest, AMacHomeListsItsGmapBundlesAndAMissingPrefixNothing) {
+    FakeGarminInstall install;
+    const auto mac = mirvane::MacMapsEnvironment(install.MacHome());
+    const std::string bundle =
+        mirvane::Utf8FromPath(install.MacHome() / "Library/Application Support/Garmin/Maps/Corse.gmap");
+    EXPECT_EQ(RowTexts(mirvane::ListMapsets(mac)), std::vector<std::string>{"Corse.gmap|77|||Installed|" + bundle});
+    EXPECT_FALSE(mac.Registry);
+
+    const auto none = mirvane::WinePrefixEnvironment(install.Prefix() / "missing", "tester", {});
+    EXPECT_TRUE(mirvane::ListMapsets(none).empty());
+}
+
+}  // namespace
