@@ -6,11 +6,13 @@
 #include <QPixmap>
 #include <QTimer>
 #include <cstdio>
+#include <memory>
 
 #include "document/document.h"
 #include "models/shell/main_window_model.h"
 #include "models/shell/startup.h"
 #include "app/lang/change_language.h"
+#include "app/poi/import_bitmap_window.h"
 #include "lang/lookup.h"
 #include "app/shell/dialog_prompts.h"
 #include "app/shell/main_window.h"
@@ -49,7 +51,23 @@ void ConnectTextRoute(MainWindow& window, MainWindowModel& model) {
 
 namespace {
 
-int TakeScreenshot(const QString& out, const QString& file) {
+// Takes "NAME VALUE" out of the arguments; false when the value is missing.
+bool TakeOption(QStringList& args, const QString& name, QString& value) {
+    const int at = args.indexOf(name);
+    if (at < 0) return true;
+    if (at + 1 >= args.size()) return false;
+    value = args[at + 1];
+    args.remove(at, 2);
+    return true;
+}
+
+// A window other than the main one, drawn on its own; none for an unknown name.
+std::unique_ptr<QWidget> ScreenshotWindow(const QString& name, UserPrompts& prompts, const QString& picture) {
+    if (name == "frmImporterBitmap") return ImportBitmapWindowWithPicture(prompts, picture);
+    return nullptr;
+}
+
+int TakeScreenshot(const QString& out, const QString& file, const QString& windowName, const QString& picture) {
     MemorySettingsStore settings;  // leaves the user's settings alone
     SilentPrompts prompts;
     Document doc;
@@ -58,9 +76,15 @@ int TakeScreenshot(const QString& out, const QString& file) {
     ConnectTextRoute(window, model);
     window.resize(1280, 800);
     if (!file.isEmpty()) model.OpenAny(CommandLinePath(file.toStdString()));
-    window.show();
+    std::unique_ptr<QWidget> other;
+    if (!windowName.isEmpty() && !(other = ScreenshotWindow(windowName, prompts, picture))) {
+        std::fprintf(stderr, "mirvane: no window %s to draw\n", qPrintable(windowName));
+        return 2;
+    }
+    QWidget& drawn = other ? *other : static_cast<QWidget&>(window);
+    drawn.show();
     QApplication::processEvents();
-    if (!window.grab().save(out)) {
+    if (!drawn.grab().save(out)) {
         std::fprintf(stderr, "mirvane: cannot write %s\n", qPrintable(out));
         return 1;
     }
@@ -75,15 +99,16 @@ int RunMirvane(const QStringList& arguments) {
     SetLanguageFolder(FindLanguageFolder().toStdString());
 
     QStringList args = arguments;
-    const int shot = args.indexOf("--screenshot");
-    if (shot >= 0) {
-        if (shot + 1 >= args.size()) {
-            std::fprintf(stderr, "usage: mirvane --screenshot OUT.png [FILE]\n");
+    if (args.contains("--screenshot")) {
+        QString out, windowName, picture, language;
+        if (!TakeOption(args, "--screenshot", out) || !TakeOption(args, "--window", windowName) ||
+            !TakeOption(args, "--picture", picture) || !TakeOption(args, "--language", language) || out.isEmpty()) {
+            std::fprintf(stderr, "usage: mirvane --screenshot OUT.png [--window frmImporterBitmap --picture PICTURE] "
+                                 "[--language NAME] [FILE]\n");
             return 2;
         }
-        const QString out = args[shot + 1];
-        args.remove(shot, 2);
-        return TakeScreenshot(out, args.value(0));
+        if (LanguageExists(language.toStdString())) SetLanguageName(language.toStdString());
+        return TakeScreenshot(out, args.value(0), windowName, picture);
     }
 
     QtSettingsStore settings;
