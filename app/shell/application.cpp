@@ -13,6 +13,7 @@
 #include "models/shell/startup.h"
 #include "app/lang/change_language.h"
 #include "app/mapsets/mapsets_window.h"
+#include "app/poi/import_bitmap_window.h"
 #include "lang/lookup.h"
 #include "app/shell/dialog_prompts.h"
 #include "app/shell/main_window.h"
@@ -61,7 +62,19 @@ bool TakeOption(QStringList& args, const QString& name, QString& value) {
     return true;
 }
 
-int TakeScreenshot(const QString& out, const QString& file, const QString& windowName) {
+// A window other than the main one, drawn on its own; none for an unknown name.
+std::unique_ptr<QWidget> ScreenshotWindow(const QString& name, UserPrompts& prompts, const QString& picture) {
+    if (name == "frmImporterBitmap") return ImportBitmapWindowWithPicture(prompts, picture);
+    if (name == "frmMapsets") {
+        auto window = std::make_unique<MapsetsWindow>(LocalMapsetEnvironment(), prompts, nullptr, false);
+        // The offscreen screen is 800 pixels wide, narrower than the window would make itself.
+        window->resize(1180, window->height());
+        return window;
+    }
+    return nullptr;
+}
+
+int TakeScreenshot(const QString& out, const QString& file, const QString& windowName, const QString& picture) {
     MemorySettingsStore settings;  // leaves the user's settings alone
     SilentPrompts prompts;
     Document doc;
@@ -70,16 +83,12 @@ int TakeScreenshot(const QString& out, const QString& file, const QString& windo
     ConnectTextRoute(window, model);
     window.resize(1280, 800);
     if (!file.isEmpty()) model.OpenAny(CommandLinePath(file.toStdString()));
-    std::unique_ptr<QWidget> shown;
-    if (windowName == "frmMapsets") {
-        shown = std::make_unique<MapsetsWindow>(LocalMapsetEnvironment(), prompts, nullptr, false);
-        // The offscreen screen is 800 pixels wide, narrower than the window would make itself.
-        shown->resize(1180, shown->height());
-    } else if (!windowName.isEmpty()) {
+    std::unique_ptr<QWidget> other;
+    if (!windowName.isEmpty() && !(other = ScreenshotWindow(windowName, prompts, picture))) {
         std::fprintf(stderr, "mirvane: no window %s to draw\n", qPrintable(windowName));
         return 2;
     }
-    QWidget& drawn = shown ? *shown : static_cast<QWidget&>(window);
+    QWidget& drawn = other ? *other : static_cast<QWidget&>(window);
     drawn.show();
     QApplication::processEvents();
     if (!drawn.grab().save(out)) {
@@ -98,14 +107,15 @@ int RunMirvane(const QStringList& arguments) {
 
     QStringList args = arguments;
     if (args.contains("--screenshot")) {
-        QString out, windowName, language;
+        QString out, windowName, picture, language;
         if (!TakeOption(args, "--screenshot", out) || !TakeOption(args, "--window", windowName) ||
-            !TakeOption(args, "--language", language) || out.isEmpty()) {
-            std::fprintf(stderr, "usage: mirvane --screenshot OUT.png [--window frmMapsets] [--language NAME] [FILE]\n");
+            !TakeOption(args, "--picture", picture) || !TakeOption(args, "--language", language) || out.isEmpty()) {
+            std::fprintf(stderr, "usage: mirvane --screenshot OUT.png [--window frmMapsets | frmImporterBitmap --picture PICTURE] "
+                                 "[--language NAME] [FILE]\n");
             return 2;
         }
         if (LanguageExists(language.toStdString())) SetLanguageName(language.toStdString());
-        return TakeScreenshot(out, args.value(0), windowName);
+        return TakeScreenshot(out, args.value(0), windowName, picture);
     }
 
     QtSettingsStore settings;

@@ -24,6 +24,8 @@ void ConnectTextRoute(MainWindow& window, MainWindowModel& model);
 // Runs the program on the arguments (without the program name):
 //   [FILE]                       opens FILE
 //   --screenshot OUT.png [FILE]  draws the main window offscreen into OUT.png and ends
+//       [--window frmImporterBitmap --picture PICTURE]  draws that window instead, with the picture open
+//       [--language NAME]             in that language
 // Needs a QApplication.
 int RunMirvane(const QStringList& arguments);
 

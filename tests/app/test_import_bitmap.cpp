@@ -1,0 +1,256 @@
+// frmImporterBitmap driven through its widgets, offscreen, on picture files
+// the test writes with Qt's own writers, and the picture of the clipboard.
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QFile>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <memory>
+
+#include "app/platform/qt_image_source.h"
+#include "app/poi/import_bitmap_window.h"
+#include "app/preview/raster_image.h"
+#include "app/shell/application.h"
+#include "scripted_prompts.h"
+
+using namespace mirvane;
+using mirvane::app::ImportBitmapWindow;
+
+namespace {
+
+template <typename T = QWidget>
+T* Child(QWidget* parent, const QString& name) {
+    T* widget = parent->findChild<T*>(name);
+    if (!widget) qFatal("no widget %s", qPrintable(name));
+    return widget;
+}
+
+// A transparent ground with an opaque blue square in the middle.
+QImage BlueSquareOnNothing(int width, int height) {
+    QImage image(width, height, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    QPainter(&image).fillRect(width / 4, height / 4, width / 2, height / 2, QColor(0, 0, 255));
+    return image;
+}
+
+// Every pixel a colour of its own: a photograph as far as colours go.
+QImage Photograph(int width, int height) {
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) image.setPixel(x, y, qRgb(x * 255 / width, y * 255 / height, (x + y) % 256));
+    return image;
+}
+
+}  // namespace
+
+class ImportBitmapTest : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir folder_;
+    ScriptedPrompts prompts_;
+    std::unique_ptr<ImportBitmapWindow> window_;
+
+    QString Save(const QImage& image, const QString& name, const char* format = nullptr) {
+        const QString path = folder_.filePath(name);
+        if (!image.save(path, format)) qFatal("cannot write %s", qPrintable(path));
+        return path;
+    }
+    QString Write(const QByteArray& bytes, const QString& name) {
+        const QString path = folder_.filePath(name);
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly)) qFatal("cannot write %s", qPrintable(path));
+        file.write(bytes);
+        return path;
+    }
+
+    template <typename T = QWidget>
+    T* Control(const char* name) { return Child<T>(window_.get(), name); }
+    void Click(const char* name) { QTest::mouseClick(Control<QPushButton>(name), Qt::LeftButton); }
+    QString Text(const char* name) { return Control<QLabel>(name)->text(); }
+
+    // Types the path into Text1 and presses "Ouvrir l'image".
+    void OpenPicture(const QString& path) {
+        auto* text1 = Control<QLineEdit>("Text1");
+        text1->selectAll();
+        QTest::keyClicks(text1, path);
+        Click("cmdOuvrir");
+    }
+    QString Size() {
+        return Control<QComboBox>("cbbLargeur")->currentText() + "x" + Control<QComboBox>("cbbHauteur")->currentText();
+    }
+
+private slots:
+    void initTestCase() { QVERIFY(folder_.isValid()); }
+    void init() {
+        prompts_ = ScriptedPrompts();
+        window_ = std::make_unique<ImportBitmapWindow>(prompts_);
+        window_->show();
+    }
+    void cleanup() { window_.reset(); }
+
+    void aPngWithTransparencyGivesTransparentPixels() {
+        OpenPicture(Save(BlueSquareOnNothing(32, 16), "square.png"));
+        QCOMPARE(Size(), QString("32x16"));
+        QCOMPARE(Text("lblLargeur"), QString("Largeur : 32"));
+        QCOMPARE(Text("lblHauteur"), QString("Hauteur : 16"));
+        QVERIFY(Control<QPushButton>("cmdImporterBitmap")->isEnabled());
+        Click("cmdImporterBitmap");
+        QCOMPARE(window_->result(), int(QDialog::Accepted));
+        QVERIFY(prompts_.Log.empty());
+
+        const ImportedBitmap& bitmap = *window_->Model().Result();
+        QCOMPARE(bitmap.Width, 32);
+        QCOMPARE(bitmap.ColourMode, kModeTransparentColour);
+        QCOMPARE(bitmap.ColourCount(), 2);  // black in front of the one colour
+        QCOMPARE(bitmap.Palette[1].Rgb, Colour(0xFF0000));
+        QCOMPARE(bitmap.Indices.At({0, 0}), kTransparentIndex);
+        QCOMPARE(bitmap.Indices.At({16, 8}), std::uint8_t(1));
+        // Before OK, on the day and the night map (the bitmap's pixel (2, 2) at
+        // twice its size from (32, 48)): the grounds show through.
+        QCOMPARE(Control<app::RasterPicture>("picJour")->Image().pixelColor(36, 52), QColor(Qt::white));
+        QCOMPARE(Control<app::RasterPicture>("picNuit")->Image().pixelColor(36, 52), QColor(Qt::black));
+        QCOMPARE(Control<app::RasterPicture>("picNuit")->Image().pixelColor(64, 64), QColor(0, 0, 255));
+    }
+
+    void softEdgesKeepTheirAlpha() {
+        QImage image = BlueSquareOnNothing(8, 8);
+        image.setPixel(0, 0, qRgba(255, 0, 0, 128));
+        OpenPicture(Save(image, "soft.png"));
+        QVERIFY(Text("lblNombreCouleurs").endsWith("colormode 20"));
+        Click("cmdImporterBitmap");
+        const ImportedBitmap& bitmap = *window_->Model().Result();
+        QCOMPARE(bitmap.ColourMode, kModeAlpha);
+        QCOMPARE(bitmap.Alpha.At({0, 0}), std::uint8_t(7));
+        QCOMPARE(bitmap.Colours.At({0, 0}), 0x0000FFu);
+        QCOMPARE(bitmap.Alpha.At({7, 7}), kFullyTransparent);
+    }
+
+    void aJpegPhotographAsksForGarminColours() {
+        OpenPicture(Save(Photograph(200, 100), "photo.jpg", "JPG"));
+        QCOMPARE(Size(), QString("64x32"));
+        prompts_.Answers = {false};
+        Click("cmdImporterBitmap");
+        QVERIFY(window_->isVisible());
+        QVERIFY(!window_->Model().Result());
+        QCOMPARE(prompts_.Texts("ask").size(), std::size_t(1));
+
+        prompts_.Answers = {true};
+        Click("cmdImporterBitmap");
+        QCOMPARE(window_->result(), int(QDialog::Accepted));
+        const ImportedBitmap& bitmap = *window_->Model().Result();
+        QVERIFY(bitmap.GarminColours);
+        QVERIFY(bitmap.ColourCount() <= kMaxPaletteColours);
+    }
+
+    void theCombosChooseTheSizeOfABmp() {
+        QImage image(10, 10, QImage::Format_RGB32);
+        image.fill(QColor(255, 255, 255));
+        QPainter(&image).fillRect(0, 0, 5, 10, QColor(0, 0, 0));
+        OpenPicture(Save(image, "halves.bmp"));
+        QCOMPARE(Size(), QString("10x10"));
+        Control<QComboBox>("cbbLargeur")->setCurrentIndex(1);  // 2 pixels: one black, one white
+        QCOMPARE(Size(), QString("2x10"));
+        QCOMPARE(Text("lblNombreCouleurs"), QString("Couleurs : 2 - colormode 10"));
+        Click("cmdImporterBitmap");
+        const ImportedBitmap& bitmap = *window_->Model().Result();
+        QCOMPARE(bitmap.Width, 2);
+        QCOMPARE(bitmap.Height, 10);
+        QCOMPARE(bitmap.Colours.At({0, 3}), 0u);
+        QCOMPARE(bitmap.Colours.At({1, 3}), 0xFFFFFFu);
+    }
+
+    void anIconOpensAtItsSize() {
+        OpenPicture(Save(BlueSquareOnNothing(16, 16), "icon.ico", "ICO"));
+        QVERIFY(prompts_.Log.empty());
+        QCOMPARE(Size(), QString("16x16"));
+    }
+
+    void damagedFilesSayWhyAndChangeNothing() {
+        OpenPicture(Save(Photograph(40, 30), "first.png"));
+        Control<QComboBox>("cbbHauteur")->setCurrentIndex(9);
+        const QImage shown = Control<app::RasterPicture>("Picture2(1)")->Image();
+        const QString corrupt = Write("\x89PNG\r\n\x1a\nnot a picture at all", "corrupt.png");
+        const QString empty = Write({}, "empty.jpg");
+
+        OpenPicture(corrupt);
+        OpenPicture(empty);
+        OpenPicture(folder_.filePath("absent.bmp"));
+        const auto messages = prompts_.Texts("inform");
+        QCOMPARE(messages.size(), std::size_t(3));
+        QCOMPARE(QString::fromStdString(messages[0]),
+                 "Image illisible|Le fichier " + corrupt +
+                     " n'est pas une image que Mirvane sait lire (PNG, JPEG, BMP, GIF, ICO).");
+        QCOMPARE(QString::fromStdString(messages[1]), "Image illisible|Le fichier " + empty + " est vide.");
+        QVERIFY(QString::fromStdString(messages[2]).startsWith("Fichier introuvable|"));
+
+        QCOMPARE(Size(), QString("40x10"));
+        QCOMPARE(Text("lblLargeur"), QString("Largeur : 40"));
+        QCOMPARE(Control<app::RasterPicture>("Picture2(1)")->Image(), shown);
+    }
+
+    void nothingToImportBeforeAPictureIsOpen() {
+        QVERIFY(!Control<QPushButton>("cmdImporterBitmap")->isEnabled());
+        Click("cmdOuvrir");
+        QCOMPARE(prompts_.Texts("inform"),
+                 std::vector<std::string>{"Chemin absent|Il faut entrer le chemin d'un fichier image."});
+        Click("cmdAnnuler");
+        QCOMPARE(window_->result(), int(QDialog::Rejected));
+        QVERIFY(!window_->Model().Result());
+    }
+
+    void theViewsZoomTheBitmap() {
+        OpenPicture(Save(BlueSquareOnNothing(8, 8), "small.png"));
+        const QImage real = Control<app::RasterPicture>("Picture2(1)")->Image();
+        for (int i = 0; i < 3; ++i) Click("cmdZoomIn(1)");
+        QCOMPARE(window_->Model().Zoom(ImportView::Bitmap), 4);
+        // The blue square, 4 pixels across, is 16 screen pixels wide at zoom 4.
+        const QImage zoomed = Control<app::RasterPicture>("Picture2(1)")->Image();
+        QCOMPARE(zoomed.pixelColor(135 - 8, 135 + 7), QColor(0, 0, 255));
+        QVERIFY(zoomed.pixelColor(135 - 9, 135) != QColor(0, 0, 255));
+        Click("cmdTailleReelle(1)");
+        QCOMPARE(Control<app::RasterPicture>("Picture2(1)")->Image(), real);
+        QCOMPARE(window_->Model().Zoom(ImportView::Source), 1);
+    }
+
+    void theClipboardGivesItsPictureAsAFileWould() {
+        const QImage image = BlueSquareOnNothing(12, 6);
+        QGuiApplication::clipboard()->setImage(image);
+        const auto picture = app::ClipboardPicture();
+        if (!picture) QSKIP("this platform has no clipboard");
+        QCOMPARE(*picture, app::RgbaFromImage(image));
+        QCOMPARE(*picture, *app::ReadPictureFile(Save(image, "clip.png").toStdString()));
+        window_->Model().LoadPicture(*picture);
+        window_->Refresh();
+        QCOMPARE(Size(), QString("12x6"));
+    }
+
+    void theScreenshotOptionDrawsTheWindowWithThePicture() {
+        const QString picture = Save(BlueSquareOnNothing(40, 20), "shot.png");
+        const QString out = folder_.filePath("frmImporterBitmap.png");
+        QCOMPARE(app::RunMirvane({"--screenshot", out, "--window", "frmImporterBitmap", "--picture", picture}), 0);
+        const QImage drawn(out);
+        QCOMPARE(drawn.size() / drawn.devicePixelRatio(), window_->size());
+        QCOMPARE(app::RunMirvane({"--screenshot", out, "--window", "frmNothing"}), 2);
+        QCOMPARE(app::RunMirvane({"--screenshot", out, "--window"}), 2);
+    }
+
+    void picturesConvertWithoutPremultipliedColours() {
+        QImage image(2, 1, QImage::Format_ARGB32_Premultiplied);
+        image.setPixel(0, 0, qPremultiply(qRgba(200, 100, 50, 128)));
+        image.setPixel(1, 0, qRgba(0, 0, 0, 0));
+        const RgbaPicture picture = app::RgbaFromImage(image);
+        QCOMPARE(picture.Pixels[1], 0u);
+        QCOMPARE(AlphaByte(picture.Pixels[0]), std::uint8_t(128));
+        QVERIFY(qAbs(int((picture.Pixels[0] >> 16) & 0xFF) - 200) <= 1);
+        QCOMPARE(app::RgbaFromImage(app::ImageFromRgba(picture)), picture);
+    }
+};
+
+QTEST_MAIN(ImportBitmapTest)
+#include "test_import_bitmap.moc"

@@ -1,0 +1,246 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "colour/bitmap_import.h"
+
+using namespace mirvane;
+
+namespace {
+
+// Pictures are written 0xAARRGGBB here, as the decoders give them; colours of
+// the bitmap 0x00BBGGRR, as the documents hold them.
+constexpr std::uint32_t kOpaqueRed = 0xFFFF0000, kOpaqueWhite = 0xFFFFFFFF, kOpaqueBlack = 0xFF000000;
+constexpr std::uint32_t kClear = 0x00000000;
+constexpr Colour kRed = 0x0000FF, kWhite = 0xFFFFFF, kBlack = 0;
+
+RgbaPicture Picture(int width, int height, std::initializer_list<std::uint32_t> pixels) {
+    RgbaPicture picture(width, height);
+    picture.Pixels.assign(pixels);
+    return picture;
+}
+
+// Every pixel a colour of its own: (x, y) -> red x, green y, blue 0x40.
+RgbaPicture Gradient(int width, int height) {
+    RgbaPicture picture(width, height);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) picture.SetPixel(x, y, 0xFF000040u | x << 16 | y << 8);
+    return picture;
+}
+
+std::vector<Colour> PaletteColours(const ImportedBitmap& bitmap) {
+    std::vector<Colour> colours;
+    for (const ImportedColour& entry : bitmap.Palette) colours.push_back(entry.Rgb);
+    return colours;
+}
+
+// Each pixel's index names an entry of its own colour and alpha, or the pixel is transparent.
+void ExpectIndicesMatchPixels(const ImportedBitmap& bitmap) {
+    for (int y = 0; y < bitmap.Height; ++y)
+        for (int x = 0; x < bitmap.Width; ++x) {
+            const Cell cell{x, y};
+            const std::uint8_t index = bitmap.Indices.At(cell);
+            if (index == kTransparentIndex) {
+                EXPECT_TRUE(bitmap.IsTransparent(cell));
+                continue;
+            }
+            ASSERT_LT(index, bitmap.Palette.size());
+            EXPECT_EQ(bitmap.Palette[index].Rgb, static_cast<Colour>(bitmap.Colours.At(cell)));
+            EXPECT_EQ(bitmap.Palette[index].Alpha, bitmap.ColourMode == kModeAlpha ? bitmap.Alpha.At(cell) : kOpaque);
+        }
+}
+
+}  // namespace
+
+TEST(BitmapImportSize, LongSideComesToTheLimitAndTheOtherIsCut) {
+    struct Case {
+        int width, height, side;
+        PictureSize expected;
+    };
+    const Case cases[] = {
+        {100, 25, 64, {64, 16}}, {25, 100, 64, {16, 64}}, {64, 64, 64, {64, 64}}, {65, 65, 64, {64, 64}},
+        {30, 20, 64, {30, 20}},  {1000, 5, 64, {64, 0}},  {99, 70, 64, {64, 45}}, {542, 100, 271, {271, 50}},
+        {1, 1, 64, {1, 1}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(FitWithin(c.width, c.height, c.side), c.expected) << c.width << "x" << c.height;
+}
+
+TEST(BitmapImportScale, SameSizeIsAnExactCopy) {
+    RgbaPicture picture = Gradient(17, 9);
+    picture.SetPixel(3, 4, 0x80123456);
+    picture.SetPixel(5, 5, kClear);
+    EXPECT_EQ(ScalePicture(picture, 17, 9), picture);
+}
+
+TEST(BitmapImportScale, WholeEnlargementRepeatsEachPixel) {
+    const RgbaPicture picture = Picture(2, 1, {kOpaqueRed, 0x7F00FF00});
+    const RgbaPicture scaled = ScalePicture(picture, 6, 4);
+    ASSERT_EQ(scaled.Width, 6);
+    ASSERT_EQ(scaled.Height, 4);
+    for (int y = 0; y < 4; ++y)
+        for (int x = 0; x < 6; ++x) EXPECT_EQ(scaled.Pixel(x, y), x < 3 ? kOpaqueRed : 0x7F00FF00u) << x << "," << y;
+}
+
+TEST(BitmapImportScale, ReductionAveragesTheCoveredArea) {
+    // Halving: each new pixel is the mean of two.
+    EXPECT_EQ(ScalePicture(Picture(2, 1, {kOpaqueBlack, kOpaqueWhite}), 1, 1).Pixels[0], 0xFF808080u);
+    // Three to two: the first new pixel covers all of pixel 0 and half of pixel 1.
+    const RgbaPicture thirds = ScalePicture(Picture(3, 1, {kOpaqueBlack, 0xFF0000FF, kOpaqueWhite}), 2, 1);
+    EXPECT_EQ(thirds.Pixels[0], 0xFF000055u);
+    EXPECT_EQ(thirds.Pixels[1], 0xFFAAAAFFu);
+    // Down to one pixel: the mean of the whole picture.
+    RgbaPicture grey(40, 30, kOpaqueBlack);
+    for (int x = 0; x < 20; ++x)
+        for (int y = 0; y < 30; ++y) grey.SetPixel(x, y, kOpaqueWhite);
+    EXPECT_EQ(ScalePicture(grey, 1, 1).Pixels[0], 0xFF808080u);
+}
+
+TEST(BitmapImportScale, TransparentPixelsLendNoColour) {
+    // A red pixel beside a transparent green one: half as opaque, still red.
+    EXPECT_EQ(ScalePicture(Picture(2, 1, {kOpaqueRed, 0x0000FF00}), 1, 1).Pixels[0], 0x80FF0000u);
+    EXPECT_EQ(ScalePicture(Picture(2, 2, {kClear, kClear, kClear, kClear}), 1, 1).Pixels[0], kClear);
+}
+
+TEST(BitmapImportScale, SizesFromOneToSixtyFourAndNonSquare) {
+    const RgbaPicture photo = Gradient(200, 150);
+    for (auto [w, h] : {std::pair{1, 1}, {64, 64}, {64, 48}, {5, 64}, {64, 1}}) {
+        const RgbaPicture scaled = ScalePicture(photo, w, h);
+        EXPECT_EQ(scaled.Width, w);
+        EXPECT_EQ(scaled.Height, h);
+        EXPECT_EQ(scaled.Pixels.size(), static_cast<std::size_t>(w * h));
+        // The colours stay within the source's: red grows to the right, green down.
+        EXPECT_LE(scaled.Pixel(0, 0) & 0xFFFFFF, scaled.Pixel(w - 1, h - 1) & 0xFFFFFF);
+    }
+    EXPECT_TRUE(ScalePicture(photo, 0, 10).Empty());
+    EXPECT_EQ(ScalePicture(RgbaPicture(), 3, 2), RgbaPicture(3, 2, kClear));
+}
+
+TEST(BitmapImportAlpha, SixteenStepsFromOpaqueToTransparent) {
+    EXPECT_EQ(GarminAlpha(255), kOpaque);
+    EXPECT_EQ(GarminAlpha(0), kFullyTransparent);
+    EXPECT_EQ(GarminAlpha(128), 7);
+    for (int step = 0; step <= 15; ++step)
+        EXPECT_EQ(GarminAlpha(AlphaByteOf(static_cast<std::uint8_t>(step))), step);
+}
+
+TEST(BitmapImportPalette, DistinctColoursInAscendingOrderWithTransparentPixels) {
+    const RgbaPicture picture = Picture(3, 2, {kOpaqueWhite, kOpaqueRed, kClear,  //
+                                               kOpaqueRed, 0xFF0000FF, 0x04FFFFFF});
+    const ImportedBitmap bitmap = ImportBitmap(picture, ImportColours::AsTheyAre);
+    EXPECT_EQ(bitmap.Width, 3);
+    EXPECT_EQ(bitmap.Height, 2);
+    EXPECT_EQ(bitmap.ColourMode, kModeTransparentColour);
+    EXPECT_EQ(bitmap.ColourModeIndex(), 1);
+    EXPECT_EQ(PaletteColours(bitmap), (std::vector<Colour>{kRed, 0xFF0000, kWhite}));
+    EXPECT_EQ(bitmap.Indices.At({0, 0}), 2);
+    EXPECT_EQ(bitmap.Indices.At({1, 0}), 0);
+    EXPECT_EQ(bitmap.Indices.At({2, 0}), kTransparentIndex);
+    // Nearly transparent counts as transparent: alpha 4 of 255 is step 15.
+    EXPECT_EQ(bitmap.Indices.At({2, 1}), kTransparentIndex);
+    EXPECT_EQ(bitmap.Alpha.At({2, 1}), kFullyTransparent);
+    ExpectIndicesMatchPixels(bitmap);
+    EXPECT_EQ(CountImportColours(picture), 3);
+}
+
+TEST(BitmapImportPalette, BlackEntryStaysInFrontOfASingleColour) {
+    struct Case {
+        const char* name;
+        RgbaPicture picture;
+        std::vector<Colour> palette;
+        std::uint8_t index;
+    };
+    const Case cases[] = {
+        {"all transparent", RgbaPicture(4, 4, kClear), {kBlack}, kTransparentIndex},
+        {"one colour", RgbaPicture(4, 4, kOpaqueRed), {kBlack, kRed}, 1},
+        {"only black", RgbaPicture(1, 1, kOpaqueBlack), {kBlack, kBlack}, 0},
+        {"black and white", Picture(2, 1, {kOpaqueWhite, kOpaqueBlack}), {kBlack, kWhite}, 1},
+    };
+    for (const Case& c : cases) {
+        const ImportedBitmap bitmap = ImportBitmap(c.picture, ImportColours::AsTheyAre);
+        EXPECT_EQ(PaletteColours(bitmap), c.palette) << c.name;
+        EXPECT_EQ(bitmap.Indices.At({0, 0}), c.index) << c.name;
+    }
+}
+
+TEST(BitmapImportPalette, MoreColoursThanAPaletteHolds) {
+    // 254 colours fit as they are; 255 do not.
+    const RgbaPicture fits = Gradient(2, 127);
+    EXPECT_EQ(CountImportColours(fits), 254);
+    EXPECT_EQ(ImportBitmap(fits, ImportColours::AsTheyAre).ColourCount(), 254);
+
+    const RgbaPicture photo = Gradient(64, 64);
+    ASSERT_GT(CountImportColours(photo), kMaxPaletteColours);
+    const ImportedBitmap exact = ImportBitmap(photo, ImportColours::AsTheyAre);
+    EXPECT_TRUE(exact.IsTrueColour());
+    EXPECT_EQ(exact.Colours.At({63, 10}), 0x400A3Fu);
+
+    const ImportedBitmap garmin = ImportBitmap(photo, ImportColours::NearestGarmin);
+    EXPECT_TRUE(garmin.GarminColours);
+    EXPECT_FALSE(garmin.IsTrueColour());
+    EXPECT_LE(garmin.ColourCount(), kMaxPaletteColours);
+    std::set<Colour> distinct;
+    for (const ImportedColour& entry : garmin.Palette) {
+        EXPECT_TRUE(IsGarminColour(entry.Rgb)) << ColourText(entry.Rgb);
+        distinct.insert(entry.Rgb);
+    }
+    EXPECT_EQ(distinct.size(), garmin.Palette.size());
+    ExpectIndicesMatchPixels(garmin);
+}
+
+TEST(BitmapImportPalette, TrueColourMarksTransparentPixelsWithAnUnusedColour) {
+    RgbaPicture photo = Gradient(64, 64);
+    photo.SetPixel(0, 0, kClear);
+    photo.SetPixel(1, 0, 0xFFFF00FF);  // magenta, the first key tried
+    const ImportedBitmap bitmap = ImportBitmap(photo, ImportColours::AsTheyAre);
+    ASSERT_TRUE(bitmap.IsTrueColour());
+    EXPECT_EQ(bitmap.Indices.At({0, 0}), kTransparentIndex);
+    EXPECT_EQ(bitmap.Indices.At({1, 0}), 0);
+    for (int y = 0; y < 64; ++y)
+        for (int x = 0; x < 64; ++x) {
+            if (bitmap.IsTransparent({x, y})) continue;
+            ASSERT_NE(static_cast<Colour>(bitmap.Colours.At({x, y})), bitmap.KeyColour);
+        }
+}
+
+TEST(BitmapImportAlphaMode, PartialAlphaKeepsAlphaPerEntry) {
+    const RgbaPicture picture = Picture(4, 1, {kOpaqueRed, 0x80FF0000, kClear, kClear});
+    const ImportedBitmap bitmap = ImportBitmap(picture, ImportColours::AsTheyAre);
+    EXPECT_EQ(bitmap.ColourMode, kModeAlpha);
+    EXPECT_EQ(bitmap.ColourModeIndex(), 2);
+    // Red opaque, red at 7 of 15, and one entry (black, 15) for both transparent pixels.
+    EXPECT_EQ(bitmap.Palette, (std::vector<ImportedColour>{{kBlack, 15}, {kRed, 0}, {kRed, 7}}));
+    EXPECT_EQ(bitmap.Indices.At({2, 0}), 0);
+    EXPECT_EQ(bitmap.Indices.At({3, 0}), 0);
+    ExpectIndicesMatchPixels(bitmap);
+}
+
+TEST(BitmapImportAlphaMode, ManyAlphasBecomeTrueColourWithAlphaPerPixel) {
+    // Each Garmin colour at several alphas: more (colour, alpha) pairs than a
+    // palette holds, even after the colours are made Garmin colours.
+    RgbaPicture picture(64, 64);
+    for (int k = 0; k < 64 * 64; ++k) {
+        const Colour garmin = *PaletteSquareColour(k % kPaletteSquareCount + 1);
+        const auto step = static_cast<std::uint8_t>(k / kPaletteSquareCount % 14 + 1);
+        picture.SetPixel(k % 64, k / 64, ArgbOf(garmin, AlphaByteOf(step)));
+    }
+    const ImportedBitmap bitmap = ImportBitmap(picture, ImportColours::NearestGarmin);
+    EXPECT_EQ(bitmap.ColourMode, kModeAlpha);
+    ASSERT_TRUE(bitmap.IsTrueColour());
+    EXPECT_EQ(bitmap.Indices.At({5, 0}), 0);
+    EXPECT_EQ(bitmap.Alpha.At({5, 0}), 1);
+    EXPECT_EQ(bitmap.Alpha.At({0, 4}), 2);  // pixel 256, past the first round of colours
+    EXPECT_EQ(PictureOf(bitmap), picture);
+}
+
+TEST(BitmapImportRoundTrip, PictureOfTheBitmapGivesThePictureBack) {
+    // Colours as they are, alpha already on the sixteen steps: nothing is lost.
+    RgbaPicture picture = Gradient(20, 12);
+    picture.SetPixel(2, 3, kClear);
+    picture.SetPixel(4, 5, static_cast<std::uint32_t>(AlphaByteOf(9)) << 24 | 0x123456);
+    EXPECT_EQ(PictureOf(ImportBitmap(picture, ImportColours::AsTheyAre)), picture);
+
+    // A palette bitmap draws each pixel in its entry's colour.
+    const RgbaPicture small = Picture(2, 2, {kOpaqueRed, kClear, kOpaqueWhite, kOpaqueRed});
+    EXPECT_EQ(PictureOf(ImportBitmap(small, ImportColours::AsTheyAre)), small);
+}

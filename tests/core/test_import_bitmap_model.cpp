@@ -1,0 +1,247 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+
+#include "models/poi/import_bitmap_model.h"
+#include "scripted_prompts.h"
+#include "temp_folder.h"
+
+using namespace mirvane;
+
+namespace {
+
+constexpr std::uint32_t kOpaqueRed = 0xFFFF0000, kClear = 0;
+constexpr RasterColour kFormGround = 0xF0F0F0;
+
+// Every pixel a colour of its own.
+RgbaPicture Gradient(int width, int height) {
+    RgbaPicture picture(width, height);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) picture.SetPixel(x, y, 0xFF000000u | (x & 0xFF) << 16 | (y & 0xFF) << 8 | 0x40);
+    return picture;
+}
+
+// The files of a test: real files on disk (the model looks at them), whose
+// pictures a stand-in reader gives back; a file it was not given is unreadable.
+class ImportBitmapModelTest : public ::testing::Test {
+protected:
+    std::string File(const std::string& name, const std::string& bytes = "picture") {
+        const std::string path = folder_.File(name);
+        std::ofstream(path, std::ios::binary) << bytes;
+        return path;
+    }
+    std::string PictureFile(const std::string& name, RgbaPicture picture) {
+        const std::string path = File(name);
+        pictures_[path] = std::move(picture);
+        return path;
+    }
+    bool OpenFile(const std::string& path) {
+        model_.SetPath(path);
+        return model_.Open();
+    }
+
+    mirvane::testing::TempFolder folder_;
+    std::map<std::string, RgbaPicture> pictures_;
+    ScriptedPrompts prompts_;
+    ImportBitmapModel model_{prompts_, [this](const std::string& path) -> std::optional<RgbaPicture> {
+                                 const auto found = pictures_.find(path);
+                                 if (found == pictures_.end()) return std::nullopt;
+                                 return found->second;
+                             }};
+};
+
+}  // namespace
+
+TEST_F(ImportBitmapModelTest, OpeningProposesTheSizeAndScales) {
+    struct Case {
+        int width, height, proposedWidth, proposedHeight;
+    };
+    for (const Case& c : {Case{100, 25, 64, 16}, Case{25, 100, 16, 64}, Case{64, 64, 64, 64}, Case{12, 7, 12, 7}}) {
+        ASSERT_TRUE(OpenFile(PictureFile("p.png", RgbaPicture(c.width, c.height, kOpaqueRed))));
+        EXPECT_TRUE(model_.FileOpen());
+        EXPECT_EQ(model_.Source().Width, c.width);
+        EXPECT_EQ(model_.TargetWidth(), c.proposedWidth);
+        EXPECT_EQ(model_.TargetHeight(), c.proposedHeight);
+        EXPECT_EQ(model_.Bitmap().Width, c.proposedWidth);
+        EXPECT_EQ(model_.Bitmap().Height, c.proposedHeight);
+        EXPECT_TRUE(model_.CanImport());
+    }
+    EXPECT_TRUE(prompts_.Log.empty());
+}
+
+TEST_F(ImportBitmapModelTest, AVeryLongPictureWaitsForTheUsersHeight) {
+    ASSERT_TRUE(OpenFile(PictureFile("long.png", Gradient(1000, 5))));
+    EXPECT_EQ(model_.TargetWidth(), 64);
+    EXPECT_EQ(model_.TargetHeight(), 0);
+    EXPECT_FALSE(model_.CanImport());
+    EXPECT_FALSE(model_.Import());
+    model_.SetTargetHeight(3);
+    EXPECT_EQ(model_.Bitmap().Width, 64);
+    EXPECT_EQ(model_.Bitmap().Height, 3);
+    EXPECT_TRUE(model_.CanImport());
+}
+
+TEST_F(ImportBitmapModelTest, CombosScaleOnlyOnceAPictureIsOpen) {
+    model_.SetTargetWidth(20);
+    EXPECT_EQ(model_.TargetWidth(), 20);
+    EXPECT_EQ(model_.Bitmap().Width, 0);
+    ASSERT_TRUE(OpenFile(PictureFile("p.png", Gradient(40, 40))));
+    model_.SetTargetWidth(10);
+    model_.SetTargetHeight(64);
+    EXPECT_EQ(model_.Bitmap().Width, 10);
+    EXPECT_EQ(model_.Bitmap().Height, 64);
+    model_.SetTargetWidth(65);  // beyond the list: no choice
+    EXPECT_EQ(model_.TargetWidth(), 0);
+    EXPECT_FALSE(model_.CanImport());
+}
+
+TEST_F(ImportBitmapModelTest, FilesThatCannotBeOpenedLeaveEverythingAsItWas) {
+    ASSERT_TRUE(OpenFile(PictureFile("good.png", Gradient(30, 20))));
+    model_.SetTargetWidth(15);
+    const ImportedBitmap before = model_.Bitmap();
+
+    const std::string missing = folder_.File("missing.png");
+    const std::string empty = File("empty.png", "");
+    const std::string corrupt = File("corrupt.png", "\x89PNG broken");
+    struct Case {
+        std::string path, shown;
+    };
+    const Case cases[] = {
+        {"", "inform|Chemin absent|Il faut entrer le chemin d'un fichier image."},
+        {missing, "inform|Fichier introuvable|Le fichier " + missing + " est introuvable.\r\nVeuillez réessayer."},
+        {folder_.Path().string(), "inform|Fichier introuvable|Le fichier " + folder_.Path().string() +
+                                      " est introuvable.\r\nVeuillez réessayer."},
+        {empty, "inform|Image illisible|Le fichier " + empty + " est vide."},
+        {corrupt, "inform|Image illisible|Le fichier " + corrupt +
+                      " n'est pas une image que Mirvane sait lire (PNG, JPEG, BMP, GIF, ICO)."},
+    };
+    for (const Case& c : cases) {
+        prompts_.Log.clear();
+        EXPECT_FALSE(OpenFile(c.path));
+        ASSERT_EQ(prompts_.Log.size(), 1u) << c.path;
+        EXPECT_EQ(prompts_.Log[0].Kind + "|" + prompts_.Texts("inform")[0], c.shown);
+        EXPECT_EQ(model_.Source().Width, 30);
+        EXPECT_EQ(model_.TargetWidth(), 15);
+        EXPECT_EQ(model_.Bitmap(), before);
+        EXPECT_TRUE(model_.FileOpen());
+    }
+}
+
+TEST_F(ImportBitmapModelTest, BrowsePutsTheChosenPathInText1) {
+    prompts_.Paths = {std::string("/pictures/a.png"), std::nullopt};
+    model_.Browse();
+    EXPECT_EQ(model_.Path(), "/pictures/a.png");
+    model_.Browse();  // cancelled
+    EXPECT_EQ(model_.Path(), "/pictures/a.png");
+    EXPECT_EQ(prompts_.Texts("open").front(),
+              "Choisir l'image à importer|Images (*.png *.jpg *.jpeg *.bmp *.gif *.ico)");
+    EXPECT_FALSE(model_.FileOpen());
+}
+
+TEST_F(ImportBitmapModelTest, ImportHandsTheBitmapOverAndCloses) {
+    RgbaPicture picture(2, 2, kOpaqueRed);
+    picture.SetPixel(1, 1, kClear);
+    ASSERT_TRUE(OpenFile(PictureFile("p.png", picture)));
+    ASSERT_TRUE(model_.Import());
+    EXPECT_TRUE(model_.Closed());
+    ASSERT_TRUE(model_.Result().has_value());
+    EXPECT_EQ(*model_.Result(), ImportBitmap(picture, ImportColours::AsTheyAre));
+    EXPECT_EQ(model_.Result()->Indices.At({1, 1}), kTransparentIndex);
+    EXPECT_TRUE(prompts_.Log.empty());
+}
+
+TEST_F(ImportBitmapModelTest, MoreThan254ColoursAskBeforeTakingGarminColours) {
+    ASSERT_TRUE(OpenFile(PictureFile("photo.jpg", Gradient(64, 64))));
+    EXPECT_EQ(model_.ColourCount(), 64 * 64);
+    const std::string question =
+        "Mirvane|Le nombre de couleurs de l'image dépasse 254\r\n\r\n"
+        "Pour pouvoir importer le bitmap, le nombre de couleurs doit être réduit à 254\r\n\r\n"
+        "Voulez-vous que Mirvane le fasse?";
+
+    prompts_.Answers = {false};
+    EXPECT_FALSE(model_.Import());
+    EXPECT_FALSE(model_.Closed());
+    EXPECT_FALSE(model_.Result().has_value());
+    EXPECT_EQ(prompts_.Texts("ask"), std::vector<std::string>{question});
+
+    prompts_.Answers = {true};
+    ASSERT_TRUE(model_.Import());
+    const ImportedBitmap& bitmap = *model_.Result();
+    EXPECT_TRUE(bitmap.GarminColours);
+    EXPECT_LE(bitmap.ColourCount(), kMaxPaletteColours);
+    for (const ImportedColour& entry : bitmap.Palette) EXPECT_TRUE(IsGarminColour(entry.Rgb));
+}
+
+TEST_F(ImportBitmapModelTest, FewerColoursAskNothing) {
+    ASSERT_TRUE(OpenFile(PictureFile("p.png", Gradient(2, 127))));  // 254 colours
+    EXPECT_TRUE(model_.Import());
+    EXPECT_FALSE(model_.Result()->GarminColours);
+    EXPECT_TRUE(prompts_.Texts("ask").empty());
+}
+
+TEST_F(ImportBitmapModelTest, CancelHandsNothingOver) {
+    ASSERT_TRUE(OpenFile(PictureFile("p.png", Gradient(8, 8))));
+    model_.Cancel();
+    EXPECT_TRUE(model_.Closed());
+    EXPECT_FALSE(model_.Result().has_value());
+}
+
+TEST_F(ImportBitmapModelTest, ZoomStaysBetweenOneAndSixteen) {
+    for (int i = 0; i < 20; ++i) model_.ZoomIn(ImportView::Bitmap);
+    EXPECT_EQ(model_.Zoom(ImportView::Bitmap), 16);
+    EXPECT_EQ(model_.Zoom(ImportView::Source), 1);
+    model_.ZoomOut(ImportView::Bitmap);
+    EXPECT_EQ(model_.Zoom(ImportView::Bitmap), 15);
+    model_.RealSize(ImportView::Bitmap);
+    EXPECT_EQ(model_.Zoom(ImportView::Bitmap), 1);
+    model_.ZoomOut(ImportView::Bitmap);
+    EXPECT_EQ(model_.Zoom(ImportView::Bitmap), 1);
+}
+
+TEST_F(ImportBitmapModelTest, ViewsCentreTheZoomedPictureAndCheckTransparency) {
+    RgbaPicture picture(10, 10, kOpaqueRed);
+    picture.SetPixel(9, 9, kClear);
+    ASSERT_TRUE(OpenFile(PictureFile("p.png", picture)));
+    const RasterColour red = 0x0000FF;
+
+    const Raster real = model_.ViewPicture(ImportView::Bitmap, kFormGround);
+    EXPECT_EQ(real.Width(), kImportViewSide);
+    EXPECT_EQ(real.Pixel(129, 130), kFormGround);
+    EXPECT_EQ(real.Pixel(130, 130), red);  // 135 - 10 / 2
+    EXPECT_NE(real.Pixel(139, 139), red);  // the transparent corner shows a check
+    EXPECT_NE(real.Pixel(139, 139), kFormGround);
+    EXPECT_EQ(real.Pixel(140, 140), kFormGround);
+
+    // At 16 only 16 pixels fit a side; all ten do, 160 screen pixels from 55.
+    for (int i = 0; i < 15; ++i) model_.ZoomIn(ImportView::Bitmap);
+    const Raster zoomed = model_.ViewPicture(ImportView::Bitmap, kFormGround);
+    EXPECT_EQ(zoomed.Pixel(54, 55), kFormGround);
+    EXPECT_EQ(zoomed.Pixel(55, 55), red);
+    EXPECT_EQ(zoomed.Pixel(55 + 159 - 16, 55), red);
+
+    // The source view shows the picture as read, unaffected by the other zoom.
+    EXPECT_EQ(model_.ViewPicture(ImportView::Source, kFormGround), real);
+}
+
+TEST_F(ImportBitmapModelTest, MapPreviewsShowTheBitmapOnDayAndNightGrounds) {
+    RgbaPicture picture(4, 2, kOpaqueRed);
+    picture.SetPixel(0, 0, kClear);
+    picture.SetPixel(1, 0, 0x80FF0000);  // half transparent red
+    ASSERT_TRUE(OpenFile(PictureFile("p.png", picture)));
+    const int side = kImportPreviewSide * kImportPreviewZoom;
+    const int left = (kImportPreviewSide - 4) / 2 * kImportPreviewZoom;
+    const int top = (kImportPreviewSide - 2) / 2 * kImportPreviewZoom;
+    for (bool night : {false, true}) {
+        const Raster preview = model_.MapPreview(night);
+        const RasterColour ground = night ? kNightMapGround : kDayMapGround;
+        EXPECT_EQ(preview.Width(), side);
+        EXPECT_EQ(preview.Pixel(0, 0), ground);
+        EXPECT_EQ(preview.Pixel(left, top), ground);  // transparent
+        EXPECT_EQ(preview.Pixel(left + 5, top + 3), 0x0000FFu);
+        // Alpha 7 of 15 lets a little more than half of the ground through.
+        const RasterColour half = preview.Pixel(left + 2, top);
+        EXPECT_EQ(half & 0xFF, night ? 0x88u : 0xFFu);
+        EXPECT_EQ((half >> 8) & 0xFF, night ? 0x00u : 0x77u);
+    }
+}
