@@ -11,8 +11,8 @@
 
 namespace mirvane {
 
-// Line break used in every text the core builds (logs, listings): the files
-// the program writes have always used CR LF.
+// Line break used in every text the core builds (logs, listings): CR LF, the
+// line end of the TYP texts that map projects share and compilers read.
 inline constexpr const char* kLineBreak = "\r\n";
 
 struct TypHeader {

@@ -1,5 +1,5 @@
-// Errors of reading and saving, numbered and worded as the program has always
-// shown them, so that language files can translate them by number.
+// Errors of reading and saving, numbered and worded as the language files
+// expect, so that they can translate them by number.
 #pragma once
 
 #include <string>

@@ -347,7 +347,8 @@ std::pair<std::string, std::string> TypeOf(const Document& doc, ObjectKind kind,
 void LogBrokenObject(Document& doc, ObjectKind kind, int index) {
     const KindMessages messages = MessagesOf(kind);
     const auto [type, subType] = TypeOf(doc, kind, index);
-    // The POI route has always put a rich text break into the log.
+    // A broken POI's log line starts with a rich text break; the error window
+    // shows the log as it stands, and language files word it the same way.
     const bool poi = kind == ObjectKind::Poi;
     std::string line = poi ? "\\par " : kLineBreak;
     line += LookupText("Main", messages.Default, messages.Key);
@@ -387,7 +388,7 @@ void Headings(const Document& doc, const ListingContext& context, ListingText& t
     };
     if (!doc.FileName.empty()) heading("; " + doc.FileName);
     heading("; Longueur: " + doc.FileLengthText + " octets");
-    // Windows-1252, as the program has always written these words.
+    // Windows-1252: the heading of the listings found in map projects' texts.
     heading("; Fichier TYP compil\xE9 " + context.DateCreation);
     heading("; D\xE9" "compil\xE9 le " + ShortDateText(context.Now) + " \xE0 " + LongTimeText(context.Now));
 }

@@ -15,8 +15,8 @@ Raster PaintThumbnail(const std::vector<std::int32_t>& pixels, int width, int he
     return thumbnail;
 }
 
-// Cut toward zero, as the program has always placed it, even when the
-// enlarged thumbnail is wider than the preview.
+// Cut toward zero, even when the enlarged thumbnail is wider than the preview:
+// its top left corner then falls outside and the middle is what shows.
 int SeulOffset(int zoom, int size) { return (kPreviewSide - zoom * size) / 2; }
 
 namespace {
