@@ -27,6 +27,20 @@ std::string ProgramVersionText() {
     return AppVersionText(MIRVANE_VERSION_MAJOR, MIRVANE_VERSION_MINOR, MIRVANE_VERSION_PATCH);
 }
 
+std::optional<std::string> InformationText(const std::vector<std::string>& arguments) {
+    for (const std::string& argument : arguments) {
+        if (argument == "--version" || argument == "-v") return "Mirvane " + ProgramVersionText() + "\n";
+        if (argument == "--help" || argument == "-h")
+            return "Usage: mirvane [FILE.typ|FILE.txt]\n"
+                   "       mirvane --screenshot OUT.png [FILE]\n"
+                   "       mirvane --help | --version\n"
+                   "\n"
+                   "Opens FILE in the TYP editor, if given. --screenshot draws the main window\n"
+                   "(1280x800) offscreen into OUT.png and ends.\n";
+    }
+    return std::nullopt;
+}
+
 QString FindLanguageFolder() {
     // Beside the program (the build tree gets a copy), ../share/mirvane of a
     // moved installation, the user's data folder, then the installed prefix.

@@ -1,10 +1,9 @@
 #include "document/binary_writer.h"
 
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 
 #include "document/encoding.h"
+#include "document/file_messages.h"
 #include "document/presentation.h"
 #include "document/run_time_errors.h"
 #include "document/sorts.h"
@@ -485,46 +484,30 @@ std::optional<SaveFailure> BuildBinaryTyp(Document& doc, Bytes& out, const SaveT
     IdentityFields& id = doc.Identity;
     if (id.txtFID.empty())
         return SaveFailure{0, LookupText("Main", "Il faut indiquer le FID.", "msgFID1"),
-                           LookupText("Main", "FID absent", "msgFID2")};
+                           LookupText("Main", "FID absent", "msgFID2"), WriteStatus::Written, {}};
     if (id.txtProductCode.empty())
         return SaveFailure{0, LookupText("Main", "Il faut indiquer le Product Code.", "msgPID1"),
-                           LookupText("Main", "Product Code absent", "msgPID2")};
+                           LookupText("Main", "Product Code absent", "msgPID2"), WriteStatus::Written, {}};
     if (id.HeaderSizeIndex < 0) SelectHeaderSize(id, kKnownHeaderSizes[0]);
     if (id.CodePageIndex < 0 && id.UnlistedCodePage == 0) id.CodePageIndex = 2;
     std::optional<SaveFailure> failure;
     try {
         out = BinaryTypWriter(doc, time).Write();
     } catch (const SaveError& error) {
-        failure = SaveFailure{error.number, RunTimeDescription(error.number), {}};
+        failure = SaveFailure{error.number, RunTimeDescription(error.number), {}, WriteStatus::Written, {}};
     }
     SortPolygons(doc.Polygons);
     SortPolylinesForDisplay(doc.Polylines);
     return failure;
 }
 
-std::optional<SaveFailure> SaveBinaryTyp(Document& doc, const std::string& path, const SaveTime& time) {
+std::optional<SaveFailure> SaveBinaryTyp(Document& doc, const std::string& path, const SaveTime& time,
+                                         ReadOnlyTarget readOnly) {
     Bytes bytes;
     if (std::optional<SaveFailure> failure = BuildBinaryTyp(doc, bytes, time)) return failure;
-    namespace fs = std::filesystem;
-    const fs::path target(path);
-    fs::path temporary = target;
-    temporary += ".mirvane-tmp";
-    {
-        std::ofstream stream(temporary, std::ios::binary | std::ios::trunc);
-        stream.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-        stream.close();
-        if (!stream) {
-            std::error_code ignored;
-            fs::remove(temporary, ignored);
-            return SaveFailure{kErrPathAccess, RunTimeDescription(kErrPathAccess), {}};
-        }
-    }
-    std::error_code error;
-    fs::rename(temporary, target, error);
-    if (error) {
-        fs::remove(temporary, error);
-        return SaveFailure{kErrPathAccess, RunTimeDescription(kErrPathAccess), {}};
-    }
+    const WriteResult written = WriteFileAtomically(PathFromUtf8(path), bytes, readOnly);
+    if (!written.Ok())
+        return SaveFailure{kErrPathAccess, RunTimeDescription(kErrPathAccess), {}, written.Status, written.Reason};
     doc.ModifiedFlag = false;
     doc.TextAppliedFlag = false;
     return std::nullopt;
@@ -536,7 +519,8 @@ std::string SaveFailureMessage(const SaveFailure& failure) {
     return LookupText("Main", "Il y a eu une erreur lors de la création du fichier.", "msgErreurCreation") + br + br +
            LookupText("Main", "Erreur numéro", "msgErreurNumero") + "  " + std::to_string(failure.ErrorNumber) + br +
            LookupText("VBErrors", "Description", "Description") + ": " +
-           LookupText("VBErrors", RunTimeDescription(failure.ErrorNumber), "Err" + std::to_string(failure.ErrorNumber));
+           LookupText("VBErrors", RunTimeDescription(failure.ErrorNumber), "Err" + std::to_string(failure.ErrorNumber)) +
+           (failure.Write == WriteStatus::Written ? std::string() : br + WriteFailureText(failure.Write, failure.Reason));
 }
 
 }  // namespace mirvane

@@ -2,6 +2,7 @@
 // carries its French default, so the program runs without any language file.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,10 @@ std::string LookupText(std::string_view section, std::string_view defaultText, s
 inline std::string MainText(std::string_view defaultText, std::string_view key) {
     return LookupText("Main", defaultText, key);
 }
+
+// `value` with its digits in groups of three, parted by the language's
+// thousands separator: "14 452" in French, "14,452" in English.
+std::string GroupedNumber(std::int64_t value);
 
 bool LanguageExists(std::string_view name);
 

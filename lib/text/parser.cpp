@@ -229,6 +229,7 @@ ParseResult ParseTypText(Document& doc, std::string_view textBytes, int editScop
         const std::string_view head = TrimBlanks(ctx.Lines[ctx.I]);
         if (!head.empty() && head.front() == '[') ReadSection(ctx, head);
     }
+    ctx.Log.Finish();
     return Finish(ctx);
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "document/document.h"
+#include "document/error_log.h"
 
 namespace mirvane::textparse {
 
@@ -28,6 +29,7 @@ struct ParseContext {
     // Record written by the last add or reset of each kind (the trap of a
     // section of another kind than the scope's goes there).
     int LastPolygon = 0, LastPolyline = 0, LastPoi = 0;
+    CappedErrorLog Log{Doc};
 
     std::size_t LineCount() const { return Lines.size(); }
     // Line k; reading past the last line fails.

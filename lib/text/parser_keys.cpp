@@ -21,15 +21,16 @@ void ParseContext::Advance() {
 }
 
 void ParseContext::LogFailure() {
-    Doc.ReadErrorFlag = true;
-    std::string& log = Doc.ReadErrorLog;
-    log += kLineBreak;
-    log += LookupText("Main", "Ligne", "msgLigne");
-    log += ' ';
-    log += std::to_string(I + 1);
-    log += " : \"";
-    if (I < Lines.size()) log += Lines[I];
-    log += '"';
+    Log.Add("msgLigne", [this] {
+        std::string log = kLineBreak;
+        log += LookupText("Main", "Ligne", "msgLigne");
+        log += ' ';
+        log += std::to_string(I + 1);
+        log += " : \"";
+        if (I < Lines.size()) log += Lines[I];
+        log += '"';
+        return log;
+    });
 }
 
 std::string_view Mid(std::string_view text, std::size_t position, std::size_t length) {

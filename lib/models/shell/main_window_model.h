@@ -5,8 +5,10 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
+#include "base/file_io.h"
 #include "document/document.h"
 #include "models/shell/recent_files.h"
 #include "models/shell/settings_store.h"
@@ -92,6 +94,15 @@ public:
     void MarkModified();
     // Asks whether the existing file at `path` may be replaced.
     bool ConfirmOverwrite(const std::string& path);
+    // The save dialog until the user cancels or picks a file that may be
+    // written: an existing file only when the user agrees to replace it, a
+    // read-only one only after a second question; a folder or a device is
+    // refused with a message and the dialog shown again.
+    struct SaveTarget {
+        std::string Path;
+        ReadOnlyTarget ReadOnly = ReadOnlyTarget::Refuse;
+    };
+    std::optional<SaveTarget> ChooseSaveTarget(std::string suggested, const std::string& filter);
 
     // --- header fields
     static bool IdentityKeyAccepted(char key);  // digits and backspace
@@ -109,6 +120,7 @@ private:
     void SetFilePath(const std::string& path);
     // False when the open dialog is cancelled; `chosen` is left alone then.
     bool AskOpenPath(std::string& chosen, const std::string& title, const std::string& filter);
+    bool ConfirmReadOnlyReplace(const std::string& path);
     // Closes the current document, then reads `path` into a fresh one; warns when it cannot be read.
     bool LoadDocument(const std::string& path, const DocumentReader& reader, bool fromText);
 
