@@ -6,6 +6,7 @@
 // left out ("... and 31,870 more errors of this kind").
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <map>
 #include <string>
@@ -25,7 +26,7 @@ public:
     // under its bound, appends the text `makeText()` gives (with its own line
     // breaks) to ReadErrorLog. The text is made only when it is written: the
     // errors left out cost no lookups of their words.
-    template <typename MakeText>
+    template <std::invocable MakeText>
     void Add(std::string_view kind, MakeText&& makeText) {
         if (Admit(kind)) Append(kind, makeText());
     }
