@@ -65,14 +65,14 @@ std::string SyntheticDocument(int n) {
 void BM_ParseTypText(benchmark::State& state) {
     const std::string text = SyntheticDocument(static_cast<int>(state.range(0)));
     mirvane::Document check;
-    mirvane::ParseTypText(check, text, mirvane::kScopeDocument);
+    mirvane::ParseTypText(check, text);
     if (check.ReadErrorFlag || check.Pois.size() != static_cast<std::size_t>(state.range(0))) {
         state.SkipWithError("the synthetic text does not parse cleanly");
         return;
     }
     for (auto _ : state) {
         mirvane::Document doc;
-        mirvane::ParseTypText(doc, text, mirvane::kScopeDocument);
+        mirvane::ParseTypText(doc, text);
         benchmark::DoNotOptimize(doc.Pois.data());
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(text.size()));

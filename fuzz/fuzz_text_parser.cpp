@@ -11,7 +11,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
     mirvane::Document doc;
-    mirvane::ParseTypText(doc, text, mirvane::kScopeDocument);
-    mirvane::ParseTypText(doc, text, static_cast<int>(1 + size % 3), 0);
+    mirvane::ParseTypText(doc, text);
+    mirvane::ParseTypText(doc, text, mirvane::ObjectRef{mirvane::kObjectKinds[size % 3], 0});
     return 0;
 }

@@ -3,16 +3,14 @@
 
 Finds every LookupText call (and every small wrapper around it) whose section
 and key are literal, adds the keys built at run time listed in
-scripts/lng_dynamic_keys.txt and the rows of the main window's text table,
-and prints those missing from the language file as ini lines holding the
+scripts/lng_dynamic_keys.txt, and prints those missing from the language file as ini lines holding the
 French default, grouped by section, ready to be translated and pasted:
 
     scripts/lng_keys.py                 # checks Langues/English.lng
     scripts/lng_keys.py Langues/X.lng   # another language
     scripts/lng_keys.py --all           # every key, present or not
 
-Exits 1 when keys are missing. tests/core/test_language_keys.cpp makes the
-same check in the test suite.
+Exits 1 when keys are missing; the test suite runs it on Langues/English.lng.
 """
 import os
 import re
@@ -22,7 +20,6 @@ ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 SCANNED = ("lib", "app", "cli")
 # name -> (section argument or literal section, default argument, key argument)
 BUILT_IN = {"LookupText": (0, 1, 2), "FormCaption": (0, 1, 2), "LookupTextIn": (1, 2, 3)}
-TABLE_ROW = re.compile(r'MainWindowText\{\s*"\w+"\s*,\s*"(\w+)"\s*,\s*TextRole::')
 DEFINITION = re.compile(r'\b(\w+)\s*\(([^(){};]*)\)\s*(?:const\s*)?\{\s*return\s+(?:QString::fromStdString\()?(\w+)\s*\(')
 ESCAPES = {"n": 10, "t": 9, "r": 13, "0": 0, "\\": 92, '"': 34, "'": 39, "a": 7, "b": 8, "f": 12, "v": 11, "?": 63}
 
@@ -158,8 +155,6 @@ def scan():
                 continue
             default = literal_value(args[slots[1]])
             keys.setdefault((section, key), default if default is not None else "")
-        for m in TABLE_ROW.finditer(text):
-            keys.setdefault(("Main", m.group(1)), "")
     with open(os.path.join(ROOT, "scripts", "lng_dynamic_keys.txt"), encoding="utf-8") as f:
         for line in f:
             if line.strip() and not line.startswith("#"):

@@ -15,6 +15,12 @@ inline QString Tr(std::string_view section, std::string_view defaultText, std::s
 
 inline QString MainTr(std::string_view defaultText, std::string_view key) { return Tr("Main", defaultText, key); }
 
+// A caption of the main window (section "Main"): built in under French, else
+// from the language file, so that a stray Francais.lng leaves captions alone.
+inline QString MainCaption(std::string_view defaultText, std::string_view key) {
+    return QString::fromStdString(FormCaption("Main", defaultText, key));
+}
+
 inline QString Q(const std::string& utf8) { return QString::fromStdString(utf8); }
 
 // Text bytes of the document (labels, the listing) in its code page, for the

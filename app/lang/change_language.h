@@ -1,5 +1,4 @@
-// ChangerLangue1: sets every text of the main window again from section
-// "Main" of the current language.
+// frmLangues over the main window.
 #pragma once
 
 class QWidget;
@@ -7,11 +6,6 @@ class QWidget;
 namespace mirvane::app {
 
 class MainWindow;
-
-// Captions, menu titles, field labels and tooltips by the table of the main
-// window's texts; the lists and their counted frame captions are redrawn.
-// A key the language file lacks gives an empty text, as it always has.
-void ChangerLangue1(MainWindow& window);
 
 // Opens frmLangues over the window (not blocking); on OK the choice is
 // stored and the main window follows.

@@ -40,7 +40,12 @@ void IconsPicture::mousePressEvent(QMouseEvent* event) {
     if (const auto ref = model_.Click(at.x(), at.y())) emit IconClicked(*ref);
 }
 
-IconsFrame::IconsFrame(QWidget* parent) : QGroupBox(MainTr("Visualisation", "lblVisualisation"), parent) {
+void IconsFrame::RetranslateUi() {
+    setTitle(MainCaption("Visualisation", "lblVisualisation"));
+    lblZoomIcons_->setText(MainCaption("Zoom", "zoom"));
+}
+
+IconsFrame::IconsFrame(QWidget* parent) : QGroupBox(parent) {
     setObjectName("fraVisualization");
     sldZoomIcons_ = new QSlider(Qt::Horizontal, this);
     sldZoomIcons_->setObjectName("sldZoomIcons");
@@ -61,13 +66,16 @@ IconsFrame::IconsFrame(QWidget* parent) : QGroupBox(MainTr("Visualisation", "lbl
     Picture5_->viewport()->installEventFilter(this);
 
     auto* zoomRow = new QHBoxLayout;
-    zoomRow->addWidget(new QLabel(MainTr("Zoom", "zoom"), this));
+    lblZoomIcons_ = new QLabel(this);
+    lblZoomIcons_->setObjectName("lblZoomIcons");
+    zoomRow->addWidget(lblZoomIcons_);
     zoomRow->addWidget(sldZoomIcons_);
     zoomRow->addStretch();
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(zoomRow);
     layout->addWidget(Picture5_, 1);
     hide();
+    RetranslateUi();
 
     connect(sldZoomIcons_, &QSlider::valueChanged, this, [this](int value) {
         model_.SetZoomSlider(value);  // the thumbnails stay: only the grid changes

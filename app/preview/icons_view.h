@@ -8,6 +8,7 @@
 #include "document/document.h"
 #include "models/preview/icons_view_model.h"
 
+class QLabel;
 class QScrollArea;
 class QSlider;
 
@@ -43,6 +44,7 @@ public:
     void Rebuild(Document& doc, RasterColour background);
     // A list row was picked: its icon scrolls into view.
     void ShowIcon(IconRef ref);
+    void RetranslateUi();
 
     const IconsViewModel& Model() const { return model_; }
     IconsPicture* Picture() const { return picture_; }
@@ -54,6 +56,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QLabel* lblZoomIcons_;
     void Relayout();
 
     IconsViewModel model_;

@@ -34,16 +34,15 @@ std::optional<RasterColour> ChooseColourWithDialog(RasterColour current, QWidget
     return static_cast<RasterColour>(*chosen);
 }
 
-PreviewFrame::PreviewFrame(QWidget* parent) : QGroupBox(MainTr("Aperçu", "fraApercu"), parent) {
+PreviewFrame::PreviewFrame(QWidget* parent) : QGroupBox(parent) {
     setObjectName("fraApercu");
     chooseColour_ = [this](RasterColour current) { return ChooseColourWithDialog(current, this); };
 
     auto* grid = new QGridLayout(this);
-    lblJour_ = Named(new QLabel(MainTr("Jour", "lblJour")), "lblJour");
-    lblNuit_ = Named(new QLabel(MainTr("Nuit", "lblNuit")), "lblNuit");
-    const QString labelsCaption = MainTr("Labels personnalisés visibles", "Label");
-    Label4_ = Named(new QLabel(labelsCaption), "Label4");
-    Label5_ = Named(new QLabel(labelsCaption), "Label5");
+    lblJour_ = Named(new QLabel, "lblJour");
+    lblNuit_ = Named(new QLabel, "lblNuit");
+    Label4_ = Named(new QLabel, "Label4");
+    Label5_ = Named(new QLabel, "Label5");
     for (int i = 0; i < 2; ++i) {
         apercus_[i] = new RasterPicture(kPreviewSide, kPreviewSide, this);
         apercus_[i]->setObjectName(QString("Apercus(%1)").arg(i));
@@ -51,7 +50,6 @@ PreviewFrame::PreviewFrame(QWidget* parent) : QGroupBox(MainTr("Aperçu", "fraAp
     for (QLabel* label : {Label4_, Label5_}) {
         label->setAutoFillBackground(true);
         label->setAlignment(Qt::AlignCenter);
-        label->setToolTip(MainTr("Couleurs personnalisées des labels (jour, nuit)", "lblExtendedLabelsTip"));
         label->hide();
     }
     grid->addWidget(lblJour_, 0, 0, Qt::AlignHCenter);
@@ -63,14 +61,33 @@ PreviewFrame::PreviewFrame(QWidget* parent) : QGroupBox(MainTr("Aperçu", "fraAp
     grid->addWidget(BuildControls(), 0, 2, 3, 1);
     grid->setRowStretch(3, 1);
     grid->setColumnStretch(3, 1);
+    RetranslateUi();
     Reset();
+}
+
+void PreviewFrame::RetranslateUi() {
+    setTitle(MainCaption("Aperçu", "fraApercu"));
+    lblJour_->setText(MainCaption("Jour", "lblJour"));
+    lblNuit_->setText(MainCaption("Nuit", "lblNuit"));
+    for (QLabel* label : {Label4_, Label5_}) {
+        label->setText(MainCaption("Labels personnalisés visibles", "Label"));
+        label->setToolTip(MainTr("Couleurs personnalisées des labels (jour, nuit)", "lblExtendedLabelsTip"));
+    }
+    optSeul_->setText(MainCaption("Seul", "optSeul"));
+    optMosaique_->setText(MainCaption("Mosaïque", "optMosaique"));
+    optSuperposition_->setText(MainCaption("Superposition", "optSuperposition"));
+    cmdCouleurfond_->setText(MainCaption("Couleur de fond", "cmdCouleurfond"));
+    cmdCouleurfond_->setToolTip(MainTr("Couleur du fond de l'aperçu", "cmdCouleurFondTip"));
+    cmdVisualisation_->setText(MainCaption("Visualisation", "cmdVisualisation"));
+    cmdVisualisation_->setToolTip(MainTr("Voir tous les objets sous forme d'icônes", "cmdVisualisationTip"));
+    Redraw();  // lblZoom
 }
 
 QWidget* PreviewFrame::BuildControls() {
     auto* panel = new QWidget(this);
-    optSeul_ = Named(new QRadioButton(MainTr("Seul", "optSeul")), "optSeul");
-    optMosaique_ = Named(new QRadioButton(MainTr("Mosaïque", "optMosaique")), "optMosaique");
-    optSuperposition_ = Named(new QRadioButton(MainTr("Superposition", "optSuperposition")), "optSuperposition");
+    optSeul_ = Named(new QRadioButton, "optSeul");
+    optMosaique_ = Named(new QRadioButton, "optMosaique");
+    optSuperposition_ = Named(new QRadioButton, "optSuperposition");
     optSeul_->setChecked(true);
     auto* modes = new QButtonGroup(panel);
     modes->addButton(optSeul_, static_cast<int>(PreviewMode::Seul));
@@ -86,10 +103,8 @@ QWidget* PreviewFrame::BuildControls() {
     sldZoom_->setTickPosition(QSlider::TicksBelow);
     sldZoom_->setValue(model_.ZoomSlider());
 
-    cmdCouleurfond_ = Named(new QPushButton(MainTr("Couleur de fond", "cmdCouleurfond")), "cmdCouleurfond");
-    cmdCouleurfond_->setToolTip(MainTr("Couleur du fond de l'aperçu", "cmdCouleurFondTip"));
-    cmdVisualisation_ = Named(new QPushButton(MainTr("Visualisation", "cmdVisualisation")), "cmdVisualisation");
-    cmdVisualisation_->setToolTip(MainTr("Voir tous les objets sous forme d'icônes", "cmdVisualisationTip"));
+    cmdCouleurfond_ = Named(new QPushButton, "cmdCouleurfond");
+    cmdVisualisation_ = Named(new QPushButton, "cmdVisualisation");
 
     auto* layout = new QVBoxLayout(panel);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -154,7 +169,7 @@ void PreviewFrame::Redraw() {
     cmdCouleurfond_->setEnabled(enables.Background);
     sldZoom_->setEnabled(enables.Zoom);
     lblZoom_->setEnabled(enables.Zoom);
-    lblZoom_->setText(MainTr("Zoom", "zoom") + QString(" x%1").arg(model_.ZoomSlider() / 100));
+    lblZoom_->setText(MainCaption("Zoom", "zoom") + QString(" x%1").arg(model_.ZoomSlider() / 100));
 
     ShowLabelColour(Label4_, state.LabelDayColour);
     ShowLabelColour(Label5_, state.LabelNightColour);

@@ -34,6 +34,7 @@ public:
     void Reset();
     // cmdvoirtxt: the whole text is shown, the label colours go.
     void HideLabelColours();
+    void RetranslateUi();
 
     const ObjectPreviewModel& Model() const { return model_; }
     RasterColour Background() const { return model_.Background(); }

@@ -56,8 +56,8 @@ void ConnectTextRoute(MainWindow& window, MainWindowModel& model) {
     window.SetListingFunction([&model](Document& doc) {
         const ListingContext context{model.DateText(), ListingClock::Now()};
         return ListWholeDocument(doc, context);
-    }, [](Document& doc, int scope, int index) {
-        return ListOneObject(doc, scope, index, false).Text;
+    }, [](Document& doc, ObjectRef object) {
+        return ListOneObject(doc, static_cast<int>(object.Kind), object.Row, false).Text;
     });
 }
 
@@ -113,7 +113,6 @@ int RunMirvane(const QStringList& arguments) {
     if (checkForUpdate) StartUpdateCheck(QString::fromStdString(UpdateAddress(settings)), &window);
     ConnectTextRoute(window, model);
     window.SetAutoSaveChecked(AutoSaveSetting(settings));
-    if (LanguageName() != kBuiltInLanguage) ChangerLangue1(window);
     window.show();
 
     const QString pending = args.value(0);

@@ -1,6 +1,7 @@
 #include "app/shell/main_window.h"
 
 #include <QAction>
+#include <algorithm>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDragEnterEvent>
@@ -40,15 +41,16 @@ namespace mirvane::app {
 
 namespace {
 
-QAction* MakeAction(QWidget* owner, const char* name, const QString& caption, const QKeySequence& keys = {}) {
-    auto* action = new QAction(caption, owner);
+// Captions are set by RetranslateUi.
+QAction* MakeAction(QWidget* owner, const char* name, const QKeySequence& keys = {}) {
+    auto* action = new QAction(owner);
     action->setObjectName(name);
     if (!keys.isEmpty()) action->setShortcut(keys);
     return action;
 }
 
-QPushButton* MakeButton(QWidget* parent, const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, parent);
+QPushButton* MakeButton(QWidget* parent, const QString& name) {
+    auto* button = new QPushButton(parent);
     button->setObjectName(name);
     return button;
 }
@@ -83,9 +85,11 @@ MainWindow::MainWindow(MainWindowModel& model, QWidget* parent) : QMainWindow(pa
 
     auto* lists = new QSplitter(Qt::Vertical);
     lists->setObjectName("splitObjets");
-    fraPolygone_ = BuildObjectFrame("fraPolygone", "ListPolygone", "Polygone", ListPolygone_, ObjectKind::Polygon);
-    frapolyline_ = BuildObjectFrame("frapolyline", "ListPolyline", "Polyline", ListPolyline_, ObjectKind::Polyline);
-    fraPOI_ = BuildObjectFrame("fraPOI", "ListPOI", "POI", ListPOI_, ObjectKind::Poi);
+    fraPolygone_ = BuildObjectFrame("fraPolygone", "ListPolygone", "Polygone", ListPolygone_, cmdSupprimerPolygone_,
+                                    ObjectKind::Polygon);
+    frapolyline_ = BuildObjectFrame("frapolyline", "ListPolyline", "Polyline", ListPolyline_, cmdSupprimerPolyline_,
+                                    ObjectKind::Polyline);
+    fraPOI_ = BuildObjectFrame("fraPOI", "ListPOI", "POI", ListPOI_, cmdSupprimerPOI_, ObjectKind::Poi);
     lists->addWidget(fraPolygone_);
     lists->addWidget(frapolyline_);
     lists->addWidget(fraPOI_);
@@ -107,62 +111,124 @@ MainWindow::MainWindow(MainWindowModel& model, QWidget* parent) : QMainWindow(pa
     setCentralWidget(central);
 
     // After the edit menu of the text pane.
-    QMenu* languages = menuBar()->addMenu(MainTr("&Langues", "mnuLangues"));
-    languages->setObjectName("mnuLangues");
-    QAction* mnuChoixLangue = languages->addAction(MainTr("Choisir la langue...", "mnuChoixLangue"));
-    mnuChoixLangue->setObjectName("mnuChoixLangue");
-    connect(mnuChoixLangue, &QAction::triggered, this, [this] { OpenLanguagesWindow(*this); });
+    mnuLangues_ = menuBar()->addMenu(QString());
+    mnuLangues_->setObjectName("mnuLangues");
+    mnuChoixLangue_ = MakeAction(this, "mnuChoixLangue");
+    mnuLangues_->addAction(mnuChoixLangue_);
+    connect(mnuChoixLangue_, &QAction::triggered, this, [this] { OpenLanguagesWindow(*this); });
     statusBar()->setObjectName("barreEtat");
     resize(1280, 800);
 
-    model_.SetChangedHandler([this] { Refresh(); });
-    Refresh();
+    changesListener_ = model_.Changes().Listen([this](ChangeSet what) { Refresh(what); });
+    RetranslateUi();
     ListPolygone_->setFocus();
 }
 
-MainWindow::~MainWindow() { model_.SetChangedHandler({}); }
+MainWindow::~MainWindow() { model_.Changes().StopListening(changesListener_); }
+
+void MainWindow::RetranslateUi() {
+    const auto caption = [](auto* target, std::string_view french, std::string_view key) {
+        target->setText(MainCaption(french, key));
+    };
+    const auto tip = [](auto* target, std::string_view key) { target->setToolTip(MainCaption("", key)); };
+    mnuFichier_->setTitle(MainCaption("&Fichier", "mnuFichier"));
+    caption(mnuNouveau_, "&Nouveau", "mnuNouveau");
+    caption(mnuOuvrirTYP_, "&Ouvrir un TYP...", "mnuOuvrirTYP");
+    caption(mnuouvrirtxt_, "Ouvrir un fichier &texte...", "mnuouvrirtxt");
+    caption(mnuOuvrirTypMapset_, "Ouvrir le TYP d'un &mapset...", "mnuOuvrirTypMapset");
+    caption(mnufermer_, "&Fermer", "mnufermer");
+    caption(mnuEnregistrerTyp_, "&Enregistrer le TYP...", "mnuEnregistrerTyp");
+    caption(mnuEnregistrerTxt_, "Enregistrer le te&xte...", "mnuEnregistrerTxt");
+    recentMenu_->setTitle(MainCaption("Fichiers &récents", "mnuRecents"));
+    caption(mnuquitter_, "&Quitter", "mnuquitter");
+    mnuOutils_->setTitle(MainCaption("&Outils", "mnuOutils"));
+    caption(mnuSauvegardeAuto_, "Sauvegarde &automatique", "mnuSauvegardeAuto");
+    caption(mnuTypSpeciaux_, "TYP &spéciaux...", "mnuTypSpeciaux");
+    caption(mnuCouleurIdentifieur_, "&Identifieur de couleur et de type...", "mnuCouleurIdentifieur");
+    caption(mnuCompiler_, "Compiler un fichier txt avec cGPSmapper...", "mnuCompiler");
+    mnuLangues_->setTitle(MainCaption("&Langues", "mnuLangues"));
+    caption(mnuChoixLangue_, "Choisir la langue...", "mnuChoixLangue");
+
+    fraEntete_->setTitle(MainCaption("Fichier TYP", "fraEntete"));
+    caption(lblDate_, "Date :", "lblDate");
+    caption(lblTaille_, "Longueur :", "lblTaille");
+    caption(lblFID_, "FID :", "lblFID");
+    caption(lblProductCode_, "Product Code :", "lblProductCode");
+    caption(lblCodepage_, "Code page :", "lblCodepage");
+    caption(lblHeadersize_, "Taille de l'entête :", "lblHeadersize");
+    caption(cmdCreerTYP_, "Créer le TYP", "cmdCreerTYP");
+    caption(cmdDraworder_, "Draw order...", "cmdDraworder");
+    tip(cmdDraworder_, "cmdDraworderTip");
+    caption(cmdIcones_, "Icônes", "cmdIcones");
+    caption(cmdLabels_, "Labels...", "cmdLabels");
+
+    for (QPushButton* add : {cmdAddPolygone_, cmdAddPolyline_, cmdAddPOI_}) caption(add, "Ajouter", "cmdAjouter");
+    for (QPushButton* edit : {cmdModifierPolygone_, cmdModifierPolyline_, cmdModifierPOI_})
+        caption(edit, "Modifier", "cmdModifier");
+    for (ObjectKind kind : kObjectKinds) caption(DeleteButtonOf(kind), "Supprimer", "cmdSupprimer");
+    tip(cmdAddPolygone_, "cmdAddPolygoneTip");
+    tip(cmdModifierPolygone_, "cmdModifierPolygoneTip");
+    tip(cmdSupprimerPolygone_, "cmdSupprimerPolygoneTip");
+    tip(cmdAddPolyline_, "cmdAddPolylineTip");
+    tip(cmdModifierPolyline_, "cmdModifierPolylineTip");
+    tip(cmdSupprimerPolyline_, "cmdSupprimerPolylineTip");
+    tip(cmdAddPOI_, "cmdAddPOITip");
+    tip(cmdModifierPOI_, "cmdModifierPOITip");
+    tip(cmdSupprimerPOI_, "cmdSupprimerPOITip");
+    tip(ListPolygone_, "lstPolygoneTip");
+    tip(ListPolyline_, "lstPolylineTip");
+    tip(ListPOI_, "lstPOITip");
+
+    caption(cmdvoirtxt_, "Voir le texte", "cmdVoirTxt");
+    tip(cmdvoirtxt_, "cmdVoirTip");
+    caption(cmdEnregistrer_, "Enregistrer le texte", "cmdEnregistrer");
+    tip(cmdEnregistrer_, "cmdEnregistrerTip");
+    textPane_->RetranslateUi();
+    fraApercu_->RetranslateUi();
+    fraVisualization_->RetranslateUi();
+    Refresh();  // the counted frame captions and the texts the model builds
+}
 
 void MainWindow::BuildMenus() {
-    QMenu* file = menuBar()->addMenu(MainTr("&Fichier", "mnuFichier"));
-    file->setObjectName("mnuFichier");
-    mnuNouveau_ = MakeAction(this, "mnuNouveau", MainTr("&Nouveau", "mnuNouveau"), QKeySequence::New);
-    mnuOuvrirTYP_ = MakeAction(this, "mnuOuvrirTYP", MainTr("&Ouvrir un TYP...", "mnuOuvrirTYP"), QKeySequence::Open);
-    mnuouvrirtxt_ = MakeAction(this, "mnuouvrirtxt", MainTr("Ouvrir un fichier &texte...", "mnuouvrirtxt"),
+    mnuFichier_ = menuBar()->addMenu(QString());
+    mnuFichier_->setObjectName("mnuFichier");
+    QMenu* file = mnuFichier_;
+    mnuNouveau_ = MakeAction(this, "mnuNouveau", QKeySequence::New);
+    mnuOuvrirTYP_ = MakeAction(this, "mnuOuvrirTYP", QKeySequence::Open);
+    mnuouvrirtxt_ = MakeAction(this, "mnuouvrirtxt",
                                QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O));
-    mnuOuvrirTypMapset_ = MakeAction(this, "mnuOuvrirTypMapset",
-                                     MainTr("Ouvrir le TYP d'un &mapset...", "mnuOuvrirTypMapset"));
-    mnufermer_ = MakeAction(this, "mnufermer", MainTr("&Fermer", "mnufermer"), QKeySequence::Close);
-    mnuEnregistrerTyp_ = MakeAction(this, "mnuEnregistrerTyp", MainTr("&Enregistrer le TYP...", "mnuEnregistrerTyp"),
+    mnuOuvrirTypMapset_ = MakeAction(this, "mnuOuvrirTypMapset");
+    mnufermer_ = MakeAction(this, "mnufermer", QKeySequence::Close);
+    mnuEnregistrerTyp_ = MakeAction(this, "mnuEnregistrerTyp",
                                     QKeySequence::Save);
     mnuEnregistrerTxt_ = MakeAction(this, "mnuEnregistrerTxt",
-                                    MainTr("Enregistrer le te&xte...", "mnuEnregistrerTxt"),
                                     QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-    mnuquitter_ = MakeAction(this, "mnuquitter", MainTr("&Quitter", "mnuquitter"), QKeySequence(Qt::CTRL | Qt::Key_Q));
+    mnuquitter_ = MakeAction(this, "mnuquitter", QKeySequence(Qt::CTRL | Qt::Key_Q));
     file->addActions({mnuNouveau_, mnuOuvrirTYP_, mnuouvrirtxt_, mnuOuvrirTypMapset_});
     file->addSeparator();
     file->addActions({mnufermer_, mnuEnregistrerTyp_, mnuEnregistrerTxt_});
     file->addSeparator();
-    recentMenu_ = file->addMenu(MainTr("Fichiers &récents", "mnuRecents"));
+    recentMenu_ = file->addMenu(QString());
     recentMenu_->setObjectName("mnuRecents");
     file->addSeparator();
     file->addAction(mnuquitter_);
 
-    QMenu* tools = menuBar()->addMenu(MainTr("&Outils", "mnuOutils"));
-    tools->setObjectName("mnuOutils");
-    mnuSauvegardeAuto_ = MakeAction(this, "mnuSauvegardeAuto", MainTr("Sauvegarde &automatique", "mnuSauvegardeAuto"));
+    mnuOutils_ = menuBar()->addMenu(QString());
+    mnuOutils_->setObjectName("mnuOutils");
+    QMenu* tools = mnuOutils_;
+    mnuSauvegardeAuto_ = MakeAction(this, "mnuSauvegardeAuto");
     mnuSauvegardeAuto_->setCheckable(true);
     mnuSauvegardeAuto_->setChecked(true);
-    mnuTypSpeciaux_ = MakeAction(this, "mnuTypSpeciaux", MainTr("TYP &spéciaux...", "mnuTypSpeciaux"));
+    mnuTypSpeciaux_ = MakeAction(this, "mnuTypSpeciaux");
     mnuTypSpeciaux_->setEnabled(false);
     mnuOuvrirTypMapset_->setEnabled(false);
     tools->addActions({mnuSauvegardeAuto_, mnuTypSpeciaux_});
-    QAction* mnuCouleurIdentifieur = MakeAction(
-        this, "mnuCouleurIdentifieur", MainTr("&Identifieur de couleur et de type...", "mnuCouleurIdentifieur"));
-    tools->addAction(mnuCouleurIdentifieur);
-    connect(mnuCouleurIdentifieur, &QAction::triggered, this, [this] { ShowColourIdentifier(this); });
-    auto* mnuCompiler = tools->addAction(MainTr("Compiler un fichier txt avec cGPSmapper...", "mnuCompiler"));
-    mnuCompiler->setObjectName("mnuCompiler");
-    connect(mnuCompiler, &QAction::triggered, this, [this] {
+    mnuCouleurIdentifieur_ = MakeAction(this, "mnuCouleurIdentifieur");
+    tools->addAction(mnuCouleurIdentifieur_);
+    connect(mnuCouleurIdentifieur_, &QAction::triggered, this, [this] { ShowColourIdentifier(this); });
+    mnuCompiler_ = MakeAction(this, "mnuCompiler");
+    tools->addAction(mnuCompiler_);
+    connect(mnuCompiler_, &QAction::triggered, this, [this] {
         auto* compiler = new CompilerWindow(model_.Settings(), model_.Prompts(), this);
         compiler->setAttribute(Qt::WA_DeleteOnClose);
         compiler->open();
@@ -191,8 +257,9 @@ void MainWindow::BuildMenus() {
 QWidget* MainWindow::BuildHeaderPanel() {
     auto* panel = new QWidget;
     panel->setObjectName("panneauEntete");
-    auto* header = new QGroupBox(MainTr("Fichier TYP", "fraEntete"), panel);
-    header->setObjectName("fraEntete");
+    fraEntete_ = new QGroupBox(panel);
+    fraEntete_->setObjectName("fraEntete");
+    QGroupBox* header = fraEntete_;
 
     lblNomTyp_ = new QLabel(header);
     lblNomTyp_->setObjectName("lblNomTyp");
@@ -219,17 +286,28 @@ QWidget* MainWindow::BuildHeaderPanel() {
 
     auto* form = new QFormLayout(header);
     form->addRow(lblNomTyp_);
-    form->addRow(MainTr("Date :", "lblDate"), lblDateCreation_);
-    form->addRow(MainTr("Longueur :", "lblTaille"), lblLongueur_);
-    form->addRow(MainTr("FID :", "lblFID"), txtFID_);
-    form->addRow(MainTr("Product Code :", "lblProductCode"), txtProductCode_);
-    form->addRow(MainTr("Code page :", "lblCodepage"), cbbCodepage_);
-    form->addRow(MainTr("Taille de l'entête :", "lblHeadersize"), cbbHeadersize_);
+    auto fieldLabel = [header](const char* name) {
+        auto* label = new QLabel(header);
+        label->setObjectName(name);
+        return label;
+    };
+    lblDate_ = fieldLabel("lblDate");
+    lblTaille_ = fieldLabel("lblTaille");
+    lblFID_ = fieldLabel("lblFID");
+    lblProductCode_ = fieldLabel("lblProductCode");
+    lblCodepage_ = fieldLabel("lblCodepage");
+    lblHeadersize_ = fieldLabel("lblHeadersize");
+    form->addRow(lblDate_, lblDateCreation_);
+    form->addRow(lblTaille_, lblLongueur_);
+    form->addRow(lblFID_, txtFID_);
+    form->addRow(lblProductCode_, txtProductCode_);
+    form->addRow(lblCodepage_, cbbCodepage_);
+    form->addRow(lblHeadersize_, cbbHeadersize_);
 
-    cmdCreerTYP_ = MakeButton(header, "cmdCreerTYP", MainTr("Créer le TYP", "cmdCreerTYP"));
-    cmdDraworder_ = MakeButton(header, "cmdDraworder", MainTr("Draw order...", "cmdDraworder"));
-    cmdIcones_ = MakeButton(header, "cmdIcones", MainTr("Icônes", "cmdIcones"));
-    cmdLabels_ = MakeButton(header, "cmdLabels", MainTr("Labels...", "cmdLabels"));
+    cmdCreerTYP_ = MakeButton(header, "cmdCreerTYP");
+    cmdDraworder_ = MakeButton(header, "cmdDraworder");
+    cmdIcones_ = MakeButton(header, "cmdIcones");
+    cmdLabels_ = MakeButton(header, "cmdLabels");
     notYetBuilt_ << cmdDraworder_ << cmdIcones_;
     connect(cmdLabels_, &QPushButton::clicked, this, [this] {
         auto* labels = new LabelsWindow(model_.Doc(), this);
@@ -275,18 +353,20 @@ QWidget* MainWindow::BuildHeaderPanel() {
 }
 
 QGroupBox* MainWindow::BuildObjectFrame(const char* frameName, const char* listName, const char* kindWord,
-                                        QListWidget*& list, ObjectKind kind) {
+                                        QListWidget*& list, QPushButton*& remove, ObjectKind kind) {
     auto* frame = MakeListFrame(nullptr, frameName, listName, list);
     const QString word = kindWord;
-    auto* add = MakeButton(frame, "cmdAdd" + word, MainTr("Ajouter", "cmdAjouter"));
-    auto* edit = MakeButton(frame, "cmdModifier" + word, MainTr("Modifier", "cmdModifier"));
-    auto* remove = MakeButton(frame, "cmdSupprimer" + word, MainTr("Supprimer", "cmdSupprimer"));
+    auto* add = MakeButton(frame, "cmdAdd" + word);
+    auto* edit = MakeButton(frame, "cmdModifier" + word);
+    remove = MakeButton(frame, "cmdSupprimer" + word);
+    if (kind == ObjectKind::Polygon) cmdAddPolygone_ = add, cmdModifierPolygone_ = edit;
+    if (kind == ObjectKind::Polyline) cmdAddPolyline_ = add, cmdModifierPolyline_ = edit;
+    if (kind == ObjectKind::Poi) cmdAddPOI_ = add, cmdModifierPOI_ = edit;
     notYetBuilt_ << add << edit;
-    deleteButtons_[static_cast<int>(kind) - 1] = remove;
     connect(remove, &QPushButton::clicked, this, [this, kind] { DeleteSelected(kind); });
-    // Picking a row shows that object's text.
+    // Picking a row shows that object's text; so do the arrow keys (eventFilter).
     connect(list, &QListWidget::itemClicked, this, [this, kind, list] { PickObject(kind, list->currentRow()); });
-    list->installEventFilter(this);  // the Delete key in the list
+    list->installEventFilter(this);
 
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(add);
@@ -307,14 +387,13 @@ QWidget* MainWindow::BuildTextPanel() {
     BoxVisualisation_->setLineWrapMode(QPlainTextEdit::NoWrap);
     BoxVisualisation_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
 
-    cmdvoirtxt_ = MakeButton(panel, "cmdvoirtxt", MainTr("Voir le texte", "cmdvoirtxt"));
-    cmdEnregistrer_ = MakeButton(panel, "cmdEnregistrer", MainTr("Enregistrer le texte", "cmdEnregistrer"));
-    cmdAppliquerModif_ = MakeButton(panel, "cmdAppliquerModif", MainTr("Appliquer les modifications",
-                                                                       "cmdAppliquerModif"));
+    cmdvoirtxt_ = MakeButton(panel, "cmdvoirtxt");
+    cmdEnregistrer_ = MakeButton(panel, "cmdEnregistrer");
+    cmdAppliquerModif_ = MakeButton(panel, "cmdAppliquerModif");
     cmdAppliquerModif_->hide();
     textPane_ = new TextPane(*this, model_, BoxVisualisation_, cmdAppliquerModif_, cmdEnregistrer_);
     connect(cmdvoirtxt_, &QPushButton::clicked, this, [this] {
-        model_.SetEditScope(0);
+        model_.Select(std::nullopt);
         RefreshTextPane();
         fraApercu_->HideLabelColours();
     });
@@ -352,17 +431,30 @@ QWidget* MainWindow::BuildPreviewColumn() {
     connect(fraApercu_, &PreviewFrame::BackgroundChanged, this,
             [this] { fraVisualization_->Rebuild(model_.Doc(), fraApercu_->Background()); });
     connect(fraVisualization_, &IconsFrame::IconClicked, this, [this](IconRef ref) {
-        ListOf(ref.Kind)->setCurrentRow(ref.Index);
         PickObject(ref.Kind, ref.Index);
     });
     return column;
 }
 
 void MainWindow::PickObject(ObjectKind kind, int row) {
-    model_.SetEditScope(static_cast<int>(kind), row);
+    // A click on the row already selected shows its text again, after "Voir le texte" say.
+    if (model_.Selection() == ObjectRef{kind, row}) ShowSelection();
+    else model_.Select(ObjectRef{kind, row});
+}
+
+void MainWindow::ShowSelection() {
+    const bool wasRefreshing = refreshing_;
+    refreshing_ = true;
+    const std::optional<ObjectRef> selected = model_.Selection();
+    if (selected) {
+        QListWidget* list = ListOf(selected->Kind);
+        list->setCurrentRow(selected->Row);
+        list->scrollToItem(list->currentItem());
+    }
     RefreshTextPane();
-    fraApercu_->ShowObject(model_.Doc(), static_cast<int>(kind), row);
-    if (const auto icon = IconOfRow(static_cast<int>(kind), row)) fraVisualization_->ShowIcon(*icon);
+    RefreshPreview();
+    if (selected) fraVisualization_->ShowIcon(IconRef{selected->Kind, selected->Row});
+    refreshing_ = wasRefreshing;
 }
 
 void MainWindow::SetListingFunction(ListingFunction listing, ObjectListingFunction objectListing) {
@@ -373,35 +465,40 @@ void MainWindow::SetListingFunction(ListingFunction listing, ObjectListingFuncti
 
 void MainWindow::SetAutoSaveChecked(bool checked) { mnuSauvegardeAuto_->setChecked(checked); }
 
-void MainWindow::Refresh() {
+void MainWindow::Refresh(ChangeSet what) {
+    const bool wasRefreshing = refreshing_;
     refreshing_ = true;
-    setWindowTitle(Q(model_.Title()));
-    lblNomTyp_->setText(Q(model_.NameCaption()));
-    lblDateCreation_->setText(Q(model_.DateText()));
-    lblLongueur_->setText(Q(model_.LengthText()));
-    RefreshIdentity();
-    RefreshLists();
-    RefreshRecentMenu();
-    RefreshEnables();
-    RefreshTextPane();
-    RefreshPreview();
-    refreshing_ = false;
+    if (what.Has(Change::File) || what.Has(Change::Identity)) {
+        setWindowTitle(Q(model_.Title()));
+        lblNomTyp_->setText(Q(model_.NameCaption()));
+        lblDateCreation_->setText(Q(model_.DateText()));
+        lblLongueur_->setText(Q(model_.LengthText()));
+        RefreshIdentity();
+        RefreshEnables();
+    }
+    RefreshLists(what);
+    if (what.Has(Change::Settings) || what.Has(Change::File)) RefreshRecentMenu();
+    // The listing and the icons show every record and the header's code page.
+    if (what.HasRecords() || what.Has(Change::File) || what.Has(Change::Identity) || what.Has(Change::DrawOrder))
+        fraVisualization_->Rebuild(model_.Doc(), fraApercu_->Background());
+    if (!(what == ChangeSet(Change::Settings))) ShowSelection();
+    refreshing_ = wasRefreshing;
 }
 
 void MainWindow::RefreshPreview() {
     // The preview follows the object whose text the pane shows.
-    if (model_.EditScope() != 0) fraApercu_->ShowObject(model_.Doc(), model_.EditScope(), model_.EditIndex());
+    if (const auto selected = model_.Selection())
+        fraApercu_->ShowObject(model_.Doc(), static_cast<int>(selected->Kind), selected->Row);
     else fraApercu_->Reset();
-    fraVisualization_->Rebuild(model_.Doc(), fraApercu_->Background());
 }
 
-void MainWindow::RefreshLists() {
+void MainWindow::RefreshLists(ChangeSet what) {
     const Document& doc = model_.Doc();
-    FillList(ListPolygone_, PolygonListRows(doc));
-    FillList(ListPolyline_, PolylineListRows(doc));
-    FillList(ListPOI_, PoiListRows(doc));
-    FillList(ListExtraPOI_, ExtraPoiListRows(doc));
-    FillList(ListDraworder_, doc.DrawOrderRows);
+    if (what.Has(Change::Polygons)) FillList(ListPolygone_, PolygonListRows(doc));
+    if (what.Has(Change::Polylines)) FillList(ListPolyline_, PolylineListRows(doc));
+    if (what.Has(Change::Pois)) FillList(ListPOI_, PoiListRows(doc));
+    if (what.Has(Change::File)) FillList(ListExtraPOI_, ExtraPoiListRows(doc));
+    if (what.Has(Change::DrawOrder)) FillList(ListDraworder_, doc.DrawOrderRows);
     fraPolygone_->setTitle(Q(model_.PolygonCaption()));
     frapolyline_->setTitle(Q(model_.PolylineCaption()));
     fraPOI_->setTitle(Q(model_.PoiCaption()));
@@ -442,7 +539,7 @@ void MainWindow::RefreshRecentMenu() {
 
 void MainWindow::RefreshEnables() {
     const EnableState state = model_.Enables();
-    for (QPushButton* button : deleteButtons_) button->setEnabled(state.ObjectCommands);
+    for (ObjectKind kind : kObjectKinds) DeleteButtonOf(kind)->setEnabled(state.ObjectCommands);
     for (QPushButton* button : notYetBuilt_) button->setEnabled(false);
     txtFID_->setEnabled(state.IdentityFields);
     txtProductCode_->setEnabled(state.IdentityFields);
@@ -469,8 +566,8 @@ void MainWindow::RefreshTextPane() {
         return;
     }
     Document& doc = model_.Doc();
-    const bool oneObject = model_.EditScope() != 0 && objectListing_;
-    textPane_->ShowListing(oneObject ? objectListing_(doc, model_.EditScope(), model_.EditIndex()) : listing_(doc),
+    const std::optional<ObjectRef> selected = model_.Selection();
+    textPane_->ShowListing(selected && objectListing_ ? objectListing_(doc, *selected) : listing_(doc),
                            PaneCodePage(doc.Identity));
 }
 
@@ -504,6 +601,15 @@ QListWidget* MainWindow::ListOf(ObjectKind kind) const {
     return ListPOI_;
 }
 
+QPushButton* MainWindow::DeleteButtonOf(ObjectKind kind) const {
+    switch (kind) {
+        case ObjectKind::Polygon: return cmdSupprimerPolygone_;
+        case ObjectKind::Polyline: return cmdSupprimerPolyline_;
+        case ObjectKind::Poi: break;
+    }
+    return cmdSupprimerPOI_;
+}
+
 void MainWindow::DeleteSelected(ObjectKind kind) {
     QListWidget* list = ListOf(kind);
     const int row = list->currentItem() && list->currentItem()->isSelected() ? list->currentRow() : -1;
@@ -511,12 +617,23 @@ void MainWindow::DeleteSelected(ObjectKind kind) {
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Delete)) {
-        for (ObjectKind kind : {ObjectKind::Polygon, ObjectKind::Polyline, ObjectKind::Poi}) {
-            if (watched != ListOf(kind)) continue;
-            if (deleteButtons_[static_cast<int>(kind) - 1]->isEnabled()) DeleteSelected(kind);
+    if (event->type() != QEvent::KeyPress) return QMainWindow::eventFilter(watched, event);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    for (ObjectKind kind : kObjectKinds) {
+        QListWidget* list = ListOf(kind);
+        if (watched != list) continue;
+        if (key->matches(QKeySequence::Delete)) {
+            if (DeleteButtonOf(kind)->isEnabled()) DeleteSelected(kind);
             return true;
         }
+        // Moving through the list shows each object, once the list has moved. Only
+        // keys do: the row the list takes by itself on getting the focus shows nothing.
+        static const int kMoves[] = {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home,
+                                     Qt::Key_End};
+        if (std::find(std::begin(kMoves), std::end(kMoves), key->key()) != std::end(kMoves))
+            QTimer::singleShot(0, this, [this, kind, list] {
+                if (list->currentRow() >= 0) PickObject(kind, list->currentRow());
+            });
     }
     return QMainWindow::eventFilter(watched, event);
 }

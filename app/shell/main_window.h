@@ -32,8 +32,8 @@ public:
     // document's code page; it may log broken objects in the document.
     using ListingFunction = std::function<ListingText(Document&)>;
 
-    // The text of one object (scope 1 polygon, 2 polyline, 3 POI, and its row).
-    using ObjectListingFunction = std::function<ListingText(Document&, int scope, int index)>;
+    // The text of one object.
+    using ObjectListingFunction = std::function<ListingText(Document&, ObjectRef object)>;
 
     MainWindow(MainWindowModel& model, QWidget* parent = nullptr);
     ~MainWindow() override;
@@ -43,8 +43,11 @@ public:
     void SetAutoSaveChecked(bool checked);
     TextPane& Text() { return *textPane_; }
 
-    // Redraws every widget from the model.
-    void Refresh();
+    // Sets every caption in the current language, then redraws.
+    void RetranslateUi();
+
+    // Redraws the widgets that show what changed.
+    void Refresh(ChangeSet what = ChangeSet::Everything());
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -56,13 +59,15 @@ private:
     void BuildMenus();
     QWidget* BuildHeaderPanel();
     QGroupBox* BuildObjectFrame(const char* frameName, const char* listName, const char* kindWord,
-                                QListWidget*& list, ObjectKind kind);
+                                QListWidget*& list, QPushButton*& remove, ObjectKind kind);
     QWidget* BuildTextPanel();
     // fraApercu above the icons view and the text pane.
     QWidget* BuildPreviewColumn();
-    // A row was picked in a list or an icon in the icons view: text, preview, icon.
+    // A row was picked in a list or an icon in the icons view.
     void PickObject(ObjectKind kind, int row);
-    void RefreshLists();
+    // The list row, text, preview and icon of the model's selection.
+    void ShowSelection();
+    void RefreshLists(ChangeSet what);
     void RefreshIdentity();
     void RefreshRecentMenu();
     void RefreshEnables();
@@ -75,24 +80,31 @@ private:
     bool CommitIdentityEdits();
     void DeleteSelected(ObjectKind kind);
     QListWidget* ListOf(ObjectKind kind) const;
+    QPushButton* DeleteButtonOf(ObjectKind kind) const;
 
     MainWindowModel& model_;
     ListingFunction listing_;
     ObjectListingFunction objectListing_;
+    int changesListener_ = 0;
     bool refreshing_ = false;
     bool checkingIdentity_ = false;
 
     QAction *mnuNouveau_, *mnuOuvrirTYP_, *mnuouvrirtxt_, *mnuOuvrirTypMapset_, *mnufermer_;
     QAction *mnuEnregistrerTyp_, *mnuEnregistrerTxt_, *mnuSauvegardeAuto_, *mnuTypSpeciaux_, *mnuquitter_;
-    QMenu* recentMenu_;
+    QMenu *mnuFichier_, *mnuOutils_, *mnuLangues_, *recentMenu_;
+    QAction *mnuCouleurIdentifieur_, *mnuCompiler_, *mnuChoixLangue_;
 
+    QGroupBox* fraEntete_;
     QLabel *lblNomTyp_, *lblDateCreation_, *lblLongueur_;
+    QLabel *lblDate_, *lblTaille_, *lblFID_, *lblProductCode_, *lblCodepage_, *lblHeadersize_;
     QLineEdit *txtFID_, *txtProductCode_;
     QComboBox *cbbCodepage_, *cbbHeadersize_;
     QPushButton *cmdCreerTYP_, *cmdDraworder_, *cmdIcones_, *cmdLabels_;
     QGroupBox *fraPolygone_, *frapolyline_, *fraPOI_, *fraDraworder_, *fraExtraPOI_;
     QListWidget *ListPolygone_, *ListPolyline_, *ListPOI_, *ListDraworder_, *ListExtraPOI_;
-    QPushButton* deleteButtons_[3];
+    QPushButton *cmdAddPolygone_, *cmdModifierPolygone_, *cmdSupprimerPolygone_;
+    QPushButton *cmdAddPolyline_, *cmdModifierPolyline_, *cmdSupprimerPolyline_;
+    QPushButton *cmdAddPOI_, *cmdModifierPOI_, *cmdSupprimerPOI_;
     QList<QPushButton*> notYetBuilt_;
     QPlainTextEdit* BoxVisualisation_;
     QPushButton *cmdvoirtxt_, *cmdEnregistrer_, *cmdAppliquerModif_;

@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QFocusEvent>
-#include <QListWidget>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -25,10 +24,8 @@ namespace mirvane::app {
 
 namespace {
 
-QAction* MakeAction(QObject* owner, const char* name, const QString& caption, const char* keysShown = nullptr) {
-    // The keys are only shown: the pane and the other fields handle them
-    // themselves, and Delete stays with the object lists.
-    auto* action = new QAction(keysShown ? caption + '\t' + keysShown : caption, owner);
+QAction* MakeAction(QObject* owner, const char* name) {
+    auto* action = new QAction(owner);
     action->setObjectName(name);
     return action;
 }
@@ -50,7 +47,7 @@ TextPane::TextPane(QMainWindow& window, MainWindowModel& model, QPlainTextEdit* 
     session_.SetBackupFolder(BackupFolder().toStdString());
     mnuSauvegardeAuto_ = window.findChild<QAction*>("mnuSauvegardeAuto");
 
-    cmdRecherche_ = new QPushButton(MainTr("Rechercher...", "cmdRecherche"), pane->parentWidget());
+    cmdRecherche_ = new QPushButton(pane->parentWidget());
     cmdRecherche_->setObjectName("cmdRecherche");
     auto* find = new QShortcut(QKeySequence::Find, &window);
     connect(find, &QShortcut::activated, this, &TextPane::OpenSearch);
@@ -58,10 +55,9 @@ TextPane::TextPane(QMainWindow& window, MainWindowModel& model, QPlainTextEdit* 
 
     BuildEditMenu();
     if (auto* tools = window.findChild<QMenu*>("mnuOutils")) {
-        auto* backups = MakeAction(&window, "mnuSauvegardeTexte",
-                                   MainTr("Voir les dernières sauvegardes texte", "mnuSauvegardeTexte"));
-        tools->addAction(backups);
-        connect(backups, &QAction::triggered, this, &TextPane::OpenBackups);
+        mnuSauvegardeTexte_ = MakeAction(&window, "mnuSauvegardeTexte");
+        tools->addAction(mnuSauvegardeTexte_);
+        connect(mnuSauvegardeTexte_, &QAction::triggered, this, &TextPane::OpenBackups);
     }
     if (auto* saveMenu = window.findChild<QAction*>("mnuEnregistrerTxt"))
         connect(saveMenu, &QAction::triggered, this, &TextPane::SaveText);
@@ -72,19 +68,19 @@ TextPane::TextPane(QMainWindow& window, MainWindowModel& model, QPlainTextEdit* 
             [this](const QPoint& at) { mnuEdition_->popup(pane_->viewport()->mapToGlobal(at)); });
     connect(pane_, &QPlainTextEdit::textChanged, this, [this] {
         if (filling_) return;
-        session_.Pane().BoxVisualisation_Change();
+        session_.TextEdited();
         RedrawApplyButton();
     });
     pane_->installEventFilter(this);
     connect(cmdAppliquerModif_, &QPushButton::clicked, this, &TextPane::Apply);
-    RedrawApplyButton();
+    RetranslateUi();
 }
 
 void TextPane::BuildEditMenu() {
-    mnuEdition_ = window_.menuBar()->addMenu(MainTr("&Edition", "mnuEdition"));
+    mnuEdition_ = window_.menuBar()->addMenu(QString());
     mnuEdition_->setObjectName("mnuEdition");
-    auto add = [this](const char* name, const QString& caption, const char* keys, auto command) {
-        QAction* action = MakeAction(&window_, name, caption, keys);
+    auto add = [this](const char* name, auto command) {
+        QAction* action = MakeAction(&window_, name);
         mnuEdition_->addAction(action);
         paneCommands_ << action;
         connect(action, &QAction::triggered, this, [this, command] {
@@ -92,19 +88,37 @@ void TextPane::BuildEditMenu() {
             command();
         });
     };
-    add("mnuAnnuler", MainTr("Annuler", "mnuAnnuler"), "Ctrl+Z", [this] { pane_->undo(); });
+    add("mnuAnnuler", [this] { pane_->undo(); });
     mnuEdition_->addSeparator();
-    add("mnuCouper", MainTr("Couper", "mnuCouper"), "Ctrl+X", [this] { pane_->cut(); });
-    add("mnuCopier", MainTr("Copier", "mnuCopier"), "Ctrl+C", [this] { pane_->copy(); });
-    add("mnuColler", MainTr("Coller", "mnuColler"), "Ctrl+V", [this] { pane_->paste(); });
-    add("mnuSupprimer", MainTr("Supprimer", "mnuSupprimer"), "Suppr", [this] {
+    add("mnuCouper", [this] { pane_->cut(); });
+    add("mnuCopier", [this] { pane_->copy(); });
+    add("mnuColler", [this] { pane_->paste(); });
+    add("mnuSupprimer", [this] {
         QTextCursor cursor = pane_->textCursor();
         if (!pane_->isReadOnly()) cursor.removeSelectedText();
         pane_->setTextCursor(cursor);
     });
     mnuEdition_->addSeparator();
-    add("mnuSelectionnerTout", MainTr("Sélectionner tout", "mnuSelectionnerTout"), "Ctrl+A",
-        [this] { pane_->selectAll(); });
+    add("mnuSelectionnerTout", [this] { pane_->selectAll(); });
+}
+
+void TextPane::RetranslateUi() {
+    cmdRecherche_->setText(MainCaption("Rechercher...", "cmdRecherche"));
+    if (mnuSauvegardeTexte_)
+        mnuSauvegardeTexte_->setText(MainCaption("Voir les dernières sauvegardes texte", "mnuSauvegardeTexte"));
+    mnuEdition_->setTitle(MainCaption("&Edition", "mnuEdition"));
+    // The keys are only shown: the pane and the other fields handle them
+    // themselves, and Delete stays with the object lists.
+    const auto command = [this](const char* name, const QString& caption, const char* keys) {
+        if (auto* action = window_.findChild<QAction*>(name)) action->setText(caption + '\t' + keys);
+    };
+    command("mnuAnnuler", MainCaption("Annuler", "mnuAnnuler"), "Ctrl+Z");
+    command("mnuCouper", MainCaption("Couper", "mnuCouper"), "Ctrl+X");
+    command("mnuCopier", MainCaption("Copier", "mnuCopier"), "Ctrl+C");
+    command("mnuColler", MainCaption("Coller", "mnuColler"), "Ctrl+V");
+    command("mnuSupprimer", MainCaption("Supprimer", "mnuSupprimer"), "Suppr");
+    command("mnuSelectionnerTout", MainCaption("Sélectionner tout", "mnuSelectionnerTout"), "Ctrl+A");
+    RedrawApplyButton();
 }
 
 void TextPane::SetColours(const RtfColours& colours) { colours_ = PaneColours(colours); }
@@ -132,19 +146,9 @@ void TextPane::RefreshEnables(bool hasDocument) {
 }
 
 void TextPane::Apply() {
-    const int scope = model_.EditScope();
     const bool autoBackup = mnuSauvegardeAuto_ && mnuSauvegardeAuto_->isChecked();
-    const int row = session_.Apply(PaneBytes(*pane_->document(), shownCodePage_), autoBackup);
+    session_.Apply(PaneBytes(*pane_->document(), shownCodePage_), autoBackup);
     RedrawApplyButton();
-    if (scope != 0) ReselectObject(scope, row);
-}
-
-void TextPane::ReselectObject(int scope, int row) {
-    static const char* const kLists[] = {"ListPolygone", "ListPolyline", "ListPOI"};
-    auto* list = window_.findChild<QListWidget*>(kLists[scope - 1]);
-    if (!list || row < 0 || row >= list->count()) return;
-    list->setCurrentRow(row);
-    list->scrollToItem(list->currentItem());
 }
 
 void TextPane::SaveText() { session_.SaveText(PaneBytes(*pane_->document(), shownCodePage_)); }
@@ -163,17 +167,16 @@ void TextPane::OpenBackups() {
 }
 
 void TextPane::RedrawApplyButton() {
-    const TextPaneModel& pane = session_.Pane();
-    cmdAppliquerModif_->setText(QString::fromStdString(pane.cmdAppliquerModif_Caption));
-    cmdAppliquerModif_->setVisible(pane.cmdAppliquerModif_Visible);
-    cmdAppliquerModif_->setEnabled(pane.cmdAppliquerModif_Enabled);
+    cmdAppliquerModif_->setText(Q(session_.ApplyCaption()));
+    cmdAppliquerModif_->setVisible(session_.ApplyVisible());
+    cmdAppliquerModif_->setEnabled(session_.ApplyEnabled());
 }
 
 bool TextPane::eventFilter(QObject* watched, QEvent* event) {
     if (watched == pane_ && event->type() == QEvent::FocusOut &&
         static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
         const QWidget* next = QApplication::focusWidget();
-        session_.Pane().BoxVisualisation_LostFocus(textShown_ && !pane_->isReadOnly(), next == pane_);
+        session_.FocusLeft(textShown_ && !pane_->isReadOnly(), next == pane_);
         RedrawApplyButton();
     }
     return QObject::eventFilter(watched, event);

@@ -37,6 +37,7 @@ public:
     TextPaneSession& Session() { return session_; }
     QPushButton* SearchButton() const { return cmdRecherche_; }
     void SetColours(const RtfColours& colours);
+    void RetranslateUi();
 
     // Shows a listing of the document, decoded in `codePage`.
     void ShowListing(const ListingText& listing, int codePage);
@@ -55,7 +56,6 @@ protected:
 private:
     void BuildEditMenu();
     void RedrawApplyButton();
-    void ReselectObject(int scope, int row);
 
     QMainWindow& window_;
     MainWindowModel& model_;
@@ -63,6 +63,7 @@ private:
     QPlainTextEdit* pane_;
     QPushButton *cmdAppliquerModif_, *cmdRecherche_;
     QAction* mnuSauvegardeAuto_;
+    QAction* mnuSauvegardeTexte_ = nullptr;
     QMenu* mnuEdition_;
     QList<QAction*> paneCommands_;
     QPointer<SearchWindow> search_;

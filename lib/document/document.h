@@ -11,6 +11,15 @@ namespace mirvane {
 
 enum class DocumentState { None, New, Loaded };
 
+// One object of the document: its kind and its row in that kind's list.
+struct ObjectRef {
+    ObjectKind Kind = ObjectKind::Polygon;
+    int Row = 0;
+    bool operator==(const ObjectRef&) const = default;
+};
+
+inline constexpr ObjectKind kObjectKinds[] = {ObjectKind::Polygon, ObjectKind::Polyline, ObjectKind::Poi};
+
 // What the main window's identity fields hold. The writer takes its header
 // values from here, so a document read from one file can be saved with
 // another FID, code page or header size.
@@ -67,6 +76,15 @@ struct Document {
 
     int PolygonCount() const { return static_cast<int>(Polygons.size()); }
     int PoiCount() const { return static_cast<int>(Pois.size()); }
+    int CountOf(ObjectKind kind) const {
+        switch (kind) {
+            case ObjectKind::Polygon: return PolygonCount();
+            case ObjectKind::Polyline: return static_cast<int>(Polylines.size());
+            case ObjectKind::Poi: break;
+        }
+        return PoiCount();
+    }
+    bool Holds(ObjectRef ref) const { return ref.Row >= 0 && ref.Row < CountOf(ref.Kind); }
 
     // FilePath, and its folder and name split at the last separator.
     void SetPath(const std::string& path) {

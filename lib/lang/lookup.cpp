@@ -135,4 +135,9 @@ std::string ChooseLanguageFolder(const std::string& programDir) {
     return folders.front();
 }
 
+std::string FormCaption(std::string_view section, std::string_view defaultText, std::string_view key) {
+    if (LanguageName() == kBuiltInLanguage) return std::string(defaultText);
+    return LookupText(section, defaultText, key);
+}
+
 }  // namespace mirvane

@@ -29,6 +29,10 @@ inline std::string MainText(std::string_view defaultText, std::string_view key) 
     return LookupText("Main", defaultText, key);
 }
 
+// A caption of a form: the built-in French while the language is French (a
+// stray Francais.lng changes messages only), else looked up.
+std::string FormCaption(std::string_view section, std::string_view defaultText, std::string_view key);
+
 // `value` with its digits in groups of three, parted by the language's
 // thousands separator: "14 452" in French, "14,452" in English.
 std::string GroupedNumber(std::int64_t value);

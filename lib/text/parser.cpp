@@ -1,7 +1,9 @@
 // The driver of the text parser: line preparation, the outer loop, [_id],
-// [_comments], [_drawOrder], the object sections under EditScope, and the
+// [_comments], [_drawOrder], the object sections (all, or the one target object), and the
 // sorting after the last line.
 #include "text/parser.h"
+
+#include <algorithm>
 
 #include "document/sorts.h"
 #include "base/file_io.h"
@@ -114,20 +116,20 @@ void ReadDrawOrderLine(Document& doc, std::string_view line) {
     doc.DrawOrderRows.push_back(row + "," + std::string(fields[1]));
 }
 
-// The record an object section writes to, by EditScope: a new one (scope 0),
-// the selected one emptied (same kind), or the one of the last such step
-// (another kind: the trap of a [_polygon] typed while a line is selected).
+// The record an object section writes to: a new one for a whole document,
+// the target emptied (same kind), or the one of the last such step (another
+// kind: the trap of a [_polygon] typed while a line is selected).
 template <typename Record>
-Record* ObjectTarget(ParseContext& ctx, std::vector<Record>& records, int kind, int& last) {
-    if (ctx.EditScope == kScopeDocument) {
+Record* ObjectTarget(ParseContext& ctx, std::vector<Record>& records, ObjectKind kind, int& last) {
+    if (!ctx.Target) {
         if (records.size() >= kMaxObjectsOfAKind) return nullptr;
         records.emplace_back();
         last = static_cast<int>(records.size()) - 1;
         return &records.back();
     }
-    if (ctx.EditScope == kind) {
-        if (ctx.SelectedIndex < 0 || static_cast<std::size_t>(ctx.SelectedIndex) >= records.size()) return nullptr;
-        last = ctx.SelectedIndex;
+    if (ctx.Target->Kind == kind) {
+        if (ctx.Target->Row < 0 || static_cast<std::size_t>(ctx.Target->Row) >= records.size()) return nullptr;
+        last = ctx.Target->Row;
         records[static_cast<std::size_t>(last)] = Record{};
         return &records[static_cast<std::size_t>(last)];
     }
@@ -138,7 +140,8 @@ Record* ObjectTarget(ParseContext& ctx, std::vector<Record>& records, int kind, 
 // A section whose record cannot be had is logged at its head and read into
 // a record that is then dropped, so its lines are still passed over.
 template <typename Record, typename ReadBodyFn>
-void ReadObjectSection(ParseContext& ctx, std::vector<Record>& records, int kind, int& last, ReadBodyFn readBody) {
+void ReadObjectSection(ParseContext& ctx, std::vector<Record>& records, ObjectKind kind, int& last,
+                       ReadBodyFn readBody) {
     const std::size_t countBefore = records.size();
     Record* target = ObjectTarget(ctx, records, kind, last);
     if (!target) {
@@ -147,7 +150,7 @@ void ReadObjectSection(ParseContext& ctx, std::vector<Record>& records, int kind
         readBody(ctx, scratch);
         return;
     }
-    if (kind == kScopePolyline && records.size() > countBefore) ++ctx.Doc.PolylineCount;
+    if (kind == ObjectKind::Polyline && records.size() > countBefore) ++ctx.Doc.PolylineCount;
     readBody(ctx, *target);
 }
 
@@ -161,11 +164,11 @@ void ReadSection(ParseContext& ctx, std::string_view head) {
         ReadSectionLines(ctx, [&](std::string_view line) { ReadDrawOrderLine(doc, line); });
         ctx.Try([&] { RebuildDrawOrderRows(doc.DrawOrderRows); });
     } else if (StartsWithNoCase(head, "[_polygon]")) {
-        ReadObjectSection(ctx, doc.Polygons, kScopePolygon, ctx.LastPolygon, ReadPolygonBody);
+        ReadObjectSection(ctx, doc.Polygons, ObjectKind::Polygon, ctx.LastPolygon, ReadPolygonBody);
     } else if (StartsWithNoCase(head, "[_line]")) {
-        ReadObjectSection(ctx, doc.Polylines, kScopePolyline, ctx.LastPolyline, ReadPolylineBody);
+        ReadObjectSection(ctx, doc.Polylines, ObjectKind::Polyline, ctx.LastPolyline, ReadPolylineBody);
     } else if (StartsWithNoCase(head, "[_point]")) {
-        ReadObjectSection(ctx, doc.Pois, kScopePoi, ctx.LastPoi, ReadPoiBody);
+        ReadObjectSection(ctx, doc.Pois, ObjectKind::Poi, ctx.LastPoi, ReadPoiBody);
     }
 }
 
@@ -173,17 +176,16 @@ void ReadSection(ParseContext& ctx, std::string_view head) {
 // behind them only while its record is not rebuilt.
 void SortPolylinesByType(std::vector<PolylineRecord>& polylines) { SortPolylinesForDisplay(polylines); }
 
-// Sorts one kind when the scope touched it; with a single-object scope,
+// Sorts one kind when the text touched it; with a target of that kind,
 // returns the last record holding the edited object's Type and SubType.
 template <typename Record, typename Sort>
-int FinishKind(ParseContext& ctx, std::vector<Record>& records, int kind, Sort sort) {
-    if (ctx.EditScope != kScopeDocument && ctx.EditScope != kind) return -1;
-    const bool single = ctx.EditScope == kind;
-    const bool selected = single && ctx.SelectedIndex >= 0 && static_cast<std::size_t>(ctx.SelectedIndex) < records.size();
+int FinishKind(ParseContext& ctx, std::vector<Record>& records, ObjectKind kind, Sort sort) {
+    if (ctx.Target && ctx.Target->Kind != kind) return -1;
+    const bool selected = ctx.Target && ctx.Target->Row >= 0 && static_cast<std::size_t>(ctx.Target->Row) < records.size();
     std::string type, subType;
     if (selected) {
-        type = records[static_cast<std::size_t>(ctx.SelectedIndex)].Type;
-        subType = records[static_cast<std::size_t>(ctx.SelectedIndex)].SubType;
+        type = records[static_cast<std::size_t>(ctx.Target->Row)].Type;
+        subType = records[static_cast<std::size_t>(ctx.Target->Row)].SubType;
     }
     if (records.size() > 1) sort(records);
     int selectIndex = -1;
@@ -203,13 +205,11 @@ void CountPolylines(Document& doc) {
 ParseResult Finish(ParseContext& ctx) {
     Document& doc = ctx.Doc;
     ParseResult result;
-    const int polygon = FinishKind(ctx, doc.Polygons, kScopePolygon, SortPolygons);
-    const int polyline = FinishKind(ctx, doc.Polylines, kScopePolyline, SortPolylinesByType);
-    const int poi = FinishKind(ctx, doc.Pois, kScopePoi, SortPois);
-    if (ctx.EditScope == kScopeDocument || ctx.EditScope == kScopePolyline) CountPolylines(doc);
-    if (ctx.EditScope == kScopePolygon) result.SelectIndex = polygon;
-    if (ctx.EditScope == kScopePolyline) result.SelectIndex = polyline;
-    if (ctx.EditScope == kScopePoi) result.SelectIndex = poi;
+    const int polygon = FinishKind(ctx, doc.Polygons, ObjectKind::Polygon, SortPolygons);
+    const int polyline = FinishKind(ctx, doc.Polylines, ObjectKind::Polyline, SortPolylinesByType);
+    const int poi = FinishKind(ctx, doc.Pois, ObjectKind::Poi, SortPois);
+    if (!ctx.Target || ctx.Target->Kind == ObjectKind::Polyline) CountPolylines(doc);
+    if (ctx.Target) result.SelectIndex = std::max({polygon, polyline, poi});
     return result;
 }
 
@@ -217,14 +217,13 @@ ParseResult Finish(ParseContext& ctx) {
 
 }  // namespace textparse
 
-ParseResult ParseTypText(Document& doc, std::string_view textBytes, int editScope, int selectedIndex) {
+ParseResult ParseTypText(Document& doc, std::string_view textBytes, std::optional<ObjectRef> target) {
     using namespace textparse;
     // A single object's text holds no comment section: applying it keeps the comment.
-    if (editScope == kScopeDocument) doc.HeaderGapBytes.clear();
+    if (!target) doc.HeaderGapBytes.clear();
     if (textBytes.substr(0, 3) == "\xEF\xBB\xBF") textBytes.remove_prefix(3);  // UTF-8 byte order mark
     ParseContext ctx{doc, PrepareLines(textBytes)};
-    ctx.EditScope = editScope;
-    ctx.SelectedIndex = selectedIndex;
+    ctx.Target = target;
     for (ctx.I = 0; ctx.I + 1 < ctx.LineCount(); ++ctx.I) {
         const std::string_view head = TrimBlanks(ctx.Lines[ctx.I]);
         if (!head.empty() && head.front() == '[') ReadSection(ctx, head);
@@ -241,7 +240,7 @@ void LoadTypText(Document& doc, std::string_view textBytes, const std::string& p
     doc.Identity.HeaderSizeIndex = 0;
     doc.Identity.HeaderSizeText = "91 (ancien format)";
     doc.Identity.CodePageIndex = 2;
-    ParseTypText(doc, textBytes, kScopeDocument);
+    ParseTypText(doc, textBytes);
 }
 
 bool OpenTypText(Document& doc, const std::string& path) {

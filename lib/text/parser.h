@@ -4,6 +4,7 @@
 // on with the next one. Every loop is bounded by the number of lines.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,19 +12,17 @@
 
 namespace mirvane {
 
-// What the pane shows and the parser writes to.
-enum EditScope : int { kScopeDocument = 0, kScopePolygon = 1, kScopePolyline = 2, kScopePoi = 3 };
-
 struct ParseResult {
-    // With a single-object scope: the record to select again after sorting,
+    // With a target object: the record to select again after sorting,
     // the last one holding the edited object's Type and SubType; -1 otherwise.
     int SelectIndex = -1;
 };
 
-// Parses `textBytes` into `doc`. `editScope` 0 appends a record for every
-// object section; 1, 2 or 3 rebuilds the record `selectedIndex` of that kind.
-// Label and comment bytes are kept as they stand in the text.
-ParseResult ParseTypText(Document& doc, std::string_view textBytes, int editScope, int selectedIndex = -1);
+// Parses `textBytes` into `doc`. Without a target it appends a record for
+// every object section (the whole document's text); with one it rebuilds that
+// record from the object's text. Label and comment bytes are kept as they
+// stand in the text.
+ParseResult ParseTypText(Document& doc, std::string_view textBytes, std::optional<ObjectRef> target = {});
 
 // The core of opening a .txt file: resets `doc`, sets the header size and
 // code page combos to their defaults (91, 1252), the path fields and

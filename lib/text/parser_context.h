@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -24,8 +25,7 @@ struct ParseContext {
     Document& Doc;
     std::vector<std::string> Lines;
     std::size_t I = 0;  // the current line, shared by all sections
-    int EditScope = 0;
-    int SelectedIndex = -1;
+    std::optional<ObjectRef> Target;  // the object whose text is read; none for a whole document
     // Record written by the last add or reset of each kind (the trap of a
     // section of another kind than the scope's goes there).
     int LastPolygon = 0, LastPolyline = 0, LastPoi = 0;

@@ -17,6 +17,9 @@ inline QString CorpusFile(const char* name) {
     return QString(MIRVANE_SHARED_DIR) + "/corpus/binary/" + name;
 }
 
+// The bundled sample: what a test needs when any TYP will do.
+inline QString SampleFile() { return QString(MIRVANE_SOURCE_DIR) + "/samples/sample.typ"; }
+
 // Skips the current test when the corpus file is not there.
 #define REQUIRE_CORPUS_FILE(name)                                              \
     do {                                                                       \

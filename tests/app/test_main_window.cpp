@@ -106,8 +106,7 @@ private slots:
     }
 
     void aTruncatedFileOpensWithTheErrorList() {
-        REQUIRE_CORPUS_FILE("jbm-osm.typ");
-        QFile whole(CorpusFile("suke-tmz.typ"));
+        QFile whole(SampleFile());
         QVERIFY(whole.open(QIODevice::ReadOnly));
         QTemporaryDir folder;
         QFile half(folder.filePath("moitie.typ"));
@@ -122,22 +121,27 @@ private slots:
     }
 
     void pickingARowShowsThatObjectAndViewTextTheWhole() {
-        REQUIRE_CORPUS_FILE("jbm-osm.typ");
-        OpenThroughMenu(CorpusFile("jbm-osm.typ"));
+        OpenThroughMenu(SampleFile());
         auto* list = Find<QListWidget>("ListPOI");
         auto* pane = Find<QPlainTextEdit>("BoxVisualisation");
+        QVERIFY(pane->toPlainText().contains("[_id]"));  // opening shows the whole document
+        QVERIFY(!model_->Selection());
         const QRect row = list->visualItemRect(list->item(1));
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row.center());
         QCOMPARE(list->currentRow(), 1);
         QVERIFY(pane->toPlainText().contains("[_point]"));
         QVERIFY(!pane->toPlainText().contains("[_id]"));
+        // The arrow keys move through the list as clicks do.
+        QTest::keyClick(list, Qt::Key_Down);
+        QTRY_COMPARE(model_->Selection().value_or(ObjectRef{}).Row, 2);
+        QVERIFY(model_->Selection()->Kind == ObjectKind::Poi);
+        QVERIFY(pane->toPlainText().contains("Type=0x003"));
         QMetaObject::invokeMethod(Find<QPushButton>("cmdvoirtxt"), "click");
         QVERIFY(pane->toPlainText().contains("[_id]"));
     }
 
     void closeWithNoLosesTheChanges() {
-        REQUIRE_CORPUS_FILE("jbm-osm.typ");
-        OpenThroughMenu(CorpusFile("jbm-osm.typ"));
+        OpenThroughMenu(SampleFile());
         DeleteFirstPolygon(true);
         QVERIFY(window_->windowTitle().endsWith(" modifié"));
         QCOMPARE(Find<QLabel>("lblLongueur")->text(), QString("modifié"));
@@ -153,10 +157,9 @@ private slots:
     }
 
     void closeWithYesSavesAndTheFileReadsBack() {
-        REQUIRE_CORPUS_FILE("jbm-osm.typ");
         QTemporaryDir folder;
         const QString target = folder.filePath("moins-un.typ");
-        OpenThroughMenu(CorpusFile("jbm-osm.typ"));
+        OpenThroughMenu(SampleFile());
         const int polygons = Find<QListWidget>("ListPolygone")->count();
         DeleteFirstPolygon(true);
         prompts_->Answers.push_back(true);
@@ -169,10 +172,9 @@ private slots:
     }
 
     void saveThroughTheMenuUpdatesTitleAndRecentFiles() {
-        REQUIRE_CORPUS_FILE("jbm-osm.typ");
         QTemporaryDir folder;
         const QString target = folder.filePath("copie.typ");
-        OpenThroughMenu(CorpusFile("suke-tmz.typ"));
+        OpenThroughMenu(SampleFile());
         Find<QLineEdit>("txtProductCode")->setText("7");
         emit Find<QLineEdit>("txtProductCode")->editingFinished();
         QVERIFY(window_->windowTitle().endsWith(" modifié"));
@@ -246,10 +248,9 @@ private slots:
     }
 
     void recentFilesOpenAndForgetMissingOnes() {
-        REQUIRE_CORPUS_FILE("jbm-osm.typ");
         QTemporaryDir folder;
         const QString gone = folder.filePath("parti.typ");
-        settings_->Set(kRecentFilesSection, "1", CorpusFile("jbm-osm.typ").toStdString());
+        settings_->Set(kRecentFilesSection, "1", SampleFile().toStdString());
         settings_->Set(kRecentFilesSection, "2", gone.toStdString());
         RebuildWindow();
         QCOMPARE(RecentActions().size(), 2);
@@ -259,19 +260,18 @@ private slots:
         QCOMPARE(prompts_->Texts("inform").back(), std::string("Mirvane|Fichier introuvable"));
         QVERIFY(!settings_->Get(kRecentFilesSection, "2"));
         RecentActions().first()->trigger();
-        QTRY_COMPARE(window_->windowTitle(), QString("Mirvane v0.1.0 - [jbm-osm.typ]"));
+        QTRY_COMPARE(window_->windowTitle(), QString("Mirvane v0.1.0 - [sample.typ]"));
     }
 
     void droppingATypFileOpensIt() {
-        REQUIRE_CORPUS_FILE("jbm-osm.typ");
         QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(CorpusFile("suke-tmz.typ"))});
+        data.setUrls({QUrl::fromLocalFile(SampleFile())});
         QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(window_.get(), &enter);
         QVERIFY(enter.isAccepted());
         QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(window_.get(), &drop);
-        QTRY_COMPARE(window_->windowTitle(), QString("Mirvane v0.1.0 - [suke-tmz.typ]"));
+        QTRY_COMPARE(window_->windowTitle(), QString("Mirvane v0.1.0 - [sample.typ]"));
     }
 
     void quitWithAnUntouchedNewDocumentAsks() {

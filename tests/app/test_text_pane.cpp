@@ -113,7 +113,7 @@ private slots:
         QVERIFY(listing.find("String1=0x04," + kMoscow1251) != std::string::npos);
         QVERIFY(ListingOfPolygon(1).find("#00FF00") != std::string::npos);
         QCOMPARE(Find<QListWidget>("ListPolygone")->currentRow(), 0);
-        QCOMPARE(model_->EditScope(), 1);
+        QVERIFY(model_->Selection() == (ObjectRef{ObjectKind::Polygon, 0}));
         QVERIFY(Pane()->toPlainText().contains("#0000FF"));
         QVERIFY(window_->windowTitle().endsWith(QString::fromUtf8(" modifié")));
         QVERIFY(!apply->isEnabled());

@@ -11,7 +11,7 @@ namespace mirvane::test {
 // Whole-document parse of `text` into a fresh document.
 inline Document ParseDocument(const std::string& text) {
     Document doc;
-    ParseTypText(doc, text, kScopeDocument);
+    ParseTypText(doc, text);
     return doc;
 }
 

@@ -100,12 +100,16 @@ TEST_F(ModelFixture, DeletingThePickedPolygonSendsThePaneBackToTheDocument) {
     EXPECT_FALSE(model.DeleteObject(ObjectKind::Polygon, -1));  // no selection: no question
     EXPECT_TRUE(prompts.Texts("ask").empty());
     prompts.Answers = {false, true};
-    model.SetEditScope(1, 0);
+    model.Select(ObjectRef{ObjectKind::Polygon, 0});
     EXPECT_FALSE(model.DeleteObject(ObjectKind::Polygon, 0));
-    EXPECT_EQ(model.EditScope(), 1);
+    EXPECT_TRUE(model.Selection().has_value());
+    std::vector<ChangeSet> told;
+    model.Changes().Listen([&](ChangeSet what) { told.push_back(what); });
     EXPECT_TRUE(model.DeleteObject(ObjectKind::Polygon, 0));
     EXPECT_TRUE(doc.Polygons.empty());
-    EXPECT_EQ(model.EditScope(), 0);  // the pane goes back to the whole document
+    EXPECT_FALSE(model.Selection());  // the pane goes back to the whole document
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_EQ(told[0], Change::Polygons | Change::File | Change::Selection);
 }
 
 TEST_F(ModelFixture, AnUpperCaseTypEndingOpensAsBinary) {

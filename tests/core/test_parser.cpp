@@ -45,11 +45,11 @@ TEST(ParserSections, IdentityValuesAtFixedPlaces) {
 TEST(ParserSections, CodePageTheComboCannotShowIsLoggedAndKeptForTheSave) {
     Document doc;
     doc.Identity.CodePageIndex = 2;
-    ParseTypText(doc, "[_id]\nCodePage=65001\n[End]\n", kScopeDocument);
+    ParseTypText(doc, "[_id]\nCodePage=65001\n[End]\n");
     EXPECT_EQ(doc.Identity.CodePageIndex, -1);
     EXPECT_EQ(doc.Identity.UnlistedCodePage, 65001);
     EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 2 : \"CodePage=65001\"");
-    ParseTypText(doc, "[_id]\nCodePage=1251\n[End]\n", kScopeDocument);
+    ParseTypText(doc, "[_id]\nCodePage=1251\n[End]\n");
     EXPECT_EQ(doc.Identity.CodePageIndex, 1);
     EXPECT_EQ(doc.Identity.UnlistedCodePage, 0);
 }
@@ -127,9 +127,9 @@ TEST(ParserFailures, ArbitraryTextAlwaysEnds) {
     // Every cut of the sample: the parser ends and names what it could not read.
     for (std::size_t cut = 0; cut <= sample.size(); ++cut) {
         Document doc;
-        ParseTypText(doc, std::string_view(sample).substr(0, cut), kScopeDocument);
-        ParseTypText(doc, std::string_view(sample).substr(cut), kScopePoi, 0);
-        ParseTypText(doc, std::string_view(sample).substr(cut), kScopePolygon, 0);
+        ParseTypText(doc, std::string_view(sample).substr(0, cut));
+        ParseTypText(doc, std::string_view(sample).substr(cut), ObjectRef{ObjectKind::Poi, 0});
+        ParseTypText(doc, std::string_view(sample).substr(cut), ObjectRef{ObjectKind::Polygon, 0});
     }
     // A huge declared bitmap on a short text stays short in the log and
     // makes no pixel bytes.
@@ -146,7 +146,7 @@ TEST(ParserScopes, SingleObjectScopeRebuildsTheSelectedRecordAndFindsItAgain) {
                                  "[_comments]\nnote\n[end]\n");
     ASSERT_EQ(doc.Polygons.size(), 3u);
     EXPECT_EQ(doc.Polygons[1].Type, "003");  // sorted
-    ParseResult result = ParseTypText(doc, "[_polygon]\nType=0x07\n[end]\n", kScopePolygon, 0);
+    ParseResult result = ParseTypText(doc, "[_polygon]\nType=0x07\n[end]\n", ObjectRef{ObjectKind::Polygon, 0});
     ASSERT_EQ(doc.Polygons.size(), 3u);
     EXPECT_EQ(doc.Polygons[2].Type, "007");
     EXPECT_TRUE(doc.Polygons[2].ColourBytes.empty());  // reset, then refilled
@@ -156,7 +156,7 @@ TEST(ParserScopes, SingleObjectScopeRebuildsTheSelectedRecordAndFindsItAgain) {
 
 TEST(ParserScopes, SameKindTwiceRefillsTheSameRecord) {
     Document doc = ParseDocument(SolidPolygon("01") + SolidPolygon("02"));
-    const ParseResult result = ParseTypText(doc, SolidPolygon("0a") + SolidPolygon("0b"), kScopePolygon, 1);
+    const ParseResult result = ParseTypText(doc, SolidPolygon("0a") + SolidPolygon("0b"), ObjectRef{ObjectKind::Polygon, 1});
     ASSERT_EQ(doc.Polygons.size(), 2u);
     EXPECT_EQ(doc.Polygons[1].Type, "00b");
     EXPECT_EQ(result.SelectIndex, 1);
@@ -164,7 +164,7 @@ TEST(ParserScopes, SameKindTwiceRefillsTheSameRecord) {
 
 TEST(ParserScopes, SectionOfAnotherKindWritesOverRecordZero) {
     Document doc = ParseDocument(SolidPolygon("01") + SolidPolygon("02") + "[_line]\nType=0x05\n[end]\n");
-    ParseTypText(doc, "[_polygon]\nType=0x09\n[end]\n", kScopePolyline, 0);
+    ParseTypText(doc, "[_polygon]\nType=0x09\n[end]\n", ObjectRef{ObjectKind::Polyline, 0});
     ASSERT_EQ(doc.Polygons.size(), 2u);
     EXPECT_EQ(doc.Polygons[0].Type, "009");
     EXPECT_EQ(doc.Polygons[0].ColourBytes, B({0x30, 0x20, 0x10}));  // not reset
@@ -173,7 +173,7 @@ TEST(ParserScopes, SectionOfAnotherKindWritesOverRecordZero) {
 
     // With no record of that kind there is nothing to write to.
     Document empty = ParseDocument(SolidPolygon("01"));
-    ParseTypText(empty, "[_point]\nType=0x09\n[end]\n" + SolidPolygon("04"), kScopePolygon, 0);
+    ParseTypText(empty, "[_point]\nType=0x09\n[end]\n" + SolidPolygon("04"), ObjectRef{ObjectKind::Polygon, 0});
     EXPECT_TRUE(empty.Pois.empty());
     EXPECT_EQ(empty.Polygons[0].Type, "004");
     EXPECT_EQ(empty.ReadErrorLog, "\r\nLigne 1 : \"[_point]\"");

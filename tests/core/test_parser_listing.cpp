@@ -16,7 +16,7 @@ namespace {
 Document ParseListingOf(Document& listed) {
     const std::string text = ListWholeDocument(listed, ListingContext{}).Plain();
     Document parsed;
-    ParseTypText(parsed, text, kScopeDocument);
+    ParseTypText(parsed, text);
     return parsed;
 }
 
@@ -66,14 +66,12 @@ TEST(ParserListing, ApplyingAnUnchangedObjectListingChangesNothing) {
     doc.ReadErrorLog.clear();  // the reader's own complaints (a code page of 65001)
     doc.ReadErrorFlag = false;
     const Document before = doc;
-    const std::pair<int, std::size_t> kinds[] = {
-        {kScopePolygon, doc.Polygons.size()}, {kScopePolyline, doc.Polylines.size()}, {kScopePoi, doc.Pois.size()}};
-    for (const auto& [scope, count] : kinds) {
-        for (std::size_t index = 0; index < count; ++index) {
-            SCOPED_TRACE(std::to_string(scope) + " #" + std::to_string(index));
-            const std::string text = ListOneObject(doc, scope, static_cast<int>(index), false).Text.Plain();
-            const ParseResult result = ParseTypText(doc, text, scope, static_cast<int>(index));
-            EXPECT_EQ(result.SelectIndex, static_cast<int>(index));
+    for (ObjectKind kind : kObjectKinds) {
+        for (int row = 0; row < doc.CountOf(kind); ++row) {
+            SCOPED_TRACE(std::to_string(static_cast<int>(kind)) + " #" + std::to_string(row));
+            const std::string text = ListOneObject(doc, static_cast<int>(kind), row, false).Text.Plain();
+            const ParseResult result = ParseTypText(doc, text, ObjectRef{kind, row});
+            EXPECT_EQ(result.SelectIndex, row);
         }
     }
     EXPECT_FALSE(doc.ReadErrorFlag) << doc.ReadErrorLog;

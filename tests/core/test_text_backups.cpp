@@ -9,7 +9,7 @@
 #include "temp_folder.h"
 #include "models/textpane/backups_window_model.h"
 #include "models/textpane/text_backups.h"
-#include "models/textpane/text_pane.h"
+#include "models/textpane/text_pane_session.h"
 
 using namespace mirvane;
 namespace fs = std::filesystem;
@@ -111,33 +111,9 @@ TEST(TextPane, ApplyingTheWholeTextEmptiesObjectsButKeepsOtherSections) {
     doc.DrawOrderRows = {"Type=0x003,1"};
     doc.LabelTextBytes = {1, 2};
 
-    TextPaneModel pane;
-    std::vector<std::string> calls;
-    pane.cmdAppliquerModif_Click(doc, 0, "",
-                                 {[&] { calls.push_back("modified"); },
-                                  [&](const std::string& text) { calls.push_back("parse:" + text); }});
+    ClearObjectsForWholeText(doc);
     EXPECT_TRUE(doc.Polygons.empty() && doc.Polylines.empty() && doc.Pois.empty() && doc.DrawOrderRows.empty());
     EXPECT_EQ(doc.PolylineCount + doc.ExtraPolylineCount, 0);
     EXPECT_EQ(doc.ExtraPois.size(), 4u);
     EXPECT_EQ(doc.LabelTextBytes.size(), 2u);
-    EXPECT_EQ(calls, (std::vector<std::string>{"modified", "parse:"}));
-}
-
-TEST(TextPane, ApplyingOneObjectErasesNothing) {
-    Document doc;
-    doc.Polygons.resize(2);
-    TextPaneModel pane;
-    pane.cmdAppliquerModif_Click(doc, 1, "[_polygon]", {});
-    EXPECT_EQ(doc.Polygons.size(), 2u);
-}
-
-TEST(TextPane, LeavingThePaneOffersTheApplyButtonOnlyWhenTheFocusGoesElsewhere) {
-    TextPaneModel pane;
-    pane.BoxVisualisation_LostFocus(true, true);
-    EXPECT_FALSE(pane.cmdAppliquerModif_Enabled);
-    pane.BoxVisualisation_LostFocus(false, false);
-    EXPECT_FALSE(pane.cmdAppliquerModif_Enabled);
-    pane.BoxVisualisation_LostFocus(true, false);
-    EXPECT_TRUE(pane.cmdAppliquerModif_Enabled && pane.cmdAppliquerModif_Visible);
-    EXPECT_EQ(pane.cmdAppliquerModif_Caption, "Cliquer ici pour appliquer les modifications");
 }

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "models/textpane/text_pane_session.h"
@@ -52,7 +53,7 @@ protected:
     void SetUp() override {
         doc_.State = DocumentState::Loaded;
         doc_.SetPath(folder_.File("a.typ"));
-        ParseTypText(doc_, "[_polygon]\r\nType=0x01\r\nXpm=\"0 0 1 0\"\r\n\"1 c #FF0000\"\r\n[end]\r\n", 0);
+        ParseTypText(doc_, "[_polygon]\r\nType=0x01\r\nXpm=\"0 0 1 0\"\r\n\"1 c #FF0000\"\r\n[end]\r\n");
         session_.SetBackupFolder(folder_.Path().string());
     }
     testing::TempFolder folder_;
@@ -65,8 +66,9 @@ protected:
 
 TEST_F(TextPaneSessionTest, EmptyWholeTextLeavesAnEmptyDocumentAndMarksIt) {
     ASSERT_EQ(doc_.Polygons.size(), 1u);
-    EXPECT_EQ(session_.Apply("", false), -1);
+    session_.Apply("", false);
     EXPECT_TRUE(doc_.Polygons.empty());
+    EXPECT_FALSE(model_.Selection());
     EXPECT_TRUE(doc_.ModifiedFlag);
     EXPECT_EQ(session_.Backups().Count(), 1u);
     EXPECT_FALSE(std::filesystem::exists(folder_.Path() / kBackupFileName));
@@ -81,6 +83,34 @@ TEST_F(TextPaneSessionTest, BrokenTextOpensTheErrorListOnce) {
         EXPECT_EQ(errors[0].find("old"), std::string::npos);
     }
     EXPECT_TRUE(std::filesystem::exists(folder_.Path() / kBackupFileName));
+}
+
+TEST_F(TextPaneSessionTest, ApplyingOneObjectRebuildsOnlyItAndSelectsItAtItsNewRow) {
+    ParseTypText(doc_, "[_polygon]\r\nType=0x05\r\nXpm=\"0 0 1 0\"\r\n\"1 c #00FF00\"\r\n[end]\r\n");
+    ASSERT_EQ(doc_.Polygons.size(), 2u);
+    std::vector<ChangeSet> told;
+    model_.Changes().Listen([&](ChangeSet what) { told.push_back(what); });
+    model_.Select(ObjectRef{ObjectKind::Polygon, 0});
+    // Type 0x01 becomes 0x09: it sorts after 0x05.
+    session_.Apply("[_polygon]\r\nType=0x09\r\nXpm=\"0 0 1 0\"\r\n\"1 c #0000FF\"\r\n[end]\r\n", false);
+    ASSERT_EQ(doc_.Polygons.size(), 2u);
+    EXPECT_EQ(doc_.Polygons[0].Type, "005");
+    EXPECT_EQ(doc_.Polygons[1].Type, "009");
+    EXPECT_TRUE(model_.Selection() == (ObjectRef{ObjectKind::Polygon, 1}));
+    ASSERT_FALSE(told.empty());
+    EXPECT_TRUE(told.back().Has(Change::Selection));
+    EXPECT_TRUE(std::any_of(told.begin(), told.end(), [](ChangeSet c) { return c.Has(Change::Polygons); }));
+    EXPECT_FALSE(std::any_of(told.begin(), told.end(), [](ChangeSet c) { return c.Has(Change::Pois); }));
+}
+
+TEST_F(TextPaneSessionTest, LeavingThePaneOffersTheApplyButtonOnlyWhenTheFocusGoesElsewhere) {
+    session_.FocusLeft(true, true);
+    EXPECT_FALSE(session_.ApplyEnabled());
+    session_.FocusLeft(false, false);
+    EXPECT_FALSE(session_.ApplyEnabled());
+    session_.FocusLeft(true, false);
+    EXPECT_TRUE(session_.ApplyEnabled() && session_.ApplyVisible());
+    EXPECT_EQ(session_.ApplyCaption(), "Cliquer ici pour appliquer les modifications");
 }
 
 TEST_F(TextPaneSessionTest, SaveTextAsksBeforeReplacingAFile) {

@@ -50,11 +50,6 @@ LanguageChange LanguagesModel::cmdOK_Click() {
     return LanguageChange::BackToFrench;
 }
 
-std::string FormCaption(std::string_view section, std::string_view defaultText, std::string_view key) {
-    if (LanguageName() == kBuiltInLanguage) return std::string(defaultText);
-    return LookupText(section, defaultText, key);
-}
-
 std::string LookupTextIn(const std::string& name, const std::string& section, const std::string& defaultText,
                          const std::string& key) {
     if (!LanguageFolder().empty() && !name.empty()) {

@@ -43,10 +43,6 @@ private:
     UserPrompts& prompts_;
 };
 
-// A caption of a form: the built-in French while the language is French (a
-// stray Francais.lng changes messages only), else looked up.
-std::string FormCaption(std::string_view section, std::string_view defaultText, std::string_view key);
-
 // The text of `key` in the file of language `name`, or the default: the
 // restart message is read from the language being left.
 std::string LookupTextIn(const std::string& name, const std::string& section, const std::string& defaultText,

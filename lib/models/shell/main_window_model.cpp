@@ -49,17 +49,19 @@ MainWindowModel::MainWindowModel(Document& doc, UserPrompts& prompts, SettingsSt
     recent_.Load(settings_);
 }
 
-void MainWindowModel::Changed() {
-    const int count = editScope_ == 1   ? doc_.PolygonCount()
-                      : editScope_ == 2 ? static_cast<int>(doc_.Polylines.size())
-                                        : doc_.PoiCount();
-    if (editScope_ != 0 && (editIndex_ < 0 || editIndex_ >= count)) SetEditScope(0);
-    if (changed_) changed_();
+void MainWindowModel::Changed(ChangeSet what) {
+    if (selection_ && !doc_.Holds(*selection_)) {
+        selection_.reset();
+        what |= Change::Selection;
+    }
+    changes_.Tell(what);
 }
 
-void MainWindowModel::SetEditScope(int scope, int index) {
-    editScope_ = scope >= 1 && scope <= 3 && index >= 0 ? scope : 0;
-    editIndex_ = editScope_ ? index : -1;
+void MainWindowModel::Select(std::optional<ObjectRef> object) {
+    if (object && !doc_.Holds(*object)) object.reset();
+    if (object == selection_) return;
+    selection_ = object;
+    changes_.Tell(Change::Selection);
 }
 
 // --- what the window shows
@@ -128,7 +130,7 @@ void MainWindowModel::New() {
     newDocumentFlag_ = true;
     doc_.Identity.CodePageIndex = 2;  // 1252
     SelectHeaderSize(doc_.Identity, kKnownHeaderSizes[0]);
-    Changed();
+    Changed(ChangeSet::Everything());
 }
 
 bool MainWindowModel::OpenTyp(const std::string& path) {
@@ -163,7 +165,7 @@ bool MainWindowModel::LoadDocument(const std::string& path, const DocumentReader
         if (const ReadResult problem = InspectInputFile(PathFromUtf8(path)); !problem.Ok())
             text += kLineBreak + ReadFailureText(problem);
         prompts_.Warn("Mirvane", text);
-        Changed();
+        Changed(ChangeSet::Everything());
         return false;
     }
     doc_ = std::move(loaded);
@@ -174,7 +176,7 @@ bool MainWindowModel::LoadDocument(const std::string& path, const DocumentReader
     SetFilePath(path);
     newDocumentFlag_ = false;
     AddRecent(path);
-    Changed();
+    Changed(ChangeSet::Everything());
     if (doc_.ReadErrorFlag) prompts_.ShowErrorList(ErrorListText());
     return true;
 }
@@ -190,8 +192,8 @@ void MainWindowModel::Close() {
         SaveTyp();
     doc_.Reset();
     newDocumentFlag_ = false;
-    SetEditScope(0);
-    Changed();
+    selection_.reset();
+    Changed(ChangeSet::Everything());
 }
 
 bool MainWindowModel::ConfirmOverwrite(const std::string& path) {
@@ -254,7 +256,7 @@ bool MainWindowModel::SaveTyp() {
     if (auto failure = SaveBinaryTyp(doc_, target, SaveTime::Now(), chosen->ReadOnly)) {
         if (failure->ErrorNumber == 0) prompts_.Inform(failure->Title, failure->Description);
         else prompts_.Warn("Mirvane", SaveFailureMessage(*failure));
-        Changed();
+        Changed(Change::File);
         return false;
     }
     SetFilePath(target);
@@ -265,7 +267,7 @@ bool MainWindowModel::SaveTyp() {
     doc_.FromText = false;
     newDocumentFlag_ = false;
     AddRecent(target);
-    Changed();
+    Changed(Change::File | Change::Settings);
     return true;
 }
 
@@ -295,7 +297,7 @@ void MainWindowModel::OpenRecent(std::size_t index) {
         prompts_.Inform("Mirvane", MainText("Fichier introuvable", "msgFichierIntrouvable"));
         recent_.Remove(path);
         recent_.Store(settings_);
-        Changed();
+        Changed(Change::Settings);
         return;
     }
     AddRecent(path);
@@ -331,13 +333,13 @@ bool MainWindowModel::DeleteObject(ObjectKind kind, int row) {
         }
         case ObjectKind::Poi: EraseRow(doc_.Pois, row); break;
     }
-    MarkModified();
+    MarkModified(ChangeSet::Records(kind));
     return true;
 }
 
-void MainWindowModel::MarkModified() {
+void MainWindowModel::MarkModified(ChangeSet what) {
     if (!newDocumentFlag_) doc_.ModifiedFlag = true;
-    Changed();
+    Changed(what | Change::File);
 }
 
 // --- header fields
@@ -357,26 +359,26 @@ bool MainWindowModel::CheckIdentityValue(const std::string& text) {
 void MainWindowModel::SetFid(const std::string& text) {
     if (doc_.Identity.txtFID == text) return;
     doc_.Identity.txtFID = text;
-    MarkModified();
+    MarkModified(Change::Identity);
 }
 
 void MainWindowModel::SetProductCode(const std::string& text) {
     if (doc_.Identity.txtProductCode == text) return;
     doc_.Identity.txtProductCode = text;
-    MarkModified();
+    MarkModified(Change::Identity);
 }
 
 void MainWindowModel::SetCodePageIndex(int index) {
     if (doc_.Identity.CodePageIndex == index) return;
     doc_.Identity.CodePageIndex = index;
-    MarkModified();
+    MarkModified(Change::Identity);
 }
 
 void MainWindowModel::SetHeaderSizeIndex(int index) {
     IdentityFields& id = doc_.Identity;
     if (id.HeaderSizeIndex == index) return;
     if (index >= 0 && index < 5) SelectHeaderSize(id, kKnownHeaderSizes[index]);
-    MarkModified();
+    MarkModified(Change::Identity);
 }
 
 // --- helpers

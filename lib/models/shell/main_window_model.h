@@ -10,6 +10,7 @@
 
 #include "base/file_io.h"
 #include "document/document.h"
+#include "models/shell/document_changes.h"
 #include "models/shell/recent_files.h"
 #include "models/shell/settings_store.h"
 #include "models/shell/user_prompts.h"
@@ -45,8 +46,8 @@ public:
     UserPrompts& Prompts() { return prompts_; }
     SettingsStore& Settings() { return settings_; }
 
-    // Called after every change of the model, for the views to redraw.
-    void SetChangedHandler(std::function<void()> handler) { changed_ = std::move(handler); }
+    // Every view that shows the document listens here and redraws what changed.
+    DocumentChanges& Changes() { return changes_; }
     // The text route, when the parser is built in.
     void SetTextOpener(TextOpener opener) { textOpener_ = std::move(opener); }
     bool HasTextRoute() const { return static_cast<bool>(textOpener_); }
@@ -67,13 +68,11 @@ public:
     bool IsModified() const { return doc_.ModifiedFlag; }
     bool IsNewDocument() const { return newDocumentFlag_; }
     bool HasDocument() const { return doc_.State != DocumentState::None; }
-    // What the text pane shows: 0 the whole document, 1 a polygon, 2 a
-    // polyline, 3 a POI, with the row of that object.
-    int EditScope() const { return editScope_; }
-    int EditIndex() const { return editIndex_; }
-    // A row picked in a list, or scope 0 for the whole document. The pane
-    // follows; nothing else changes, so no redraw is asked for.
-    void SetEditScope(int scope, int index = -1);
+    // The object the text pane and the preview show; none for the whole document.
+    const std::optional<ObjectRef>& Selection() const { return selection_; }
+    // A row picked in a list or an icon, or none for the whole document's text.
+    // A row the document does not hold selects nothing.
+    void Select(std::optional<ObjectRef> object);
 
     // --- commands
     void New();
@@ -90,8 +89,8 @@ public:
     void OpenRecent(std::size_t index);
     // Deletes row `row` of the kind's list after a question. True when deleted.
     bool DeleteObject(ObjectKind kind, int row);
-    // Modifié: the document differs from the file.
-    void MarkModified();
+    // Modifié: the document differs from the file; `what` says which part changed.
+    void MarkModified(ChangeSet what = ChangeSet::Everything());
     // Asks whether the existing file at `path` may be replaced.
     bool ConfirmOverwrite(const std::string& path);
     // The save dialog until the user cancels or picks a file that may be
@@ -115,7 +114,8 @@ public:
     void SetHeaderSizeIndex(int index);
 
 private:
-    void Changed();
+    // Drops a selection the document no longer holds, then tells the listeners.
+    void Changed(ChangeSet what);
     void AddRecent(const std::string& path);
     void SetFilePath(const std::string& path);
     // False when the open dialog is cancelled; `chosen` is left alone then.
@@ -130,10 +130,9 @@ private:
     std::string versionText_;
     RecentFiles recent_;
     TextOpener textOpener_;
-    std::function<void()> changed_;
+    DocumentChanges changes_;
     bool newDocumentFlag_ = false;
-    int editScope_ = 0;
-    int editIndex_ = -1;
+    std::optional<ObjectRef> selection_;
 };
 
 // "le polygone", "la polyligne", "le POI".

@@ -32,6 +32,15 @@ std::string SuggestedTextPath(const Document& doc) {
 
 }  // namespace
 
+void ClearObjectsForWholeText(Document& doc) {
+    doc.DrawOrderRows.clear();
+    doc.Polygons.clear();
+    doc.Polylines.clear();
+    doc.Pois.clear();
+    doc.PolylineCount = 0;
+    doc.ExtraPolylineCount = 0;
+}
+
 PaneColour ParseRtfColour(std::string_view rtf) {
     return {RtfNumber(rtf, "\\red"), RtfNumber(rtf, "\\green"), RtfNumber(rtf, "\\blue")};
 }
@@ -71,29 +80,34 @@ int PaneCodePage(const IdentityFields& identity) {
     return IsSupportedCodePage(selected) ? selected : 1252;
 }
 
-int TextPaneSession::Apply(const std::string& paneBytes, bool autoBackupOn) {
-    if (!model_.HasDocument()) return -1;
+TextPaneSession::TextPaneSession(MainWindowModel& model, UserPrompts& prompts) : model_(model), prompts_(prompts) {}
+
+std::string TextPaneSession::ApplyCaption() const {
+    return MainText("Cliquer ici pour appliquer les modifications", "cmdAppliquerModif");
+}
+
+void TextPaneSession::TextEdited() { applyVisible_ = applyEnabled_ = true; }
+
+void TextPaneSession::FocusLeft(bool textShown, bool focusStaysInPane) {
+    if (textShown && !focusStaysInPane) TextEdited();
+}
+
+void TextPaneSession::Apply(const std::string& paneBytes, bool autoBackupOn) {
+    if (!model_.HasDocument()) return;
     Document& doc = model_.Doc();
-    const int scope = model_.EditScope();
+    const std::optional<ObjectRef> target = model_.Selection();
     // Only this apply's errors go to frmErreur.
     doc.ReadErrorLog.clear();
     doc.ReadErrorFlag = false;
+    if (!target) ClearObjectsForWholeText(doc);
+    const ParseResult result = ParseTypText(doc, paneBytes, target);
+    applyEnabled_ = false;
 
-    ParseResult result;
-    TextPaneModel::ApplySteps steps;
-    steps.MarkModified = [&] {
-        if (!model_.IsNewDocument()) doc.ModifiedFlag = true;
-    };
-    steps.ouvrirtxt = [&](const std::string& text) { result = ParseTypText(doc, text, scope, model_.EditIndex()); };
-    pane_.cmdAppliquerModif_Click(doc, scope, paneBytes, steps);
-    pane_.cmdAppliquerModif_Enabled = false;
-
-    const int select = scope != kScopeDocument ? result.SelectIndex : -1;
-    model_.SetEditScope(scope, select);  // the object is picked again by its Type and SubType
     sauvegardertexte(backups_, paneBytes, autoBackupOn, backupFolder_, doc.FileName);
-    model_.MarkModified();  // redraws title, lists and pane
+    model_.MarkModified(target ? ChangeSet::Records(target->Kind) : ChangeSet::Everything());
+    // The object is picked again by its Type and SubType, at its row after sorting.
+    if (target) model_.Select(ObjectRef{target->Kind, result.SelectIndex});
     if (doc.ReadErrorFlag) prompts_.ShowErrorList(model_.ErrorListText());
-    return select;
 }
 
 bool TextPaneSession::SaveText(const std::string& paneBytes) {

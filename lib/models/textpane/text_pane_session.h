@@ -4,13 +4,13 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "models/shell/main_window_model.h"
 #include "models/shell/settings_store.h"
 #include "models/textpane/text_backups.h"
-#include "models/textpane/text_pane.h"
 #include "text/listing_text.h"
 
 namespace mirvane {
@@ -34,22 +34,36 @@ std::array<PaneColour, 4> PaneColours(const RtfColours& colours);
 // one cbbCodepage shows, or the unlisted one the document holds.
 int PaneCodePage(const IdentityFields& identity);
 
+// Before the whole document is read again from the pane: objects and draw
+// order are gone, so what the text does not hold is gone too. The
+// additional POI and the label sections are not in the text and stay.
+void ClearObjectsForWholeText(Document& doc);
+
 // The apply button, the backups and the saving of the pane's text.
 class TextPaneSession {
 public:
-    TextPaneSession(MainWindowModel& model, UserPrompts& prompts) : model_(model), prompts_(prompts) {}
+    TextPaneSession(MainWindowModel& model, UserPrompts& prompts);
 
-    TextPaneModel& Pane() { return pane_; }
+    // cmdAppliquerModif: its caption, and whether it shows and acts.
+    std::string ApplyCaption() const;
+    bool ApplyVisible() const { return applyVisible_; }
+    bool ApplyEnabled() const { return applyEnabled_; }
+    // The user changed the pane's text: the apply button comes on.
+    void TextEdited();
+    // The pane lost the focus: with the listing shown and the focus gone to
+    // another control, the apply button comes on. Nothing is applied.
+    void FocusLeft(bool textShown, bool focusStaysInPane);
+
     const TextBackups& Backups() const { return backups_; }
     // The folder of Mirvane.save.
     void SetBackupFolder(std::string folder) { backupFolder_ = std::move(folder); }
     const std::string& BackupFolder() const { return backupFolder_; }
 
-    // cmdAppliquerModif_Click: the pane's text (document bytes, CR LF) is
-    // parsed into the scope the model shows, the document is marked, the
-    // object is picked again and the text is backed up. Errors of the text
-    // open frmErreur. Returns the row to select in the scope's list, or -1.
-    int Apply(const std::string& paneBytes, bool autoBackupOn);
+    // cmdAppliquerModif: the pane's text (document bytes, CR LF) is parsed
+    // into the object the model has selected, or into the whole document; the
+    // document is marked, the object is selected again at its new row and the
+    // text is backed up. Errors of the text open frmErreur.
+    void Apply(const std::string& paneBytes, bool autoBackupOn);
 
     // mnuEnregistrerTxt: asks for a .txt target (and whether to overwrite
     // one) and writes the bytes as they stand. True when written.
@@ -58,8 +72,9 @@ public:
 private:
     MainWindowModel& model_;
     UserPrompts& prompts_;
-    TextPaneModel pane_;
     TextBackups backups_;
+    bool applyVisible_ = false;
+    bool applyEnabled_ = false;
     std::string backupFolder_;
 };
 
