@@ -1,13 +1,17 @@
 #include "app/shell/application.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QByteArray>
 #include <QDir>
 #include <QFileInfo>
 #include <QPixmap>
 #include <QTimer>
 #include <cstdio>
 
+#include "base/file_io.h"
 #include "document/document.h"
+#include "document/file_messages.h"
 #include "models/shell/main_window_model.h"
 #include "models/shell/startup.h"
 #include "app/lang/change_language.h"
@@ -74,8 +78,16 @@ int TakeScreenshot(const QString& out, const QString& file) {
     if (!file.isEmpty()) model.OpenAny(CommandLinePath(file.toStdString()));
     window.show();
     QApplication::processEvents();
-    if (!window.grab().save(out)) {
-        std::fprintf(stderr, "mirvane: cannot write %s\n", qPrintable(out));
+    // Encoded in memory, then written like every other file of the program.
+    QByteArray png;
+    QBuffer buffer(&png);
+    const bool encoded = buffer.open(QIODevice::WriteOnly) && window.grab().save(&buffer, "PNG");
+    const WriteResult written =
+        encoded ? WriteFileAtomically(PathFromUtf8(out.toStdString()), std::string_view(png.constData(), png.size()))
+                : WriteResult{WriteStatus::Failed, "PNG encoding failed"};
+    if (!written.Ok()) {
+        std::fprintf(stderr, "mirvane: cannot write %s: %s\n", qPrintable(out),
+                     WriteFailureText(written.Status, written.Reason).c_str());
         return 1;
     }
     return 0;

@@ -56,7 +56,8 @@ mkfifo "$work/pipe"
 : >"$work/empty.typ"
 printf 'GARMIN' >"$work/locked.typ"
 chmod 000 "$work/locked.typ"
-bad_inputs=("$work/folder" /dev/null /dev/zero "$work/pipe" "$work/empty.typ")
+truncate -s 257M "$work/huge.typ"  # sparse: takes no disk
+bad_inputs=("$work/folder" /dev/null /dev/zero "$work/pipe" "$work/huge.typ" "$work/empty.typ")
 if ! cat "$work/locked.typ" >/dev/null 2>&1; then bad_inputs+=("$work/locked.typ")
 else echo "skip unreadable input: this user reads files whatever their mode (root)"; fi
 for input in "${bad_inputs[@]}"; do

@@ -125,7 +125,7 @@ TEST(CappedErrorLog, ParserLogsEveryFailingLineOnlyUpToTheBound) {
     for (int i = 0; i < 5000; ++i) text += "Type=0x004\r\n";  // no level
     text += "[End]\r\n";
     Document doc;
-    ParseTypText(doc, text, 0);
+    ParseTypText(doc, text);
     EXPECT_TRUE(doc.ReadErrorFlag);
     EXPECT_LT(doc.ReadErrorLog.size(), 20000u);
     EXPECT_NE(doc.ReadErrorLog.find("autres erreurs de ce genre"), std::string::npos);
