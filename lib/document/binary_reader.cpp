@@ -333,6 +333,14 @@ private:
     bool overflow_ = false;
 };
 
+// Of `declared` rows of `rowSize` bytes, those that begin inside the `held`
+// bytes the file has.
+static int RowsHeld(int declared, std::size_t held, int rowSize) {
+    if (rowSize <= 0) return 0;
+    const std::int64_t begun = (static_cast<std::int64_t>(held) + rowSize - 1) / rowSize;
+    return static_cast<int>(std::min<std::int64_t>(declared, begun));
+}
+
 template <typename Record>
 static void SetTypeFromKey(Record& record, IndexRow& row) {
     const std::uint8_t low = row[0];
@@ -352,8 +360,7 @@ void BinaryTypReader::ReadIndex(std::vector<Record>& records, std::int32_t offse
     FieldReader in = At(offset);
     const std::int64_t extent = static_cast<std::int64_t>(*declared) * recordSize;
     const Bytes buffer = in.Block(extent);
-    const std::int64_t held = recordSize > 0 ? (static_cast<std::int64_t>(buffer.size()) + recordSize - 1) / recordSize : 0;
-    const int count = static_cast<int>(std::min<std::int64_t>(*declared, held));
+    const int count = RowsHeld(*declared, buffer.size(), recordSize);
     const std::size_t first = append ? records.size() : 0;
     if (!append) records.clear();
     records.resize(first + count);
@@ -431,9 +438,7 @@ void BinaryTypReader::ReadDrawOrder() {
 // Rows wholly past the end of the index bytes the file holds make no records.
 void BinaryTypReader::ReadExtraPoiRows() {
     const int size = doc_.Extra1.ExtraPoiIndexRecordSize;
-    const std::int64_t held =
-        size > 0 ? (static_cast<std::int64_t>(doc_.ExtraPoiIndexBytes.size()) + size - 1) / size : 0;
-    const int count = static_cast<int>(std::min<std::int64_t>(doc_.ExtraPoiCount, held));
+    const int count = RowsHeld(doc_.ExtraPoiCount, doc_.ExtraPoiIndexBytes.size(), size);
     if (count < 1) return;
     doc_.ExtraPois.resize(count);
     for (int i = 0; i < count; ++i) {

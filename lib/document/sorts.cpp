@@ -1,5 +1,6 @@
 #include "document/sorts.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include "document/encoding.h"
@@ -60,14 +61,17 @@ void SortPolylinesForWriting(std::vector<PolylineRecord>& polylines) {
         keys.push_back({TypeAndSubTypeKey(r.Type, r.SubType), r.ExtraIndexBytes[0] * 256 + r.ExtraIndexBytes[1]});
     auto less = [](const Key& a, const Key& b) { return a.Type != b.Type ? a.Type < b.Type : a.Extra < b.Extra; };
     const std::vector<std::size_t> ranks = DenseRanks(keys, less);
-    std::vector<std::size_t> representative(keys.size());
-    for (std::size_t i = 0; i < representative.size(); ++i) representative[ranks[i]] = i;  // one element of each rank
-    std::vector<bool> swapsTies(keys.size(), false);
+    const std::size_t rankCount = *std::max_element(ranks.begin(), ranks.end()) + 1;
+    std::vector<std::size_t> representative(rankCount);  // one element of each rank
+    for (std::size_t i = 0; i < keys.size(); ++i) representative[ranks[i]] = i;
+    std::vector<bool> swapsTies(rankCount);
     bool mixed = false;
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        swapsTies[ranks[i]] = keys[i].Extra == 0;
-        const Key& other = keys[representative[ranks[i] > 0 ? ranks[i] - 1 : 0]];
-        if (ranks[i] > 0 && other.Type == keys[i].Type && (other.Extra == 0) != (keys[i].Extra == 0)) mixed = true;
+    for (std::size_t r = 0; r < rankCount; ++r) {
+        const Key& key = keys[representative[r]];
+        swapsTies[r] = key.Extra == 0;
+        // Extra keys ascend within a type: regular lines come right before
+        // the first routing line of the same type.
+        if (r > 0 && keys[representative[r - 1]].Type == key.Type && swapsTies[r - 1] != swapsTies[r]) mixed = true;
     }
     if (!mixed) {
         ApplyOrder(polylines, ExchangeSortOrder(ranks, swapsTies));
