@@ -1,6 +1,6 @@
 // The read log with a bound on its size. A damaged file can repeat one error
-// for every record it declares, tens of thousands of times, which nobody
-// reads and which made a log of megabytes out of a file of a few bytes. So
+// for every record it declares, tens of thousands of times: megabytes of log
+// out of a few bytes, which nobody reads and which costs time to build. So
 // each kind of error is written out a limited number of times; past that it
 // is only counted, and Finish puts under the last one written how many were
 // left out ("... and 31,870 more errors of this kind").
