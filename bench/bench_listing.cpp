@@ -1,7 +1,9 @@
-// Listing a large document: thousands of objects of each kind, 64 by 64 POIs.
+// Listing a large document: thousands of objects of each kind, 64 by 64 POIs;
+// and the picture of one such POI.
 #include <benchmark/benchmark.h>
 
 #include "document/encoding.h"
+#include "document/object_preview.h"
 #include "labels/label_block.h"
 #include "text/listing.h"
 
@@ -84,16 +86,24 @@ void BM_ListWholeDocument(benchmark::State& state) {
 }
 BENCHMARK(BM_ListWholeDocument)->Arg(1000)->Arg(4000)->Unit(benchmark::kMillisecond);
 
-void BM_ListOnePoiWithPreview(benchmark::State& state) {
+void BM_ListOnePoi(benchmark::State& state) {
     Document doc = LargeDocument(1);
     std::size_t bytes = 0;
     for (auto _ : state) {
-        const ObjectListing listing = ListOneObject(doc, 3, 0, true);
-        bytes += listing.Text.Rich().size();
-        benchmark::DoNotOptimize(listing.Preview.Picture.Day.data());
+        const ListingText text = ListOneObject(doc, ObjectRef{ObjectKind::Poi, 0});
+        bytes += text.Rich().size();
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(bytes));
 }
-BENCHMARK(BM_ListOnePoiWithPreview);
+BENCHMARK(BM_ListOnePoi);
+
+void BM_PictureOfOnePoi(benchmark::State& state) {
+    const Document doc = LargeDocument(1);
+    for (auto _ : state) {
+        const PixelPicture picture = PictureOfObject(doc, ObjectRef{ObjectKind::Poi, 0});
+        benchmark::DoNotOptimize(picture.Day.data());
+    }
+}
+BENCHMARK(BM_PictureOfOnePoi);
 
 }  // namespace

@@ -52,13 +52,13 @@ void BM_EncodeCodePage(benchmark::State& state) {
 }
 BENCHMARK(BM_EncodeCodePage)->Arg(64)->Arg(1 << 20);
 
-void BM_CouleurGarmin(benchmark::State& state) {
+void BM_NearestGarminColour(benchmark::State& state) {
     mirvane::Colour c = 0;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(mirvane::couleur_garmin(c));
+        benchmark::DoNotOptimize(mirvane::NearestGarminColour(c));
         c = (c + 0x010307) & 0xFFFFFF;
     }
 }
-BENCHMARK(BM_CouleurGarmin);
+BENCHMARK(BM_NearestGarminColour);
 
 }  // namespace

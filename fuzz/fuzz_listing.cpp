@@ -1,6 +1,6 @@
-// Lists records made of fuzzed bytes, whole and object by object with
-// previews: the listing must never crash or read out of bounds, whatever the
-// flags say about the byte arrays. The records are built here rather than
+// Lists and draws records made of fuzzed bytes, whole and object by object:
+// neither the listing nor the decoders may crash or read out of bounds,
+// whatever the flags say about the byte arrays. The records are built here rather than
 // by the binary reader so that every run reaches the listing.
 #include <fuzzer/FuzzedDataProvider.h>
 
@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "document/encoding.h"
+#include "document/object_preview.h"
 #include "text/listing.h"
 
 namespace {
@@ -81,7 +82,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const ListingText text = ListWholeDocument(doc, {"", {}});
     (void)text.Rich();
     (void)text.Plain();
-    for (int scope = 1; scope <= 3; ++scope)
-        for (int i = -1; i < 5; ++i) (void)ListOneObject(doc, scope, i, true).Text.Rich();
+    for (ObjectKind kind : kObjectKinds) {
+        for (int i = -1; i < 5; ++i) {
+            (void)ListOneObject(doc, ObjectRef{kind, i}).Rich();
+            (void)PreviewOfObject(doc, ObjectRef{kind, i});
+        }
+    }
     return 0;
 }

@@ -8,8 +8,9 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "models/textpane/compiler_route.h"
+#include "app/common/named_widget.h"
 #include "app/common/texts.h"
+#include "models/colour/colour_identifier_model.h"
 
 namespace mirvane::app {
 
@@ -20,8 +21,7 @@ QString IdentifierTr(std::string_view defaultText, std::string_view key) {
 }
 
 QLabel* MakeValueLabel(QWidget* parent, const char* name) {
-    auto* label = new QLabel(parent);
-    label->setObjectName(name);
+    QLabel* label = MakeNamed<QLabel>(parent, name);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     QFont font = label->font();
     font.setBold(true);
@@ -33,14 +33,12 @@ QLabel* MakeValueLabel(QWidget* parent, const char* name) {
 
 }  // namespace
 
-ColourIdentifierWindow::ColourIdentifierWindow(QWidget* parent)
-    : QWidget(parent, Qt::Tool), screenReader_(GrabScreen) {
+ColourIdentifierWindow::ColourIdentifierWindow(QWidget* parent) : QWidget(parent, Qt::Tool), screenReader_(GrabScreen) {
     setObjectName("frmColorIdentifier");
-    setWindowTitle(IdentifierTr("Identifieue de couleur et de type", "frmColorIdentifierCaption"));
 
-    loupe_ = new Magnifier(this);
-    loupe_->setObjectName("picLoupe");
-    loupe_->setFixedSize(100, 100);
+    picLoupe_ = new Magnifier(this);
+    picLoupe_->setObjectName("picLoupe");
+    picLoupe_->setFixedSize(100, 100);
     picture1_ = new QLabel(this);
     picture1_->setObjectName("Picture1");
     picture1_->setFixedSize(100, 24);
@@ -49,13 +47,16 @@ ColourIdentifierWindow::ColourIdentifierWindow(QWidget* parent)
     label1_ = MakeValueLabel(this, "Label1");
     type_ = MakeValueLabel(this, "Type");
     subType_ = MakeValueLabel(this, "SubType");
+    lblCouleur_ = MakeNamed<QLabel>(this, "lblCouleur");
+    lblType_ = MakeNamed<QLabel>(this, "lblType");
+    lblSubType_ = MakeNamed<QLabel>(this, "lblSubType");
     auto* values = new QFormLayout;
-    values->addRow(IdentifierTr("Couleur :", "lblCouleur"), label1_);
-    values->addRow(IdentifierTr("Type :", "lblType"), type_);
-    values->addRow(IdentifierTr("SubType :", "lblSubType"), subType_);
+    values->addRow(lblCouleur_, label1_);
+    values->addRow(lblType_, type_);
+    values->addRow(lblSubType_, subType_);
 
     auto* view = new QVBoxLayout;
-    view->addWidget(loupe_);
+    view->addWidget(picLoupe_);
     view->addWidget(picture1_);
     auto* whole = new QHBoxLayout(this);
     whole->addLayout(view);
@@ -66,17 +67,25 @@ ColourIdentifierWindow::ColourIdentifierWindow(QWidget* parent)
     timer1_->setObjectName("Timer1");
     timer1_->setInterval(100);
     connect(timer1_, &QTimer::timeout, this, [this] { Tick(QCursor::pos()); });
+    RetranslateUi();
+}
+
+void ColourIdentifierWindow::RetranslateUi() {
+    setWindowTitle(IdentifierTr("Identifieue de couleur et de type", "frmColorIdentifierCaption"));
+    lblCouleur_->setText(IdentifierTr("Couleur :", "lblCouleur"));
+    lblType_->setText(IdentifierTr("Type :", "lblType"));
+    lblSubType_->setText(IdentifierTr("SubType :", "lblSubType"));
 }
 
 void ColourIdentifierWindow::Tick(const QPoint& pointer) {
-    if (!pointer_.Bouge(pointer.x(), pointer.y())) return;
-    const ScreenLook look = LookAt(screenReader_, pointer, loupe_->size());
-    loupe_->Show(look.Area);
+    if (!pointer_.Moved(pointer.x(), pointer.y())) return;
+    const ScreenLook look = LookAt(screenReader_, pointer, picLoupe_->size());
+    picLoupe_->Show(look.Area);
     if (!look.Pixel) return;
     const ColourIdentity identity = IdentifyColour(static_cast<std::uint32_t>(*look.Pixel));
-    picture1_->setStyleSheet(QStringLiteral("QLabel { background: %1; border: 1px solid #404040; }")
-                                 .arg(ToQColor(*look.Pixel).name()));
-    label1_->setText(Q(identity.Label1));
+    picture1_->setStyleSheet(
+        QStringLiteral("QLabel { background: %1; border: 1px solid #404040; }").arg(ToQColor(*look.Pixel).name()));
+    label1_->setText(Q(identity.Text));
     type_->setText(Q(identity.Type));
     subType_->setText(Q(identity.SubType));
 }

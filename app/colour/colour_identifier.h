@@ -6,7 +6,7 @@
 #include <QWidget>
 
 #include "app/platform/screen_reader.h"
-#include "models/colour/palette_dialog_model.h"
+#include "models/colour/pointer_tracker.h"
 
 class QLabel;
 class QTimer;
@@ -18,6 +18,9 @@ class ColourIdentifierWindow : public QWidget {
 public:
     explicit ColourIdentifierWindow(QWidget* parent = nullptr);
 
+    // Sets every caption in the current language.
+    void RetranslateUi();
+
     void SetScreenReader(ScreenReader reader) { screenReader_ = std::move(reader); }
     // One tick of Timer1, at the pointer's place.
     void Tick(const QPoint& pointer);
@@ -28,10 +31,11 @@ protected:
 
 private:
     ScreenReader screenReader_;
-    SuiviCurseur pointer_;
+    PointerTracker pointer_;
     QTimer* timer1_;
     QLabel *picture1_, *label1_, *type_, *subType_;
-    Magnifier* loupe_;
+    QLabel *lblCouleur_, *lblType_, *lblSubType_;
+    Magnifier* picLoupe_;
 };
 
 // The menu entry mnuCouleurIdentifieur: shows the one window of `owner`,

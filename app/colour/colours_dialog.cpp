@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include "app/common/named_widget.h"
 #include "app/common/texts.h"
 
 namespace mirvane::app {
@@ -19,40 +20,49 @@ ColoursDialog::ColoursDialog(const Raster& bitmap, BitmapWriter write, QWidget* 
     : QWidget(editor, Qt::Tool), model_(bitmap), write_(std::move(write)) {
     setObjectName("frmCouleurs");
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(ColoursTr("Couleurs", "frmCouleursCaption"));
 
+    lblRouge_ = MakeNamed<QLabel>(this, "lblRouge");
+    lblVert_ = MakeNamed<QLabel>(this, "lblVert");
+    lblBleu_ = MakeNamed<QLabel>(this, "lblBleu");
     auto* bars = new QFormLayout;
-    bars->addRow(ColoursTr("Rouge", "lblRouge"), MakeBar("ScrollRouge", CanalCouleur::Rouge));
-    bars->addRow(ColoursTr("Vert", "lblVert"), MakeBar("ScrollVert", CanalCouleur::Vert));
-    bars->addRow(ColoursTr("Bleu", "lblBleu"), MakeBar("ScrollBleu", CanalCouleur::Bleu));
+    bars->addRow(lblRouge_, MakeBar("ScrollRouge", ColourChannel::Red));
+    bars->addRow(lblVert_, MakeBar("ScrollVert", ColourChannel::Green));
+    bars->addRow(lblBleu_, MakeBar("ScrollBleu", ColourChannel::Blue));
 
-    const QString close = ColoursTr("Fermer", "lblFermer");
-    auto* lblFermer = new QLabel(QStringLiteral("<a href=\"fermer\">%1</a>").arg(close), this);
-    lblFermer->setObjectName("lblFermer");
-    lblFermer->setAlignment(Qt::AlignRight);
-    connect(lblFermer, &QLabel::linkActivated, this, &QWidget::close);
+    lblFermer_ = MakeNamed<QLabel>(this, "lblFermer");
+    lblFermer_->setAlignment(Qt::AlignRight);
+    connect(lblFermer_, &QLabel::linkActivated, this, &QWidget::close);
 
     auto* whole = new QVBoxLayout(this);
     whole->addLayout(bars);
-    whole->addWidget(lblFermer);
+    whole->addWidget(lblFermer_);
+    RetranslateUi();
     resize(300, sizeHint().height());
 
     if (editor) {
         const QRect at = editor->frameGeometry();
-        const PositionFenetre place = PositionCouleurs(at.left(), at.top(), at.width());
+        const WindowPosition place = ColoursWindowPosition(at.left(), at.top(), at.width());
         move(place.X, place.Y);
     }
 }
 
-QScrollBar* ColoursDialog::MakeBar(const char* name, CanalCouleur channel) {
-    auto* bar = new QScrollBar(Qt::Horizontal, this);
-    bar->setObjectName(name);
+void ColoursDialog::RetranslateUi() {
+    setWindowTitle(ColoursTr("Couleurs", "frmCouleursCaption"));
+    lblRouge_->setText(ColoursTr("Rouge", "lblRouge"));
+    lblVert_->setText(ColoursTr("Vert", "lblVert"));
+    lblBleu_->setText(ColoursTr("Bleu", "lblBleu"));
+    // A link, so that the label closes the window like a button.
+    lblFermer_->setText(QStringLiteral("<a href=\"fermer\">%1</a>").arg(ColoursTr("Fermer", "lblFermer")));
+}
+
+QScrollBar* ColoursDialog::MakeBar(const char* name, ColourChannel channel) {
+    auto* bar = MakeNamed<QScrollBar>(this, name, Qt::Horizontal);
     bar->setRange(0, ColoursDialogModel::kMaximum);
-    bar->setValue(ColoursDialogModel::kNeutre);
+    bar->setValue(ColoursDialogModel::kNeutral);
     bar->setMinimumWidth(220);
     // valueChanged comes while dragging and on release alike.
     connect(bar, &QScrollBar::valueChanged, this, [this, channel](int value) {
-        const Raster mixed = model_.Scroll_Change(channel, value);
+        const Raster mixed = model_.MoveBar(channel, value);
         if (write_) write_(mixed);
     });
     return bar;

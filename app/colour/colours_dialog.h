@@ -6,6 +6,7 @@
 
 #include "models/colour/colours_dialog_model.h"
 
+class QLabel;
 class QScrollBar;
 
 namespace mirvane::app {
@@ -21,11 +22,15 @@ public:
 
     const ColoursDialogModel& Model() const { return model_; }
 
+    // Sets every caption in the current language.
+    void RetranslateUi();
+
 private:
-    QScrollBar* MakeBar(const char* name, CanalCouleur channel);
+    QScrollBar* MakeBar(const char* name, ColourChannel channel);
 
     ColoursDialogModel model_;
     BitmapWriter write_;
+    QLabel *lblRouge_, *lblVert_, *lblBleu_, *lblFermer_;
 };
 
 }  // namespace mirvane::app

@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "app/common/named_widget.h"
 #include "app/common/texts.h"
 
 namespace mirvane::app {
@@ -28,12 +29,14 @@ constexpr int kFrameOverhang = 3;
 
 // Corners of the neighbours' cube, drawn with red to the right, green up and
 // blue going back, in the order of squares 261 to 268.
-constexpr int kCorners[8][3] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0},
-                                {0, 0, 1}, {1, 0, 1}, {1, 1, 1}, {0, 1, 1}};
+constexpr int kCorners[8][3] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {0, 0, 1}, {1, 0, 1}, {1, 1, 1}, {0, 1, 1}};
 const QPoint kCubeOrigin(60, 180);
 const QPoint kRedAxis(110, 0), kGreenAxis(0, -110), kBlueAxis(56, -46);
 constexpr int kCornerSquare = 24;
 constexpr int kCentreSquare = 30;
+// Square 269 in the middle of the cube, 270 beside it.
+const QPoint kCubeCentre = kCubeOrigin + (kRedAxis + kGreenAxis + kBlueAxis) / 2;
+const QPoint kCurrentSquareCentre(295, kCubeCentre.y());
 
 QPoint CornerCentre(int corner) {
     return kCubeOrigin + kRedAxis * kCorners[corner][0] + kGreenAxis * kCorners[corner][1] +
@@ -41,12 +44,6 @@ QPoint CornerCentre(int corner) {
 }
 
 QString SquareName(int index) { return QStringLiteral("Carré(%1)").arg(index); }
-
-QLabel* MakeLabel(QWidget* parent, const char* name, const QString& text) {
-    auto* label = new QLabel(text, parent);
-    label->setObjectName(name);
-    return label;
-}
 
 void KeepPlaceWhenHidden(QWidget* widget) {
     QSizePolicy policy = widget->sizePolicy();
@@ -141,40 +138,37 @@ PaletteDialog::PaletteDialog(Colour current, PaletteCaller caller, PaletteDialog
       model_(current, caller, std::move(preview)),
       freeColourDialog_(PlatformColourDialog),
       screenReader_(GrabScreen),
-      squares_(kCarreActuel + 1, nullptr) {
+      squares_(kCurrentSquare + 1, nullptr) {
     setObjectName("frmPalette");
-    setWindowTitle(PaletteTr("Choix de la couleur", "frmPaletteCaption"));
 
+    label2_ = MakeNamed<QLabel>(this, "Label2");
+    label8_ = MakeNamed<QLabel>(this, "Label8");
     auto* left = new QVBoxLayout;
-    left->addWidget(MakeLabel(this, "Label2",
-                              PaletteTr("Palette des Etrex et des GpsMap 60 : cliquer sur la couleur désirée",
-                                        "label2")));
+    left->addWidget(label2_);
     left->addWidget(BuildGrid());
-    left->addWidget(MakeLabel(this, "Label8",
-                              PaletteTr("Cliquer sur un carré pour choisir une nouvelle couleur", "label8")));
+    left->addWidget(label8_);
     left->addStretch();
 
-    auto* chosen = new QHBoxLayout;
-    chosen->addWidget(MakeLabel(this, "Label1", PaletteTr("Choisie", "label1")));
-    lblCouleurChoisie_ = MakeLabel(this, "lblCouleurChoisie", {});
+    label1_ = MakeNamed<QLabel>(this, "Label1");
+    lblCouleurChoisie_ = MakeNamed<QLabel>(this, "lblCouleurChoisie");
     lblCouleurChoisie_->setAlignment(Qt::AlignCenter);
     lblCouleurChoisie_->setMinimumSize(110, 28);
+    auto* chosen = new QHBoxLayout;
+    chosen->addWidget(label1_);
     chosen->addWidget(lblCouleurChoisie_);
     chosen->addStretch();
 
-    label3_ = MakeLabel(this, "Label3",
-                        PaletteTr("La couleur actuelle ne fait pas partie de la palette Garmin", "label3"));
-    label9_ = MakeLabel(this, "Label9",
-                        PaletteTr("La couleur choisie ne fait pas partie de la palette Garmin", "label9"));
+    label3_ = MakeNamed<QLabel>(this, "Label3");
+    label9_ = MakeNamed<QLabel>(this, "Label9");
     for (QLabel* warning : {label3_, label9_}) {
         warning->setStyleSheet("QLabel { color: #B00000; }");
         warning->setWordWrap(true);
         KeepPlaceWhenHidden(warning);
     }
 
+    label16_ = MakeNamed<QLabel>(this, "Label16");
     auto* right = new QVBoxLayout;
-    right->addWidget(
-        MakeLabel(this, "Label16", PaletteTr("Couleurs Garmin voisines de la couleur choisie", "label16")));
+    right->addWidget(label16_);
     right->addWidget(BuildNeighbours());
     right->addLayout(chosen);
     right->addWidget(label3_);
@@ -182,18 +176,15 @@ PaletteDialog::PaletteDialog(Colour current, PaletteCaller caller, PaletteDialog
     right->addWidget(BuildPipette());
     right->addStretch();
 
-    auto* cmdAutres = new QPushButton(PaletteTr("Autres couleurs", "cmdAutres"), this);
-    cmdAutres->setObjectName("cmdAutres");
-    auto* cmdOK = new QPushButton(PaletteTr("OK", "cmdOK"), this);
-    cmdOK->setObjectName("cmdOK");
-    cmdOK->setDefault(true);
-    auto* cmdAnnuler = new QPushButton(PaletteTr("Annuler", "cmdAnnuler"), this);
-    cmdAnnuler->setObjectName("cmdAnnuler");
+    cmdAutres_ = MakeNamed<QPushButton>(this, "cmdAutres");
+    cmdOK_ = MakeNamed<QPushButton>(this, "cmdOK");
+    cmdOK_->setDefault(true);
+    cmdAnnuler_ = MakeNamed<QPushButton>(this, "cmdAnnuler");
     auto* buttons = new QHBoxLayout;
-    buttons->addWidget(cmdAutres);
+    buttons->addWidget(cmdAutres_);
     buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdAnnuler);
+    buttons->addWidget(cmdOK_);
+    buttons->addWidget(cmdAnnuler_);
 
     auto* columns = new QHBoxLayout;
     columns->addLayout(left);
@@ -204,35 +195,54 @@ PaletteDialog::PaletteDialog(Colour current, PaletteCaller caller, PaletteDialog
     whole->addLayout(buttons);
     whole->setSizeConstraint(QLayout::SetFixedSize);
 
-    connect(cmdAutres, &QPushButton::clicked, this, [this] {
-        model_.cmdAutres_Result(freeColourDialog_ ? freeColourDialog_(this, model_.cmdAutres_Start())
-                                                  : model_.cmdAutres_Start());
+    connect(cmdAutres_, &QPushButton::clicked, this, [this] {
+        const Colour start = model_.ChosenColour();
+        model_.ChooseFreeColour(freeColourDialog_ ? freeColourDialog_(this, start) : start);
         Refresh();
     });
-    connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cmdAnnuler, &QPushButton::clicked, this, &QDialog::reject);
+    connect(cmdOK_, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cmdAnnuler_, &QPushButton::clicked, this, &QDialog::reject);
 
     timer1_ = new QTimer(this);
     timer1_->setObjectName("Timer1");
     timer1_->setInterval(50);
     connect(timer1_, &QTimer::timeout, this, [this] { PipetteTick(QCursor::pos()); });
 
+    RetranslateUi();
     Refresh();
+}
+
+void PaletteDialog::RetranslateUi() {
+    setWindowTitle(PaletteTr("Choix de la couleur", "frmPaletteCaption"));
+    label1_->setText(PaletteTr("Choisie", "label1"));
+    label2_->setText(PaletteTr("Palette des Etrex et des GpsMap 60 : cliquer sur la couleur désirée", "label2"));
+    label3_->setText(PaletteTr("La couleur actuelle ne fait pas partie de la palette Garmin", "label3"));
+    label4_->setText(PaletteTr("Actuelle", "label4"));
+    label5_->setText(PaletteTr("Bleu", "label5"));
+    label6_->setText(PaletteTr("Rouge", "label6"));
+    label7_->setText(PaletteTr("Vert", "label7"));
+    label8_->setText(PaletteTr("Cliquer sur un carré pour choisir une nouvelle couleur", "label8"));
+    label9_->setText(PaletteTr("La couleur choisie ne fait pas partie de la palette Garmin", "label9"));
+    label16_->setText(PaletteTr("Couleurs Garmin voisines de la couleur choisie", "label16"));
+    picPicker_->setToolTip(PaletteTr("Appuyer ici et glisser sur l'écran pour prélever une couleur", "picPicker"));
+    cmdAutres_->setText(PaletteTr("Autres couleurs", "cmdAutres"));
+    cmdOK_->setText(PaletteTr("OK", "cmdOK"));
+    cmdAnnuler_->setText(PaletteTr("Annuler", "cmdAnnuler"));
+    PlaceCubeLabels();
 }
 
 QWidget* PaletteDialog::BuildGrid() {
     auto* grid = new QWidget(this);
     grid->setObjectName("grilleCarres");
-    const int rows = (kNombreCarres + kColonnesCarres - 1) / kColonnesCarres;
-    grid->setFixedSize(2 * kGridMargin + kColonnesCarres * kPitch, 2 * kGridMargin + rows * kPitch);
+    const int rows = (kPaletteSquareCount + kPaletteColumns - 1) / kPaletteColumns;
+    grid->setFixedSize(2 * kGridMargin + kPaletteColumns * kPitch, 2 * kGridMargin + rows * kPitch);
     frame_ = new SquareFrame(grid);  // first, so that the squares lie on it
-    for (int index = 1; index <= kNombreCarres; ++index) {
+    for (int index = 1; index <= kPaletteSquareCount; ++index) {
         auto* square = new ColourSquare(index, grid);
-        const PositionCarre at = position_carre(index);
-        square->setGeometry(kGridMargin + at.colonne * kPitch + 1, kGridMargin + at.ligne * kPitch + 1, kSquare,
-                            kSquare);
-        const Colour colour = *couleur_carre(index);
-        square->Set(colour, false, Q(texte_couleur(colour)));
+        const GridPosition at = PaletteSquarePosition(index);
+        square->setGeometry(kGridMargin + at.column * kPitch + 1, kGridMargin + at.row * kPitch + 1, kSquare, kSquare);
+        const Colour colour = *PaletteSquareColour(index);
+        square->Set(colour, false, Q(ColourText(colour)));
         connect(square, &ColourSquare::clicked, this, &PaletteDialog::Click);
         squares_[index] = square;
     }
@@ -249,27 +259,26 @@ QWidget* PaletteDialog::BuildNeighbours() {
         connect(square, &ColourSquare::clicked, this, &PaletteDialog::Click);
         squares_[index] = square;
     };
-    for (int corner = 0; corner < 8; ++corner) place(kPremierVoisin + corner, CornerCentre(corner), kCornerSquare);
-    const QPoint centre = kCubeOrigin + (kRedAxis + kGreenAxis + kBlueAxis) / 2;
-    place(kCarreChoisi, centre, kCentreSquare);
-    const QPoint actual(295, centre.y());
-    place(kCarreActuel, actual, kCentreSquare);
-
-    auto* label4 = MakeLabel(cube, "Label4", PaletteTr("Actuelle", "label4"));
-    label4->adjustSize();
-    label4->move(actual.x() - label4->width() / 2, actual.y() - kCentreSquare / 2 - label4->height() - 2);
-    auto* label6 = MakeLabel(cube, "Label6", PaletteTr("Rouge", "label6"));
-    label6->adjustSize();
-    label6->move(kCubeOrigin.x() + kRedAxis.x() / 2 - label6->width() / 2, kCubeOrigin.y() + kCornerSquare / 2 + 2);
-    auto* label7 = MakeLabel(cube, "Label7", PaletteTr("Vert", "label7"));
-    label7->adjustSize();
-    label7->move(kCubeOrigin.x() - kCornerSquare / 2 - label7->width() - 4,
-                 kCubeOrigin.y() + kGreenAxis.y() / 2 - label7->height() / 2);
-    auto* label5 = MakeLabel(cube, "Label5", PaletteTr("Bleu", "label5"));
-    label5->adjustSize();
-    const QPoint blueMiddle = kCubeOrigin + kRedAxis + kBlueAxis / 2;
-    label5->move(blueMiddle.x() + 6, blueMiddle.y() + 2);
+    for (int corner = 0; corner < 8; ++corner)
+        place(kFirstNeighbourSquare + corner, CornerCentre(corner), kCornerSquare);
+    place(kChosenSquare, kCubeCentre, kCentreSquare);
+    place(kCurrentSquare, kCurrentSquareCentre, kCentreSquare);
+    label4_ = MakeNamed<QLabel>(cube, "Label4");
+    label5_ = MakeNamed<QLabel>(cube, "Label5");
+    label6_ = MakeNamed<QLabel>(cube, "Label6");
+    label7_ = MakeNamed<QLabel>(cube, "Label7");
     return cube;
+}
+
+void PaletteDialog::PlaceCubeLabels() {
+    for (QLabel* label : {label4_, label5_, label6_, label7_}) label->adjustSize();
+    label4_->move(kCurrentSquareCentre.x() - label4_->width() / 2,
+                  kCurrentSquareCentre.y() - kCentreSquare / 2 - label4_->height() - 2);
+    label6_->move(kCubeOrigin.x() + kRedAxis.x() / 2 - label6_->width() / 2, kCubeOrigin.y() + kCornerSquare / 2 + 2);
+    label7_->move(kCubeOrigin.x() - kCornerSquare / 2 - label7_->width() - 4,
+                  kCubeOrigin.y() + kGreenAxis.y() / 2 - label7_->height() / 2);
+    const QPoint blueMiddle = kCubeOrigin + kRedAxis + kBlueAxis / 2;
+    label5_->move(blueMiddle.x() + 6, blueMiddle.y() + 2);
 }
 
 QWidget* PaletteDialog::BuildPipette() {
@@ -277,18 +286,15 @@ QWidget* PaletteDialog::BuildPipette() {
     box->setObjectName("fraPipette");
     auto* row = new QHBoxLayout(box);
     row->setContentsMargins(0, 6, 0, 0);
-    picPicker_ = new QLabel(QStringLiteral("✚"), box);
-    picPicker_->setObjectName("picPicker");
-    static_cast<QLabel*>(picPicker_)->setAlignment(Qt::AlignCenter);
+    picPicker_ = MakeNamed<QLabel>(box, "picPicker", QStringLiteral("✚"));
+    picPicker_->setAlignment(Qt::AlignCenter);
     picPicker_->setFixedSize(36, 36);
     picPicker_->setCursor(Qt::CrossCursor);
-    picPicker_->setToolTip(PaletteTr("Appuyer ici et glisser sur l'écran pour prélever une couleur", "picPicker"));
     picPicker_->installEventFilter(this);
-    picture3_ = new Magnifier(box);
-    picture3_->setObjectName("Picture3");
+    picture3_ = MakeNamed<Magnifier>(box, "Picture3");
     picture3_->setFixedSize(100, 100);
     KeepPlaceWhenHidden(picture3_);
-    label10_ = MakeLabel(box, "Label10", {});
+    label10_ = MakeNamed<QLabel>(box, "Label10");
     label10_->setMinimumWidth(70);
     row->addWidget(picPicker_, 0, Qt::AlignTop);
     row->addWidget(picture3_);
@@ -298,7 +304,7 @@ QWidget* PaletteDialog::BuildPipette() {
 }
 
 void PaletteDialog::Click(int index) {
-    if (model_.Carre_Click(index)) Refresh();
+    if (model_.ChooseSquare(index)) Refresh();
 }
 
 void PaletteDialog::PipetteTick(const QPoint& pointer) {
@@ -306,7 +312,7 @@ void PaletteDialog::PipetteTick(const QPoint& pointer) {
     const ScreenLook look = LookAt(screenReader_, pointer, picture3_->size());
     picture3_->Show(look.Area);
     if (look.Pixel) model_.PipettePixel(*look.Pixel);
-    label10_->setText(Q(model_.Label10_Caption()));
+    label10_->setText(Q(model_.PipetteColourText()));
 }
 
 bool PaletteDialog::eventFilter(QObject* watched, QEvent* event) {
@@ -319,8 +325,7 @@ bool PaletteDialog::eventFilter(QObject* watched, QEvent* event) {
         Refresh();
         return true;
     }
-    if (event->type() == QEvent::MouseButtonRelease && mouse->button() == Qt::LeftButton &&
-        model_.PrelevementEnCours()) {
+    if (event->type() == QEvent::MouseButtonRelease && mouse->button() == Qt::LeftButton && model_.PipetteRunning()) {
         StopPipetteCapture();
         model_.PipetteEnd();
         Refresh();
@@ -330,30 +335,30 @@ bool PaletteDialog::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PaletteDialog::Refresh() {
-    const int bordered = model_.CarreAvecBordure();
-    for (int index = 1; index <= kNombreCarres; ++index) {
-        const Colour colour = *couleur_carre(index);
-        squares_[index]->Set(colour, index == bordered, Q(texte_couleur(colour)));
+    const int bordered = model_.BorderedSquare();
+    for (int index = 1; index <= kPaletteSquareCount; ++index) {
+        const Colour colour = *PaletteSquareColour(index);
+        squares_[index]->Set(colour, index == bordered, Q(ColourText(colour)));
     }
-    for (int index = kPremierVoisin; index <= kCarreActuel; ++index) {
-        const CarreVoisin& square = model_.Voisin(index);
-        squares_[index]->Set(square.Couleur, square.Bordure, Q(square.Tip));
+    for (int index = kFirstNeighbourSquare; index <= kCurrentSquare; ++index) {
+        const NeighbourSquare& square = model_.Neighbour(index);
+        squares_[index]->Set(square.Fill, square.Border, Q(square.Tip));
     }
-    if (const int framed = model_.CarreEncadre()) {
+    if (const int framed = model_.FramedSquare()) {
         const QWidget* square = squares_[framed];
         frame_->move(square->pos() - QPoint(kFrameOverhang, kFrameOverhang));
         frame_->show();
     } else {
         frame_->hide();
     }
-    lblCouleurChoisie_->setText(Q(model_.lblCouleurChoisie_Caption()));
-    lblCouleurChoisie_->setStyleSheet(ColouredLabelStyle(model_.CouleurChoisie()));
-    label3_->setVisible(model_.Label3Visible());
-    label9_->setVisible(model_.Label9Visible());
+    lblCouleurChoisie_->setText(Q(model_.ChosenColourText()));
+    lblCouleurChoisie_->setStyleSheet(ColouredLabelStyle(model_.ChosenColour()));
+    label3_->setVisible(model_.CurrentColourOutsidePalette());
+    label9_->setVisible(model_.ChosenColourOutsidePalette());
     picPicker_->setStyleSheet(QStringLiteral("QLabel { background: %1; border: 1px solid #404040; }")
-                                  .arg(ToQColor(model_.picPicker_BackColor()).name()));
-    picture3_->setVisible(model_.Picture3Visible());
-    label10_->setText(Q(model_.Label10_Caption()));
+                                  .arg(ToQColor(model_.PipetteButtonColour()).name()));
+    picture3_->setVisible(model_.PipetteRunning());
+    label10_->setText(Q(model_.PipetteColourText()));
 }
 
 void PaletteDialog::StopPipetteCapture() {
@@ -363,13 +368,13 @@ void PaletteDialog::StopPipetteCapture() {
 
 void PaletteDialog::accept() {
     StopPipetteCapture();
-    model_.cmdOK_Click();
+    model_.Accept();
     QDialog::accept();
 }
 
 void PaletteDialog::reject() {
     StopPipetteCapture();
-    model_.cmdAnnuler_Click();
+    model_.Cancel();
     QDialog::reject();
 }
 
@@ -386,7 +391,7 @@ std::optional<std::uint32_t> ChooseGarminColour(QWidget* parent, std::uint32_t c
     const auto who = caller == 1 ? PaletteCaller::PreviewBackground : PaletteCaller::Editor;
     PaletteDialog dialog(static_cast<Colour>(current & 0xFFFFFFu), who, std::move(handler), parent);
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-    return static_cast<std::uint32_t>(dialog.Model().CouleurChoisie());
+    return static_cast<std::uint32_t>(dialog.Model().ChosenColour());
 }
 
 }  // namespace mirvane::app

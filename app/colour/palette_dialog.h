@@ -37,6 +37,8 @@ public:
                   QWidget* parent = nullptr);
 
     const PaletteDialogModel& Model() const { return model_; }
+    // Sets every caption in the current language.
+    void RetranslateUi();
     void SetFreeColourDialog(FreeColourDialog dialog) { freeColourDialog_ = std::move(dialog); }
     void SetScreenReader(ScreenReader reader) { screenReader_ = std::move(reader); }
 
@@ -53,6 +55,8 @@ private:
     QWidget* BuildGrid();
     QWidget* BuildNeighbours();
     QWidget* BuildPipette();
+    // The axis names and "Actuelle" around the cube, placed by their size.
+    void PlaceCubeLabels();
     void Refresh();
     void Click(int index);
     void StopPipetteCapture();
@@ -62,8 +66,12 @@ private:
     ScreenReader screenReader_;
     std::vector<ColourSquare*> squares_;  // 1..254 and 261..270 by index
     QWidget* frame_ = nullptr;            // Carré2
-    QLabel *lblCouleurChoisie_ = nullptr, *label3_ = nullptr, *label9_ = nullptr, *label10_ = nullptr;
-    QWidget* picPicker_ = nullptr;
+    QLabel* lblCouleurChoisie_ = nullptr;
+    QLabel *label1_ = nullptr, *label2_ = nullptr, *label3_ = nullptr, *label4_ = nullptr, *label5_ = nullptr,
+           *label6_ = nullptr, *label7_ = nullptr, *label8_ = nullptr, *label9_ = nullptr, *label10_ = nullptr,
+           *label16_ = nullptr;
+    QPushButton *cmdAutres_ = nullptr, *cmdOK_ = nullptr, *cmdAnnuler_ = nullptr;
+    QLabel* picPicker_ = nullptr;
     Magnifier* picture3_ = nullptr;
     QTimer* timer1_ = nullptr;
 };

@@ -5,39 +5,52 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "app/common/named_widget.h"
 #include "app/common/texts.h"
 
 namespace mirvane::app {
 
+namespace {
+
+// The built-in French captions while the language is French.
+QString LanguagesTr(std::string_view defaultText, std::string_view key) {
+    return Q(FormCaption("Langues", defaultText, key));
+}
+
+}  // namespace
+
 LanguagesWindow::LanguagesWindow(SettingsStore& settings, UserPrompts& prompts, QWidget* parent)
     : QDialog(parent), model_(settings, prompts) {
     setObjectName("frmLangues");
-    model_.Form_Load();
-    setWindowTitle(Q(model_.Caption));
+    model_.Load();
 
-    auto* label = new QLabel(Q(model_.lblLangues_Caption), this);
-    label->setObjectName("lblLangues");
-    lstLang_ = new QListWidget(this);
-    lstLang_->setObjectName("lstLang");
-    for (const auto& row : model_.lstLang) lstLang_->addItem(Q(row));
+    lblLangues_ = MakeNamed<QLabel>(this, "lblLangues");
+    lstLang_ = MakeNamed<QListWidget>(this, "lstLang");
+    for (const auto& row : model_.Rows()) lstLang_->addItem(Q(row));
     lstLang_->setCurrentRow(model_.SelectedRow);
-    auto* ok = new QPushButton(Q(model_.cmdOK_Caption), this);
-    ok->setObjectName("cmdOK");
-    ok->setDefault(true);
+    cmdOK_ = MakeNamed<QPushButton>(this, "cmdOK");
+    cmdOK_->setDefault(true);
 
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(label);
+    layout->addWidget(lblLangues_);
     layout->addWidget(lstLang_, 1);
-    layout->addWidget(ok, 0, Qt::AlignRight);
+    layout->addWidget(cmdOK_, 0, Qt::AlignRight);
     resize(300, 320);
+    RetranslateUi();
 
-    connect(ok, &QPushButton::clicked, this, &LanguagesWindow::Choose);
+    connect(cmdOK_, &QPushButton::clicked, this, &LanguagesWindow::Choose);
     connect(lstLang_, &QListWidget::itemDoubleClicked, this, &LanguagesWindow::Choose);
+}
+
+void LanguagesWindow::RetranslateUi() {
+    setWindowTitle(LanguagesTr("Langues disponibles", "frmLangues"));
+    lblLangues_->setText(LanguagesTr("Choisissez la langue de Mirvane :", "lblLangues"));
+    cmdOK_->setText(LanguagesTr("OK", "cmdOK"));
 }
 
 void LanguagesWindow::Choose() {
     model_.SelectedRow = lstLang_->currentRow();
-    const LanguageChange change = model_.cmdOK_Click();
+    const LanguageChange change = model_.ApplyChoice();
     accept();
     emit LanguageChosen(static_cast<int>(change));
 }

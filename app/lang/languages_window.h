@@ -5,7 +5,9 @@
 
 #include "models/shell/languages_model.h"
 
+class QLabel;
 class QListWidget;
+class QPushButton;
 
 namespace mirvane::app {
 
@@ -13,6 +15,9 @@ class LanguagesWindow : public QDialog {
     Q_OBJECT
 public:
     LanguagesWindow(SettingsStore& settings, UserPrompts& prompts, QWidget* parent = nullptr);
+
+    // Sets every caption in the current language.
+    void RetranslateUi();
 
 signals:
     // A LanguageChange, once the choice is stored.
@@ -22,7 +27,9 @@ private:
     void Choose();
 
     LanguagesModel model_;
+    QLabel* lblLangues_;
     QListWidget* lstLang_;
+    QPushButton* cmdOK_;
 };
 
 }  // namespace mirvane::app

@@ -10,12 +10,12 @@
 namespace mirvane::app {
 
 QColor ToQColor(Colour colour) {
-    const Rvb c = decomposer_couleur(colour);
+    const RgbChannels c = SplitColour(colour);
     return QColor(c.r, c.g, c.b);
 }
 
 Colour FromQColor(const QColor& colour) {
-    return composer_couleur(static_cast<std::uint8_t>(colour.red()), static_cast<std::uint8_t>(colour.green()),
+    return MakeColour(static_cast<std::uint8_t>(colour.red()), static_cast<std::uint8_t>(colour.green()),
                             static_cast<std::uint8_t>(colour.blue()));
 }
 
@@ -29,7 +29,7 @@ QImage GrabScreen(const QRect& area) {
 }
 
 ScreenLook LookAt(const ScreenReader& reader, const QPoint& pointer, const QSize& magnifierSize) {
-    const RasterRect source = LoupeSource(pointer.x(), pointer.y(), magnifierSize.width(), magnifierSize.height());
+    const RasterRect source = MagnifierSource(pointer.x(), pointer.y(), magnifierSize.width(), magnifierSize.height());
     const QRect area(source.Left, source.Top, std::max(source.Width, 1), std::max(source.Height, 1));
     ScreenLook look;
     if (reader) look.Area = reader(area);

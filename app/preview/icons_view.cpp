@@ -98,7 +98,7 @@ void IconsFrame::Rebuild(Document& doc, RasterColour background) {
     Relayout();
 }
 
-void IconsFrame::ShowIcon(IconRef ref) {
+void IconsFrame::ShowIcon(ObjectRef ref) {
     if (!model_.Visible()) return;
     QScrollBar* bar = Picture5_->verticalScrollBar();
     bar->setValue(model_.ScrollFor(ref, bar->value(), Picture5_->viewport()->height()));

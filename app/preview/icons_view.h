@@ -23,7 +23,7 @@ public:
     void Relayout(int width);
 
 signals:
-    void IconClicked(mirvane::IconRef ref);
+    void IconClicked(mirvane::ObjectRef ref);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -43,14 +43,14 @@ public:
     // AfficheTout, when the view is up (the document or the background changed).
     void Rebuild(Document& doc, RasterColour background);
     // A list row was picked: its icon scrolls into view.
-    void ShowIcon(IconRef ref);
+    void ShowIcon(ObjectRef ref);
     void RetranslateUi();
 
     const IconsViewModel& Model() const { return model_; }
     IconsPicture* Picture() const { return picture_; }
 
 signals:
-    void IconClicked(mirvane::IconRef ref);
+    void IconClicked(mirvane::ObjectRef ref);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

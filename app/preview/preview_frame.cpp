@@ -132,8 +132,8 @@ QWidget* PreviewFrame::BuildControls() {
     return panel;
 }
 
-void PreviewFrame::ShowObject(Document& doc, int scope, int index) {
-    const ObjectPreview preview = PreviewOfObject(doc, scope, index);
+void PreviewFrame::ShowObject(Document& doc, ObjectRef object) {
+    const ObjectPreview preview = PreviewOfObject(doc, object);
     model_.Pick(preview);
     Redraw();
 }
@@ -162,7 +162,7 @@ void PreviewFrame::Redraw() {
     for (int i = 0; i < 2; ++i) apercus_[i]->SetRaster(model_.Apercus(i));
 
     const PreviewState& state = model_.State();
-    const PreviewEnables enables = PreviewEnablesFor(state.EditScope != 0, state.EditScope, model_.Mode());
+    const PreviewEnables enables = PreviewEnablesFor(state.Shown, model_.Mode());
     optSeul_->setEnabled(enables.Seul);
     optMosaique_->setEnabled(enables.Mosaique);
     optSuperposition_->setEnabled(enables.Superposition);

@@ -29,7 +29,7 @@ public:
 
     void SetColourChooser(ColourChooser chooser) { chooseColour_ = std::move(chooser); }
     // An object was picked in its list (scope 1 polygon, 2 polyline, 3 POI).
-    void ShowObject(Document& doc, int scope, int index);
+    void ShowObject(Document& doc, ObjectRef object);
     // The document was closed or replaced: nothing is picked any more.
     void Reset();
     // cmdvoirtxt: the whole text is shown, the label colours go.

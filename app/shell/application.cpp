@@ -61,7 +61,7 @@ void ConnectTextRoute(MainWindow& window, MainWindowModel& model) {
         const ListingContext context{model.DateText(), ListingClock::Now()};
         return ListWholeDocument(doc, context);
     }, [](Document& doc, ObjectRef object) {
-        return ListOneObject(doc, static_cast<int>(object.Kind), object.Row, false).Text;
+        return ListOneObject(doc, object);
     });
 }
 

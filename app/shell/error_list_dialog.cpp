@@ -9,41 +9,51 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "app/common/named_widget.h"
 #include "app/common/texts.h"
 
 namespace mirvane::app {
 
+namespace {
+
+QString ErrorsTr(std::string_view defaultText, std::string_view key) { return Tr("Erreurs", defaultText, key); }
+
+}  // namespace
+
 ErrorListDialog::ErrorListDialog(const QString& text, QWidget* parent) : QDialog(parent) {
     setObjectName("frmErreur");
-    setWindowTitle(Tr("Erreurs", "Erreurs", "Erreurs"));
     resize(760, 420);
 
-    auto* label = new QLabel(Tr("Erreurs", "Erreurs rencontrées dans le fichier", "lblErreurs"), this);
-    label->setObjectName("lblErreurs");
-    box_ = new QPlainTextEdit(this);
-    box_->setObjectName("txtErreurs");
+    lblErreurs_ = MakeNamed<QLabel>(this, "lblErreurs");
+    box_ = MakeNamed<QPlainTextEdit>(this, "txtErreurs");
     box_->setReadOnly(true);
     box_->setLineWrapMode(QPlainTextEdit::NoWrap);
     box_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     QString shown = text;
     box_->setPlainText(shown.replace("\r\n", "\n"));
 
-    auto* copy = new QPushButton(Tr("Erreurs", "Copier dans le presse-papier", "cmdCopier"), this);
-    copy->setObjectName("cmdCopy");
-    auto* close = new QPushButton(Tr("Erreurs", "Fermer", "cmdFermer"), this);
-    close->setObjectName("cmdFermer");
-    close->setDefault(true);
-    connect(copy, &QPushButton::clicked, this, [this] { QApplication::clipboard()->setText(box_->toPlainText()); });
-    connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    cmdCopy_ = MakeNamed<QPushButton>(this, "cmdCopy");
+    cmdFermer_ = MakeNamed<QPushButton>(this, "cmdFermer");
+    cmdFermer_->setDefault(true);
+    connect(cmdCopy_, &QPushButton::clicked, this, [this] { QApplication::clipboard()->setText(box_->toPlainText()); });
+    connect(cmdFermer_, &QPushButton::clicked, this, &QDialog::accept);
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
-    buttons->addWidget(copy);
-    buttons->addWidget(close);
+    buttons->addWidget(cmdCopy_);
+    buttons->addWidget(cmdFermer_);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(label);
+    layout->addWidget(lblErreurs_);
     layout->addWidget(box_, 1);
     layout->addLayout(buttons);
+    RetranslateUi();
+}
+
+void ErrorListDialog::RetranslateUi() {
+    setWindowTitle(ErrorsTr("Erreurs", "Erreurs"));
+    lblErreurs_->setText(ErrorsTr("Erreurs rencontrées dans le fichier", "lblErreurs"));
+    cmdCopy_->setText(ErrorsTr("Copier dans le presse-papier", "cmdCopier"));
+    cmdFermer_->setText(ErrorsTr("Fermer", "cmdFermer"));
 }
 
 }  // namespace mirvane::app

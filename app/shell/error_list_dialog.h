@@ -3,7 +3,9 @@
 
 #include <QDialog>
 
+class QLabel;
 class QPlainTextEdit;
+class QPushButton;
 
 namespace mirvane::app {
 
@@ -12,8 +14,13 @@ class ErrorListDialog : public QDialog {
 public:
     ErrorListDialog(const QString& text, QWidget* parent = nullptr);
 
+    // Sets every caption in the current language.
+    void RetranslateUi();
+
 private:
+    QLabel* lblErreurs_;
     QPlainTextEdit* box_;
+    QPushButton *cmdCopy_, *cmdFermer_;
 };
 
 }  // namespace mirvane::app

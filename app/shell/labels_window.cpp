@@ -6,36 +6,38 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "document/extra_sections.h"
-#include "document/presentation.h"
+#include "app/common/named_widget.h"
 #include "app/common/texts.h"
+#include "document/presentation.h"
 
 namespace mirvane::app {
 
 LabelsWindow::LabelsWindow(const Document& doc, QWidget* parent) : QDialog(parent) {
     setObjectName("frmLabels");
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const LabelsBrowserContent content = LabelsBrowserText(doc);
-    const int codePage = doc.Identity.UnlistedCodePage ? doc.Identity.UnlistedCodePage
-                                                       : SelectedCodePage(doc.Identity);
-    setWindowTitle(Q(content.Caption));
+    content_ = LabelsBrowserText(doc);
+    const int codePage = doc.Identity.UnlistedCodePage ? doc.Identity.UnlistedCodePage : SelectedCodePage(doc.Identity);
 
-    auto* text = new QPlainTextEdit(this);
-    text->setObjectName("txtLabels");
+    auto* text = MakeNamed<QPlainTextEdit>(this, "txtLabels");
     text->setReadOnly(true);
     text->setLineWrapMode(QPlainTextEdit::NoWrap);
     text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     text->setTabStopDistance(text->fontMetrics().horizontalAdvance(' ') * 4);
-    text->setPlainText(DecodeDocumentText(content.Text, codePage).replace("\r\n", "\n"));
-    auto* close = new QPushButton(Q(content.CloseCaption), this);
-    close->setObjectName("cmdFermer");
-    connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    text->setPlainText(DecodeDocumentText(content_.Text, codePage).replace("\r\n", "\n"));
+    cmdFermer_ = MakeNamed<QPushButton>(this, "cmdFermer");
+    connect(cmdFermer_, &QPushButton::clicked, this, &QDialog::accept);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(text, 1);
-    layout->addWidget(close, 0, Qt::AlignRight);
+    layout->addWidget(cmdFermer_, 0, Qt::AlignRight);
     resize(760, 520);
+    RetranslateUi();
     QApplication::restoreOverrideCursor();
+}
+
+void LabelsWindow::RetranslateUi() {
+    setWindowTitle(Q(content_.Caption));
+    cmdFermer_->setText(Q(content_.CloseCaption));
 }
 
 }  // namespace mirvane::app

@@ -127,62 +127,59 @@ MainWindow::MainWindow(MainWindowModel& model, QWidget* parent) : QMainWindow(pa
 MainWindow::~MainWindow() { model_.Changes().StopListening(changesListener_); }
 
 void MainWindow::RetranslateUi() {
-    const auto caption = [](auto* target, std::string_view french, std::string_view key) {
-        target->setText(MainCaption(french, key));
-    };
-    const auto tip = [](auto* target, std::string_view key) { target->setToolTip(MainCaption("", key)); };
     mnuFichier_->setTitle(MainCaption("&Fichier", "mnuFichier"));
-    caption(mnuNouveau_, "&Nouveau", "mnuNouveau");
-    caption(mnuOuvrirTYP_, "&Ouvrir un TYP...", "mnuOuvrirTYP");
-    caption(mnuouvrirtxt_, "Ouvrir un fichier &texte...", "mnuouvrirtxt");
-    caption(mnuOuvrirTypMapset_, "Ouvrir le TYP d'un &mapset...", "mnuOuvrirTypMapset");
-    caption(mnufermer_, "&Fermer", "mnufermer");
-    caption(mnuEnregistrerTyp_, "&Enregistrer le TYP...", "mnuEnregistrerTyp");
-    caption(mnuEnregistrerTxt_, "Enregistrer le te&xte...", "mnuEnregistrerTxt");
+    mnuNouveau_->setText(MainCaption("&Nouveau", "mnuNouveau"));
+    mnuOuvrirTYP_->setText(MainCaption("&Ouvrir un TYP...", "mnuOuvrirTYP"));
+    mnuouvrirtxt_->setText(MainCaption("Ouvrir un fichier &texte...", "mnuouvrirtxt"));
+    mnuOuvrirTypMapset_->setText(MainCaption("Ouvrir le TYP d'un &mapset...", "mnuOuvrirTypMapset"));
+    mnufermer_->setText(MainCaption("&Fermer", "mnufermer"));
+    mnuEnregistrerTyp_->setText(MainCaption("&Enregistrer le TYP...", "mnuEnregistrerTyp"));
+    mnuEnregistrerTxt_->setText(MainCaption("Enregistrer le te&xte...", "mnuEnregistrerTxt"));
     recentMenu_->setTitle(MainCaption("Fichiers &récents", "mnuRecents"));
-    caption(mnuquitter_, "&Quitter", "mnuquitter");
+    mnuquitter_->setText(MainCaption("&Quitter", "mnuquitter"));
     mnuOutils_->setTitle(MainCaption("&Outils", "mnuOutils"));
-    caption(mnuSauvegardeAuto_, "Sauvegarde &automatique", "mnuSauvegardeAuto");
-    caption(mnuTypSpeciaux_, "TYP &spéciaux...", "mnuTypSpeciaux");
-    caption(mnuCouleurIdentifieur_, "&Identifieur de couleur et de type...", "mnuCouleurIdentifieur");
-    caption(mnuCompiler_, "Compiler un fichier txt avec cGPSmapper...", "mnuCompiler");
+    mnuSauvegardeAuto_->setText(MainCaption("Sauvegarde &automatique", "mnuSauvegardeAuto"));
+    mnuTypSpeciaux_->setText(MainCaption("TYP &spéciaux...", "mnuTypSpeciaux"));
+    mnuCouleurIdentifieur_->setText(MainCaption("&Identifieur de couleur et de type...", "mnuCouleurIdentifieur"));
+    mnuCompiler_->setText(MainCaption("Compiler un fichier txt avec cGPSmapper...", "mnuCompiler"));
     mnuLangues_->setTitle(MainCaption("&Langues", "mnuLangues"));
-    caption(mnuChoixLangue_, "Choisir la langue...", "mnuChoixLangue");
+    mnuChoixLangue_->setText(MainCaption("Choisir la langue...", "mnuChoixLangue"));
 
     fraEntete_->setTitle(MainCaption("Fichier TYP", "fraEntete"));
-    caption(lblDate_, "Date :", "lblDate");
-    caption(lblTaille_, "Longueur :", "lblTaille");
-    caption(lblFID_, "FID :", "lblFID");
-    caption(lblProductCode_, "Product Code :", "lblProductCode");
-    caption(lblCodepage_, "Code page :", "lblCodepage");
-    caption(lblHeadersize_, "Taille de l'entête :", "lblHeadersize");
-    caption(cmdCreerTYP_, "Créer le TYP", "cmdCreerTYP");
-    caption(cmdDraworder_, "Draw order...", "cmdDraworder");
-    tip(cmdDraworder_, "cmdDraworderTip");
-    caption(cmdIcones_, "Icônes", "cmdIcones");
-    caption(cmdLabels_, "Labels...", "cmdLabels");
+    lblDate_->setText(MainCaption("Date :", "lblDate"));
+    lblTaille_->setText(MainCaption("Longueur :", "lblTaille"));
+    lblFID_->setText(MainCaption("FID :", "lblFID"));
+    lblProductCode_->setText(MainCaption("Product Code :", "lblProductCode"));
+    lblCodepage_->setText(MainCaption("Code page :", "lblCodepage"));
+    lblHeadersize_->setText(MainCaption("Taille de l'entête :", "lblHeadersize"));
+    cmdCreerTYP_->setText(MainCaption("Créer le TYP", "cmdCreerTYP"));
+    cmdDraworder_->setText(MainCaption("Draw order...", "cmdDraworder"));
+    cmdDraworder_->setToolTip(MainCaption("", "cmdDraworderTip"));
+    cmdIcones_->setText(MainCaption("Icônes", "cmdIcones"));
+    cmdLabels_->setText(MainCaption("Labels...", "cmdLabels"));
 
-    for (QPushButton* add : {cmdAddPolygone_, cmdAddPolyline_, cmdAddPOI_}) caption(add, "Ajouter", "cmdAjouter");
+    for (QPushButton* add : {cmdAddPolygone_, cmdAddPolyline_, cmdAddPOI_})
+        add->setText(MainCaption("Ajouter", "cmdAjouter"));
     for (QPushButton* edit : {cmdModifierPolygone_, cmdModifierPolyline_, cmdModifierPOI_})
-        caption(edit, "Modifier", "cmdModifier");
-    for (ObjectKind kind : kObjectKinds) caption(DeleteButtonOf(kind), "Supprimer", "cmdSupprimer");
-    tip(cmdAddPolygone_, "cmdAddPolygoneTip");
-    tip(cmdModifierPolygone_, "cmdModifierPolygoneTip");
-    tip(cmdSupprimerPolygone_, "cmdSupprimerPolygoneTip");
-    tip(cmdAddPolyline_, "cmdAddPolylineTip");
-    tip(cmdModifierPolyline_, "cmdModifierPolylineTip");
-    tip(cmdSupprimerPolyline_, "cmdSupprimerPolylineTip");
-    tip(cmdAddPOI_, "cmdAddPOITip");
-    tip(cmdModifierPOI_, "cmdModifierPOITip");
-    tip(cmdSupprimerPOI_, "cmdSupprimerPOITip");
-    tip(ListPolygone_, "lstPolygoneTip");
-    tip(ListPolyline_, "lstPolylineTip");
-    tip(ListPOI_, "lstPOITip");
+        edit->setText(MainCaption("Modifier", "cmdModifier"));
+    for (ObjectKind kind : kObjectKinds) DeleteButtonOf(kind)->setText(MainCaption("Supprimer", "cmdSupprimer"));
+    cmdAddPolygone_->setToolTip(MainCaption("", "cmdAddPolygoneTip"));
+    cmdModifierPolygone_->setToolTip(MainCaption("", "cmdModifierPolygoneTip"));
+    cmdSupprimerPolygone_->setToolTip(MainCaption("", "cmdSupprimerPolygoneTip"));
+    cmdAddPolyline_->setToolTip(MainCaption("", "cmdAddPolylineTip"));
+    cmdModifierPolyline_->setToolTip(MainCaption("", "cmdModifierPolylineTip"));
+    cmdSupprimerPolyline_->setToolTip(MainCaption("", "cmdSupprimerPolylineTip"));
+    cmdAddPOI_->setToolTip(MainCaption("", "cmdAddPOITip"));
+    cmdModifierPOI_->setToolTip(MainCaption("", "cmdModifierPOITip"));
+    cmdSupprimerPOI_->setToolTip(MainCaption("", "cmdSupprimerPOITip"));
+    ListPolygone_->setToolTip(MainCaption("", "lstPolygoneTip"));
+    ListPolyline_->setToolTip(MainCaption("", "lstPolylineTip"));
+    ListPOI_->setToolTip(MainCaption("", "lstPOITip"));
 
-    caption(cmdvoirtxt_, "Voir le texte", "cmdVoirTxt");
-    tip(cmdvoirtxt_, "cmdVoirTip");
-    caption(cmdEnregistrer_, "Enregistrer le texte", "cmdEnregistrer");
-    tip(cmdEnregistrer_, "cmdEnregistrerTip");
+    cmdvoirtxt_->setText(MainCaption("Voir le texte", "cmdVoirTxt"));
+    cmdvoirtxt_->setToolTip(MainCaption("", "cmdVoirTip"));
+    cmdEnregistrer_->setText(MainCaption("Enregistrer le texte", "cmdEnregistrer"));
+    cmdEnregistrer_->setToolTip(MainCaption("", "cmdEnregistrerTip"));
     textPane_->RetranslateUi();
     fraApercu_->RetranslateUi();
     fraVisualization_->RetranslateUi();
@@ -430,8 +427,8 @@ QWidget* MainWindow::BuildPreviewColumn() {
     });
     connect(fraApercu_, &PreviewFrame::BackgroundChanged, this,
             [this] { fraVisualization_->Rebuild(model_.Doc(), fraApercu_->Background()); });
-    connect(fraVisualization_, &IconsFrame::IconClicked, this, [this](IconRef ref) {
-        PickObject(ref.Kind, ref.Index);
+    connect(fraVisualization_, &IconsFrame::IconClicked, this, [this](ObjectRef ref) {
+        PickObject(ref.Kind, ref.Row);
     });
     return column;
 }
@@ -453,7 +450,7 @@ void MainWindow::ShowSelection() {
     }
     RefreshTextPane();
     RefreshPreview();
-    if (selected) fraVisualization_->ShowIcon(IconRef{selected->Kind, selected->Row});
+    if (selected) fraVisualization_->ShowIcon(*selected);
     refreshing_ = wasRefreshing;
 }
 
@@ -488,7 +485,7 @@ void MainWindow::Refresh(ChangeSet what) {
 void MainWindow::RefreshPreview() {
     // The preview follows the object whose text the pane shows.
     if (const auto selected = model_.Selection())
-        fraApercu_->ShowObject(model_.Doc(), static_cast<int>(selected->Kind), selected->Row);
+        fraApercu_->ShowObject(model_.Doc(), *selected);
     else fraApercu_->Reset();
 }
 

@@ -8,63 +8,69 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "app/common/named_widget.h"
+#include "app/common/texts.h"
 #include "app/text/listing_document.h"
 
 namespace mirvane::app {
 
 namespace {
 
-QPushButton* MakeButton(QWidget* parent, const QString& name, const std::string& caption) {
-    auto* button = new QPushButton(QString::fromStdString(caption), parent);
-    button->setObjectName(name);
-    return button;
-}
+QString BackupsTr(std::string_view defaultText, std::string_view key) { return Tr("Sauvegardetxt", defaultText, key); }
 
 }  // namespace
 
 BackupsWindow::BackupsWindow(const TextBackups& backups, int codePage, QWidget* parent)
-    : QDialog(parent), model_(backups), hasBackups_(!backups.Empty()), codePage_(codePage) {
+    : QDialog(parent), model_(backups), codePage_(codePage) {
     setObjectName("frmSauvegardetxt");
-    Text1_ = new QPlainTextEdit(this);
-    Text1_->setObjectName("Text1");
+    Text1_ = MakeNamed<QPlainTextEdit>(this, "Text1");
     Text1_->setReadOnly(true);
     Text1_->setLineWrapMode(QPlainTextEdit::NoWrap);
     Text1_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    previous_ = MakeButton(this, QStringLiteral("cmdPrécédent"), model_.cmdPrecedent_Caption);
-    next_ = MakeButton(this, "cmdSuivant", model_.cmdSuivant_Caption);
-    auto* copy = MakeButton(this, "cmdCopier", model_.cmdCopier_Caption);
-    auto* close = MakeButton(this, "cmdFermer", model_.cmdFermer_Caption);
+    cmdPrecedent_ = MakeNamed<QPushButton>(this, "cmdPrécédent");
+    cmdSuivant_ = MakeNamed<QPushButton>(this, "cmdSuivant");
+    cmdCopier_ = MakeNamed<QPushButton>(this, "cmdCopier");
+    cmdFermer_ = MakeNamed<QPushButton>(this, "cmdFermer");
 
     auto* buttons = new QHBoxLayout;
-    buttons->addWidget(previous_);
-    buttons->addWidget(next_);
+    buttons->addWidget(cmdPrecedent_);
+    buttons->addWidget(cmdSuivant_);
     buttons->addStretch();
-    buttons->addWidget(copy);
-    buttons->addWidget(close);
+    buttons->addWidget(cmdCopier_);
+    buttons->addWidget(cmdFermer_);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(Text1_, 1);
     layout->addLayout(buttons);
     resize(720, 520);
 
-    connect(previous_, &QPushButton::clicked, this, [this] {
-        model_.cmdPrecedent_Click();
+    connect(cmdPrecedent_, &QPushButton::clicked, this, [this] {
+        model_.ShowPrevious();
         Redraw();
     });
-    connect(next_, &QPushButton::clicked, this, [this] {
-        model_.cmdSuivant_Click();
+    connect(cmdSuivant_, &QPushButton::clicked, this, [this] {
+        model_.ShowNext();
         Redraw();
     });
-    connect(copy, &QPushButton::clicked, this, [this] { QApplication::clipboard()->setText(Text1_->toPlainText()); });
-    connect(close, &QPushButton::clicked, this, &QDialog::close);
-    Redraw();
+    connect(cmdCopier_, &QPushButton::clicked, this,
+            [this] { QApplication::clipboard()->setText(Text1_->toPlainText()); });
+    connect(cmdFermer_, &QPushButton::clicked, this, &QDialog::close);
+    RetranslateUi();
+}
+
+void BackupsWindow::RetranslateUi() {
+    cmdPrecedent_->setText(BackupsTr("<<Précédent", "cmdPrecedent"));
+    cmdSuivant_->setText(BackupsTr("Suivant >>", "cmdSuivant"));
+    cmdCopier_->setText(BackupsTr("Copier dans le presse-papier", "cmdCopier"));
+    cmdFermer_->setText(BackupsTr("Fermer", "cmdFermer"));
+    Redraw();  // the title and the empty list's message are in the language too
 }
 
 void BackupsWindow::Redraw() {
-    setWindowTitle(QString::fromStdString(model_.Caption));
+    setWindowTitle(Q(model_.Title()));
     // The message of an empty list is the program's own text, not document bytes.
-    Text1_->setPlainText(hasBackups_ ? DecodePaneText(model_.Text1, codePage_) : QString::fromStdString(model_.Text1));
-    previous_->setEnabled(model_.cmdPrecedent_Enabled);
-    next_->setEnabled(model_.cmdSuivant_Enabled);
+    Text1_->setPlainText(model_.HasBackups() ? DecodePaneText(model_.Text(), codePage_) : Q(model_.Text()));
+    cmdPrecedent_->setEnabled(model_.CanShowPrevious());
+    cmdSuivant_->setEnabled(model_.CanShowNext());
 }
 
 }  // namespace mirvane::app

@@ -17,14 +17,16 @@ public:
     // The backups are document bytes, shown in `codePage`.
     BackupsWindow(const TextBackups& backups, int codePage, QWidget* parent = nullptr);
 
+    // Sets every caption in the current language.
+    void RetranslateUi();
+
 private:
     void Redraw();
 
     BackupsWindowModel model_;
-    bool hasBackups_;
     int codePage_;
     QPlainTextEdit* Text1_;
-    QPushButton *previous_, *next_;
+    QPushButton *cmdPrecedent_, *cmdSuivant_, *cmdCopier_, *cmdFermer_;
 };
 
 }  // namespace mirvane::app

@@ -25,54 +25,59 @@ bool StartDetached(const CompilerCommand& command) {
 CompilerWindow::CompilerWindow(SettingsStore& settings, UserPrompts& prompts, QWidget* parent)
     : QDialog(parent), Start(StartDetached), settings_(settings), model_(prompts) {
     setObjectName("frmCompiler");
-    setWindowTitle(Q(model_.Caption));
     auto* grid = new QGridLayout;
-    txtChemincGPSmapper_ = AddPathRow(grid, 0, model_.lblcGPSmapperPath_Caption, "txtChemincGPSmapper",
-                                      "cmdChemincGPSmapper", &CompilerWindow::BrowseTool);
-    txtFichiertxt_ = AddPathRow(grid, 2, model_.lblTxtPath_Caption, "txtFichiertxt", "cmdFichiertxt",
-                                &CompilerWindow::BrowseText);
-    txtFichierTyp_ = AddPathRow(grid, 4, model_.lblTypPath_Caption, "txtFichierTyp", "cmdFichierTyp",
-                                &CompilerWindow::BrowseTyp);
+    tool_ = AddPathRow(grid, 0, "lblcGPSmapperPath", "txtChemincGPSmapper", "cmdChemincGPSmapper",
+                       &CompilerWindow::BrowseTool);
+    text_ = AddPathRow(grid, 2, "lblTxtPath", "txtFichiertxt", "cmdFichiertxt", &CompilerWindow::BrowseText);
+    typ_ = AddPathRow(grid, 4, "lblTypPath", "txtFichierTyp", "cmdFichierTyp", &CompilerWindow::BrowseTyp);
 
-    auto* run = new QPushButton(Q(model_.Command1_Caption), this);
-    run->setObjectName("Command1");
-    run->setDefault(true);
-    auto* cancel = new QPushButton(Q(model_.cmdAnnuler_Caption), this);
-    cancel->setObjectName("cmdAnnuler");
+    Command1_ = new QPushButton(this);
+    Command1_->setObjectName("Command1");
+    Command1_->setDefault(true);
+    cmdAnnuler_ = new QPushButton(this);
+    cmdAnnuler_->setObjectName("cmdAnnuler");
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
-    buttons->addWidget(run);
-    buttons->addWidget(cancel);
+    buttons->addWidget(Command1_);
+    buttons->addWidget(cmdAnnuler_);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(grid);
     layout->addStretch();
     layout->addLayout(buttons);
     resize(620, 240);
+    RetranslateUi();
 
-    connect(txtChemincGPSmapper_, &QLineEdit::textEdited, this,
-            [this](const QString& text) { model_.txtChemincGPSmapper = text.toStdString(); });
-    connect(txtFichiertxt_, &QLineEdit::textEdited, this, [this](const QString& text) {
-        model_.txtFichiertxt = text.toStdString();
-        model_.txtFichiertxt_Change();
-        txtFichierTyp_->setText(Q(model_.txtFichierTyp));
+    connect(tool_.Field, &QLineEdit::textEdited, this,
+            [this](const QString& text) { model_.SetToolPath(text.toStdString()); });
+    connect(text_.Field, &QLineEdit::textEdited, this, [this](const QString& text) {
+        model_.SetTextPath(text.toStdString());
+        typ_.Field->setText(Q(model_.TypPath()));
     });
-    connect(txtFichierTyp_, &QLineEdit::textEdited, this,
-            [this](const QString& text) { model_.txtFichierTyp = text.toStdString(); });
-    connect(run, &QPushButton::clicked, this, &CompilerWindow::Run);
-    connect(cancel, &QPushButton::clicked, this, [this] {
-        model_.cmdAnnuler_Click();
-        reject();
-    });
+    connect(typ_.Field, &QLineEdit::textEdited, this,
+            [this](const QString& text) { model_.SetTypPath(text.toStdString()); });
+    connect(Command1_, &QPushButton::clicked, this, &CompilerWindow::Run);
+    connect(cmdAnnuler_, &QPushButton::clicked, this, &QDialog::reject);
 
     const SettingKey stored = CompilerPathReadKey();
-    model_.Form_Load(settings_.Get(stored.Section, stored.Key));
+    model_.LoadToolPath(settings_.Get(stored.Section, stored.Key));
     ShowFields();
 }
 
-QLineEdit* CompilerWindow::AddPathRow(QGridLayout* grid, int row, const std::string& caption,
-                                      const char* fieldName, const char* buttonName,
-                                      void (CompilerWindow::*browse)()) {
-    grid->addWidget(new QLabel(Q(caption), this), row, 0, 1, 2);
+void CompilerWindow::RetranslateUi() {
+    setWindowTitle(Q(CompilerWindowTitle()));
+    tool_.Label->setText(Q(ToolFieldCaption()));
+    text_.Label->setText(Q(TextFieldCaption()));
+    typ_.Label->setText(Q(TypFieldCaption()));
+    Command1_->setText(Tr("Compiler", "Compiler", "Command1"));
+    cmdAnnuler_->setText(Tr("Compiler", "Annuler", "cmdAnnuler"));
+}
+
+CompilerWindow::PathRow CompilerWindow::AddPathRow(QGridLayout* grid, int row, const char* labelName,
+                                                   const char* fieldName, const char* buttonName,
+                                                   void (CompilerWindow::*browse)()) {
+    auto* label = new QLabel(this);
+    label->setObjectName(labelName);
+    grid->addWidget(label, row, 0, 1, 2);
     auto* field = new QLineEdit(this);
     field->setObjectName(fieldName);
     field->setMinimumWidth(480);
@@ -82,34 +87,34 @@ QLineEdit* CompilerWindow::AddPathRow(QGridLayout* grid, int row, const std::str
     grid->addWidget(field, row + 1, 0);
     grid->addWidget(button, row + 1, 1);
     connect(button, &QPushButton::clicked, this, browse);
-    return field;
+    return {label, field};
 }
 
 void CompilerWindow::BrowseTool() {
-    if (auto write = model_.cmdChemincGPSmapper_Click()) settings_.Set(write->Where.Section, write->Where.Key, write->Value);
+    if (auto write = model_.BrowseForTool()) settings_.Set(write->Where.Section, write->Where.Key, write->Value);
     ShowFields();
 }
 
 void CompilerWindow::BrowseText() {
-    model_.cmdFichiertxt_Click();
+    model_.BrowseForText();
     ShowFields();
 }
 
 void CompilerWindow::BrowseTyp() {
-    model_.cmdFichierTyp_Click();
+    model_.BrowseForTyp();
     ShowFields();
 }
 
 void CompilerWindow::Run() {
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    if (auto command = model_.Command1_Click()) Start(*command);
+    if (auto command = model_.Compile()) Start(*command);
     QApplication::restoreOverrideCursor();
 }
 
 void CompilerWindow::ShowFields() {
-    txtChemincGPSmapper_->setText(Q(model_.txtChemincGPSmapper));
-    txtFichiertxt_->setText(Q(model_.txtFichiertxt));
-    txtFichierTyp_->setText(Q(model_.txtFichierTyp));
+    tool_.Field->setText(Q(model_.ToolPath()));
+    text_.Field->setText(Q(model_.TextPath()));
+    typ_.Field->setText(Q(model_.TypPath()));
 }
 
 }  // namespace mirvane::app

@@ -5,11 +5,13 @@
 #include <QDialog>
 #include <functional>
 
-#include "models/textpane/compiler_route.h"
 #include "models/shell/settings_store.h"
+#include "models/textpane/compiler_model.h"
 
 class QGridLayout;
+class QLabel;
 class QLineEdit;
+class QPushButton;
 
 namespace mirvane::app {
 
@@ -18,13 +20,21 @@ class CompilerWindow : public QDialog {
 public:
     CompilerWindow(SettingsStore& settings, UserPrompts& prompts, QWidget* parent = nullptr);
 
+    // Sets every caption in the current language.
+    void RetranslateUi();
+
     // Starts the command; false when the system could not start it. Tests
     // replace it to see the command without running anything.
     std::function<bool(const CompilerCommand&)> Start;
 
 private:
-    QLineEdit* AddPathRow(QGridLayout* grid, int row, const std::string& caption, const char* fieldName,
-                          const char* buttonName, void (CompilerWindow::*browse)());
+    // A caption over a path field with its browse button.
+    struct PathRow {
+        QLabel* Label = nullptr;
+        QLineEdit* Field = nullptr;
+    };
+    PathRow AddPathRow(QGridLayout* grid, int row, const char* labelName, const char* fieldName, const char* buttonName,
+                       void (CompilerWindow::*browse)());
     void BrowseTool();
     void BrowseText();
     void BrowseTyp();
@@ -33,7 +43,10 @@ private:
 
     SettingsStore& settings_;
     CompilerModel model_;
-    QLineEdit *txtChemincGPSmapper_, *txtFichiertxt_, *txtFichierTyp_;
+    PathRow tool_;  // lblcGPSmapperPath, txtChemincGPSmapper
+    PathRow text_;  // lblTxtPath, txtFichiertxt
+    PathRow typ_;   // lblTypPath, txtFichierTyp
+    QPushButton *Command1_, *cmdAnnuler_;
 };
 
 }  // namespace mirvane::app

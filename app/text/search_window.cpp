@@ -9,6 +9,9 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+#include "app/common/named_widget.h"
+#include "app/common/texts.h"
+
 namespace mirvane::app {
 
 namespace {
@@ -20,13 +23,9 @@ QTextDocument::FindFlags FlagsOf(FindOptions options) {
     return flags;
 }
 
-QString FromUtf8(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+QString SearchTr(std::string_view defaultText, std::string_view key) { return Tr("Rechercher", defaultText, key); }
 
-QPushButton* MakeButton(QWidget* parent, const char* name, const std::string& caption) {
-    auto* button = new QPushButton(QString::fromStdString(caption), parent);
-    button->setObjectName(name);
-    return button;
-}
+QString FromUtf8(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
 
 }  // namespace
 
@@ -86,59 +85,65 @@ std::size_t PaneTextBuffer::ReplaceAll(std::string_view word, std::string_view r
 SearchWindow::SearchWindow(QPlainTextEdit* pane, UserPrompts& prompts, QWidget* parent)
     : QDialog(parent), buffer_(pane), model_(buffer_, prompts) {
     setObjectName("frmRecherche");
-    setWindowTitle(QString::fromStdString(model_.Caption));
     setModal(false);
-    Text1_ = new QLineEdit(this);
-    Text1_->setObjectName("Text1");
-    txtRemplacer_ = new QLineEdit(this);
-    txtRemplacer_->setObjectName("txtRemplacer");
-    chkCasse_ = new QCheckBox(QString::fromStdString(model_.chkCasse_Caption), this);
-    chkCasse_->setObjectName("chkCasse");
-    chkMotEntier_ = new QCheckBox(QString::fromStdString(model_.chkMotEntier_Caption), this);
-    chkMotEntier_->setObjectName("chkMotEntier");
-    auto* next = MakeButton(this, "cmdSuivant", model_.cmdSuivant_Caption);
-    auto* replace = MakeButton(this, "cmdRemplacer", model_.cmdRemplacer_Caption);
-    auto* replaceAll = MakeButton(this, "cmdRemplacerTout", model_.cmdRemplacerTout_Caption);
-    auto* cancel = MakeButton(this, "cmdAnnuler", model_.cmdAnnuler_Caption);
-    next->setDefault(true);
+    lblRechercher_ = MakeNamed<QLabel>(this, "lblRechercher");
+    lblRemplacer_ = MakeNamed<QLabel>(this, "lblRemplacer");
+    Text1_ = MakeNamed<QLineEdit>(this, "Text1");
+    txtRemplacer_ = MakeNamed<QLineEdit>(this, "txtRemplacer");
+    chkCasse_ = MakeNamed<QCheckBox>(this, "chkCasse");
+    chkMotEntier_ = MakeNamed<QCheckBox>(this, "chkMotEntier");
+    cmdSuivant_ = MakeNamed<QPushButton>(this, "cmdSuivant");
+    cmdRemplacer_ = MakeNamed<QPushButton>(this, "cmdRemplacer");
+    cmdRemplacerTout_ = MakeNamed<QPushButton>(this, "cmdRemplacerTout");
+    cmdAnnuler_ = MakeNamed<QPushButton>(this, "cmdAnnuler");
+    cmdSuivant_->setDefault(true);
 
     auto* grid = new QGridLayout(this);
-    grid->addWidget(new QLabel(QString::fromStdString(model_.lblRechercher_Caption), this), 0, 0);
+    grid->addWidget(lblRechercher_, 0, 0);
     grid->addWidget(Text1_, 0, 1);
-    grid->addWidget(next, 0, 2);
-    grid->addWidget(new QLabel(QString::fromStdString(model_.lblRemplacer_Caption), this), 1, 0);
+    grid->addWidget(cmdSuivant_, 0, 2);
+    grid->addWidget(lblRemplacer_, 1, 0);
     grid->addWidget(txtRemplacer_, 1, 1);
-    grid->addWidget(replace, 1, 2);
+    grid->addWidget(cmdRemplacer_, 1, 2);
     grid->addWidget(chkCasse_, 2, 1);
-    grid->addWidget(replaceAll, 2, 2);
+    grid->addWidget(cmdRemplacerTout_, 2, 2);
     grid->addWidget(chkMotEntier_, 3, 1);
-    grid->addWidget(cancel, 3, 2);
+    grid->addWidget(cmdAnnuler_, 3, 2);
     grid->setColumnStretch(1, 1);
     setMinimumWidth(480);
+    RetranslateUi();
 
-    connect(next, &QPushButton::clicked, this, [this] {
+    connect(cmdSuivant_, &QPushButton::clicked, this, [this] {
         TakeControls();
-        model_.cmdSuivant_Click();
+        model_.FindNext();
     });
-    connect(replace, &QPushButton::clicked, this, [this] {
+    connect(cmdRemplacer_, &QPushButton::clicked, this, [this] {
         TakeControls();
-        model_.cmdRemplacer_Click();
+        model_.ReplaceSelection();
     });
-    connect(replaceAll, &QPushButton::clicked, this, [this] {
+    connect(cmdRemplacerTout_, &QPushButton::clicked, this, [this] {
         TakeControls();
-        model_.cmdRemplacerTout_Click();
+        model_.ReplaceAll();
     });
-    connect(cancel, &QPushButton::clicked, this, [this] {
-        model_.cmdAnnuler_Click();
-        hide();
-    });
+    connect(cmdAnnuler_, &QPushButton::clicked, this, &QWidget::hide);
+}
+
+void SearchWindow::RetranslateUi() {
+    setWindowTitle(SearchTr("Rechercher", "Caption"));
+    lblRechercher_->setText(SearchTr("Rechercher :", "lblRechercher"));
+    lblRemplacer_->setText(SearchTr("Remplacer par :", "lblRemplacer"));
+    chkCasse_->setText(SearchTr("Respecter la casse", "chkCasse"));
+    chkMotEntier_->setText(SearchTr("Mot entier uniquement", "chkMotEntier"));
+    cmdSuivant_->setText(SearchTr("Suivant", "cmdSuivant"));
+    cmdRemplacer_->setText(SearchTr("Remplacer", "cmdRemplacer"));
+    cmdRemplacerTout_->setText(SearchTr("Remplacer tout", "cmdRemplacerTout"));
+    cmdAnnuler_->setText(SearchTr("Annuler", "cmdAnnuler"));
 }
 
 void SearchWindow::TakeControls() {
-    model_.Text1 = Text1_->text().toStdString();
-    model_.txtRemplacer = txtRemplacer_->text().toStdString();
-    model_.chkCasse = chkCasse_->isChecked();
-    model_.chkMotEntier = chkMotEntier_->isChecked();
+    model_.Word = Text1_->text().toStdString();
+    model_.Replacement = txtRemplacer_->text().toStdString();
+    model_.Options = {chkCasse_->isChecked(), chkMotEntier_->isChecked()};
 }
 
 }  // namespace mirvane::app

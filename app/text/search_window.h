@@ -9,6 +9,7 @@
 #include "models/textpane/text_buffer.h"
 
 class QCheckBox;
+class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
@@ -37,14 +38,19 @@ class SearchWindow : public QDialog {
 public:
     SearchWindow(QPlainTextEdit* pane, UserPrompts& prompts, QWidget* parent);
 
+    // Sets every caption in the current language.
+    void RetranslateUi();
+
 private:
     // Hands the typed word, replacement and options to the model.
     void TakeControls();
 
     PaneTextBuffer buffer_;
     SearchModel model_;
+    QLabel *lblRechercher_, *lblRemplacer_;
     QLineEdit *Text1_, *txtRemplacer_;
     QCheckBox *chkCasse_, *chkMotEntier_;
+    QPushButton *cmdSuivant_, *cmdRemplacer_, *cmdRemplacerTout_, *cmdAnnuler_;
 };
 
 }  // namespace mirvane::app

@@ -47,45 +47,27 @@ Bytes EncodeLabelBlock(const std::vector<LabelText>& texts) {
     return PrefixedLabelBlock(payload);
 }
 
-namespace {
-
-std::uint32_t ColourAt(const Bytes& block, std::size_t pos) {
-    std::uint32_t colour = 0;  // disk order blue, green, red; memory 0x00BBGGRR
-    if (pos + 2 < block.size())
-        colour = block[pos + 2] | (block[pos + 1] << 8) | (static_cast<std::uint32_t>(block[pos]) << 16);
-    return colour;
-}
-
-void AppendColour(Bytes& block, std::uint32_t colour) {
-    block.push_back(static_cast<std::uint8_t>((colour >> 16) & 0xFF));  // blue
-    block.push_back(static_cast<std::uint8_t>((colour >> 8) & 0xFF));   // green
-    block.push_back(static_cast<std::uint8_t>(colour & 0xFF));          // red
-}
-
-}  // namespace
-
-ExtendedLabelStyle DecodeExtendedLabelBlock(const Bytes& block) {
+std::optional<ExtendedLabelStyle> DecodeExtendedLabelBlock(const Bytes& block) {
+    if (block.empty()) return std::nullopt;
     ExtendedLabelStyle style;
-    if (block.empty()) return style;
     style.FontStyle = block[0] & 7;
     style.CustomColor = (block[0] >> 3) & 3;
-    switch (style.CustomColor) {
-    case 1: style.DayColour = ColourAt(block, 1); break;
-    case 2: style.NightColour = ColourAt(block, 1); break;
-    case 3:
-        style.DayColour = ColourAt(block, 1);
-        style.NightColour = ColourAt(block, 4);
-        break;
-    default: break;
+    const std::size_t colours = (style.CustomColor & 1) + (style.CustomColor >> 1);
+    if (block.size() < 1 + 3 * colours) return std::nullopt;
+    std::size_t next = 1;
+    if (style.CustomColor & 1) {
+        style.DayColour = BgrColourAt(block, next);
+        next += 3;
     }
+    if (style.CustomColor & 2) style.NightColour = BgrColourAt(block, next);
     return style;
 }
 
 Bytes EncodeExtendedLabelBlock(const ExtendedLabelStyle& style) {
     Bytes block;
     block.push_back(static_cast<std::uint8_t>((style.CustomColor & 3) * 8 + (style.FontStyle & 7)));
-    if (style.CustomColor & 1) AppendColour(block, style.DayColour);
-    if (style.CustomColor & 2) AppendColour(block, style.NightColour);
+    if (style.CustomColor & 1) AppendBgrColour(block, style.DayColour);
+    if (style.CustomColor & 2) AppendBgrColour(block, style.NightColour);
     return block;
 }
 

@@ -58,8 +58,9 @@ struct ExtendedLabelStyle {
     bool operator==(const ExtendedLabelStyle&) const = default;
 };
 
-// Reads what the block holds; colours missing from a short block stay 0.
-ExtendedLabelStyle DecodeExtendedLabelBlock(const Bytes& block);
+// What the block holds. No value for an empty block, or for one that ends
+// before the colours its first byte announces.
+std::optional<ExtendedLabelStyle> DecodeExtendedLabelBlock(const Bytes& block);
 Bytes EncodeExtendedLabelBlock(const ExtendedLabelStyle& style);
 
 // "Default", "NoLabel (invisible)", "SmallFont", "NormalFont", "LargeFont"; empty past 4.

@@ -1,5 +1,5 @@
-// A reader of files in the form of Windows ini files, with the behaviour the
-// language files have always been read with: section and key found without
+// A reader of files in the form of Windows ini files, with the rules the
+// existing language files are written for: section and key found without
 // regard to case, the first match wins, blanks around keys and values are
 // trimmed, one pair of quotes around a value is removed, and values are cut
 // at 254 characters.

@@ -4,7 +4,9 @@
 #include <cstdio>
 #include <string_view>
 
+#include "document/bitmap_codec.h"
 #include "document/encoding.h"
+#include "document/object_codec.h"
 #include "labels/label_block.h"
 #include "lang/lookup.h"
 
@@ -15,41 +17,16 @@ namespace {
 constexpr std::string_view kPixelAlphabet = "!#%?$*=123456789";
 constexpr std::string_view kRuler = ";12345678901234567890123456789012";
 
-// Checked reads: a broken record takes the object's error route.
-std::uint8_t ByteAt(const Bytes& bytes, std::size_t index) {
-    if (index >= bytes.size()) throw ListingFault();
-    return bytes[index];
+// Checked reads: what a broken record lacks takes the object's error route.
+template <typename T>
+T Need(const std::optional<T>& value) {
+    if (!value) throw ListingFault();
+    return *value;
 }
 
-// Colour `k` of a table stored blue, green, red; as 0x00BBGGRR.
-std::int32_t ColourAt(const Bytes& bytes, std::size_t k) {
-    const std::uint8_t blue = ByteAt(bytes, k * 3);
-    const std::uint8_t green = ByteAt(bytes, k * 3 + 1);
-    const std::uint8_t red = ByteAt(bytes, k * 3 + 2);
-    return red | (green << 8) | (blue << 16);
-}
-
-// `count` bits of a stream read from bit 0 of each byte upward.
-std::uint32_t BitsAt(const Bytes& bytes, std::size_t bitPosition, int count) {
-    std::uint32_t value = 0;
-    for (int i = 0; i < count; ++i) {
-        const std::size_t bit = bitPosition + i;
-        if ((ByteAt(bytes, bit / 8) >> (bit % 8)) & 1) value |= 1u << i;
-    }
-    return value;
-}
-
-struct AlphaColour {
-    std::int32_t Colour = 0;  // 0x00BBGGRR
-    int Alpha = 0;            // 0 opaque .. 15 transparent
-};
-
-// Entry `k` of a 28-bit stream: 24 bits of colour, blue lowest, then 4 of alpha.
-AlphaColour AlphaColourAt(const Bytes& bytes, std::size_t k) {
-    const std::uint32_t bgr = BitsAt(bytes, k * 28, 24);
-    const auto alpha = static_cast<int>(BitsAt(bytes, k * 28 + 24, 4));
-    const std::uint32_t blue = bgr & 0xFF, green = (bgr >> 8) & 0xFF, red = (bgr >> 16) & 0xFF;
-    return {static_cast<std::int32_t>(red | (green << 8) | (blue << 16)), alpha};
+std::uint32_t ColourAt(const std::vector<std::uint32_t>& colours, std::size_t k) {
+    if (k >= colours.size()) throw ListingFault();
+    return colours[k];
 }
 
 std::string Hex2(unsigned value) {
@@ -59,7 +36,7 @@ std::string Hex2(unsigned value) {
 }
 
 // "#RRGGBB" of a 0x00BBGGRR colour.
-std::string ColourText(std::int32_t colour) {
+std::string ColourText(std::uint32_t colour) {
     return "#" + Hex2(colour & 0xFF) + Hex2((colour >> 8) & 0xFF) + Hex2((colour >> 16) & 0xFF);
 }
 
@@ -87,140 +64,71 @@ void TypeLine(ListingText& text, const std::string& type, const std::string& sub
     text.KeyLine("Type=0x", TypeValue(type, subType));
 }
 
-// The colour bits of a polygon's or polyline's first byte.
-struct ColourLayout {
-    bool Night = false;
-    bool DayClear = false;
-    bool NightClear = false;
-
-    explicit ColourLayout(std::uint8_t flags)
-        : Night(flags & 1), DayClear(flags & 2), NightClear(flags & 4) {}
-    int HeaderColours() const { return (Night + 1) * 2; }
-    int RealColours() const { return HeaderColours() - DayClear - NightClear * Night; }
-};
-
-// The four colours a pattern pixel can take; transparent where a clear bit says so.
-struct PatternColours {
-    std::int32_t DayFore = 0, DayBack = kTransparentPixel;
-    std::int32_t NightFore = 0, NightBack = kTransparentPixel;
-};
-
-void ColourLine(ListingText& text, std::string_view code, std::int32_t colour) {
+void ColourLine(ListingText& text, std::string_view code, std::uint32_t colour) {
     text.TextLine(Quoted(std::string(code) + " c " + ColourText(colour)));
 }
 
-// "! c", "# c" or "  c none", and with night colours "3 c", "4 c" or "4 c none".
-PatternColours PatternColourLines(ListingText& text, const Bytes& colours, const ColourLayout& layout) {
-    PatternColours result;
-    std::size_t next = 0;
-    result.DayFore = ColourAt(colours, next++);
-    ColourLine(text, "!", result.DayFore);
-    if (layout.DayClear) {
-        text.TextLine("\"  c none\"");
-    } else {
-        result.DayBack = ColourAt(colours, next++);
-        ColourLine(text, "#", result.DayBack);
-    }
-    if (layout.Night) {
-        result.NightFore = ColourAt(colours, next++);
-        ColourLine(text, "3", result.NightFore);
-        if (layout.NightClear) {
-            text.TextLine("\"4 c none\"");
-        } else {
-            result.NightBack = ColourAt(colours, next++);
-            ColourLine(text, "4", result.NightBack);
-        }
-    }
-    return result;
+// "! c", "# c" or "  c none", and with night colours "3 c", "4 c" or "4 c
+// none". The caller has made sure that the table holds every role.
+void PatternColourLines(ListingText& text, const ColourLayout& layout, const ColourRoles& roles) {
+    ColourLine(text, "!", *roles.DayForeground);
+    if (layout.DayClear) text.TextLine("\"  c none\"");
+    else ColourLine(text, "#", *roles.DayBackground);
+    if (!layout.Night) return;
+    ColourLine(text, "3", *roles.NightForeground);
+    if (layout.NightClear) text.TextLine("\"4 c none\"");
+    else ColourLine(text, "4", *roles.NightBackground);
 }
 
-// Rows of 32 pixels, bit 0 of each byte leftmost, then the ruler. Rows show
-// the day form only: a set bit is "!", a clear one a blank or "#".
-void PatternRows(ListingText& text, const Bytes& pattern, int rows, bool dayClear, std::uint8_t* pixels) {
-    std::string row(34, '"');
-    for (int r = 0; r < rows; ++r) {
-        for (int b = 0; b < 4; ++b) {
-            const std::uint8_t byte = ByteAt(pattern, static_cast<std::size_t>(r) * 4 + b);
-            for (int k = 0; k < 8; ++k) {
-                const bool set = (byte >> k) & 1;
-                row[1 + b * 8 + k] = set ? '!' : (dayClear ? ' ' : '#');
-                if (pixels) pixels[r * 32 + b * 8 + k] = set;
-            }
-        }
+// Rows of 32 pixels, then the ruler. Rows show the day form only: a set bit
+// is "!", a clear one a blank or "#".
+void PatternRows(ListingText& text, const BitGrid& pattern, bool dayClear) {
+    std::string row(kPatternWidth + 2, '"');
+    for (int y = 0; y < pattern.Height(); ++y) {
+        const auto cells = pattern.Row(y);
+        for (int x = 0; x < kPatternWidth; ++x) row[1 + x] = cells[x] ? '!' : (dayClear ? ' ' : '#');
         text.TextLine(row);
     }
     text.Break();
     text.Comment(kRuler);
 }
 
-void PaintPattern(PixelPicture& picture, const std::uint8_t* pixels, int rows, const PatternColours& colours,
-                  bool night) {
-    picture.Width = 32;
-    picture.Height = rows;
-    const std::size_t count = static_cast<std::size_t>(rows) * 32;
-    picture.Day.resize(count);
-    for (std::size_t i = 0; i < count; ++i) picture.Day[i] = pixels[i] ? colours.DayFore : colours.DayBack;
-    if (!night) return;
-    picture.Night.resize(count);
-    for (std::size_t i = 0; i < count; ++i) picture.Night[i] = pixels[i] ? colours.NightFore : colours.NightBack;
+// The colour lines and rows of a pattern; a pattern is listed whole or not at all.
+void PatternBody(ListingText& text, const ColourLayout& layout, const std::vector<std::uint32_t>& colours,
+                 const BitGrid& pattern, DecodeStatus status) {
+    if (status != DecodeStatus::Ok) throw ListingFault();
+    PatternColourLines(text, layout, RolesOf(layout, colours));
+    PatternRows(text, pattern, layout.DayClear);
 }
 
-void PaintSolid(PixelPicture& picture, int height, std::int32_t day, std::optional<std::int32_t> night) {
-    picture.Width = 32;
-    picture.Height = height;
-    picture.Day.assign(static_cast<std::size_t>(height) * 32, day);
-    if (night) picture.Night.assign(static_cast<std::size_t>(height) * 32, *night);
-}
-
-void ExtendedLabelsPart(ListingText& text, bool present, const Bytes& extendedLabelBytes, ObjectPreview* preview) {
+void ExtendedLabelsPart(ListingText& text, bool present, const Bytes& extendedLabelBytes) {
     if (present) {
         text.KeyLine("ExtendedLabels=", "Y");
-        lecture_ExtendedLabels(extendedLabelBytes, text, preview);
+        lecture_ExtendedLabels(extendedLabelBytes, text);
     } else {
         text.KeyLine("ExtendedLabels=", "N");
     }
 }
 
-std::string CustomColourValue(const Bytes& block, std::size_t firstByte) {
-    return "#" + Hex2(ByteAt(block, firstByte + 2)) + Hex2(ByteAt(block, firstByte + 1)) +
-           Hex2(ByteAt(block, firstByte));
-}
-
-std::int32_t CustomColour(const Bytes& block, std::size_t firstByte) {
-    return ByteAt(block, firstByte + 2) | (ByteAt(block, firstByte + 1) << 8) | (ByteAt(block, firstByte) << 16);
-}
-
 // --- Polygons -------------------------------------------------------------
 
-void ListPolygon(Document& doc, int index, ListingText& text, ObjectPreview* preview) {
+void ListPolygon(Document& doc, int index, ListingText& text) {
     const PolygonRecord& record = doc.Polygons[index];
-    const ColourLayout layout(record.Flags);
-    const bool hasPattern = record.Flags & 0x08;
+    const DecodedPolygon polygon = DecodePolygon(record);
+    const ColourLayout& layout = polygon.Layout;
     text.Head("[_polygon]");
     TypeLine(text, record.Type, record.SubType);
     if (record.Flags & 0x10) lecture_Labels(text, record.LabelBytes, doc, index, ObjectKind::Polygon);
-    ExtendedLabelsPart(text, record.Flags & 0x20, record.ExtendedLabelBytes, preview);
+    ExtendedLabelsPart(text, record.Flags & 0x20, record.ExtendedLabelBytes);
 
-    if (hasPattern) {
+    if (polygon.Pattern) {
         text.KeyLine("Xpm=", "\"32 32 " + std::to_string(layout.HeaderColours()) + " 1\"");
-        const PatternColours colours = PatternColourLines(text, record.ColourBytes, layout);
-        std::array<std::uint8_t, 1024> pixels{};
-        PatternRows(text, record.PatternBytes, 32, layout.DayClear, pixels.data());
-        if (preview) {
-            preview->IsPattern = true;
-            preview->PatternPixels = pixels;
-            PaintPattern(preview->Picture, pixels.data(), 32, colours, layout.Night);
-        }
+        PatternBody(text, layout, polygon.Colours, *polygon.Pattern, polygon.Status);
     } else {
-        text.KeyLine("Xpm=", "\"0 0 " + std::to_string(layout.RealColours()) + " 0\"");
-        const std::int32_t day = ColourAt(record.ColourBytes, 0);
-        ColourLine(text, "1", day);
-        std::optional<std::int32_t> night;
-        if (layout.Night) {
-            night = ColourAt(record.ColourBytes, 1);
-            ColourLine(text, "2", *night);
-        }
-        if (preview) PaintSolid(preview->Picture, 32, day, night);
+        // Lines numbered by their place in the table, whatever the layout.
+        text.KeyLine("Xpm=", "\"0 0 " + std::to_string(layout.StoredColours()) + " 0\"");
+        ColourLine(text, "1", ColourAt(polygon.Colours, 0));
+        if (layout.Night) ColourLine(text, "2", ColourAt(polygon.Colours, 1));
     }
     text.Break();
     text.Head("[end]");
@@ -236,84 +144,45 @@ std::string HalfText(int twice) {
     return value;
 }
 
-// Rows of the solid line's thumbnail: the border around the line itself.
-void PaintSolidLine(PixelPicture& picture, int lineWidth, int totalWidth, std::int32_t line,
-                    std::int32_t border, std::optional<std::pair<std::int32_t, std::int32_t>> night) {
-    const int height = std::max(lineWidth, totalWidth);
-    const int top = (height - lineWidth) / 2;
-    picture.Width = 32;
-    picture.Height = height;
-    auto paint = [&](std::vector<std::int32_t>& pixels, std::int32_t inner, std::int32_t outer) {
-        pixels.resize(static_cast<std::size_t>(height) * 32);
-        for (int y = 0; y < height; ++y) {
-            const bool inside = y >= top && y < top + lineWidth;
-            std::fill_n(pixels.begin() + y * 32, 32, inside ? inner : outer);
-        }
-    };
-    paint(picture.Day, line, border);
-    if (night) paint(picture.Night, night->first, night->second);
-}
-
-void ListSolidLine(const PolylineRecord& record, const ColourLayout& layout, ListingText& text,
-                   ObjectPreview* preview) {
+void ListSolidLine(const DecodedPolyline& line, ListingText& text) {
+    const ColourLayout& layout = line.Layout;
     const bool bothClear = layout.DayClear && layout.NightClear;
-    const int lineWidth = ByteAt(record.PatternBytes, 0);
-    int totalWidth = lineWidth;
+    const int lineWidth = Need(line.LineWidth);
     text.KeyLine("LineWidth=", std::to_string(lineWidth));
-    if (!bothClear) {
-        totalWidth = ByteAt(record.PatternBytes, 1);
-        text.KeyLine("BorderWidth=", HalfText(totalWidth - lineWidth));
-    }
-    text.KeyLine("Xpm=", "\"0 0 " + std::to_string(layout.RealColours()) + " 0\"");
+    if (!bothClear) text.KeyLine("BorderWidth=", HalfText(Need(line.TotalWidth) - lineWidth));
+    text.KeyLine("Xpm=", "\"0 0 " + std::to_string(layout.StoredColours()) + " 0\"");
 
-    const std::int32_t c1 = ColourAt(record.ColourBytes, 0);
-    ColourLine(text, "1", c1);
-    std::int32_t border = kTransparentPixel;
-    if (!bothClear) {
-        border = ColourAt(record.ColourBytes, 1);
-        ColourLine(text, "2", border);
+    // Lines numbered by their place in the table. With night colours and one
+    // clear bit there are fewer colours than lines, and the object is broken.
+    ColourLine(text, "1", ColourAt(line.Colours, 0));
+    if (!bothClear) ColourLine(text, "2", ColourAt(line.Colours, 1));
+    if (!layout.Night) return;
+    if (bothClear) {
+        ColourLine(text, "2", ColourAt(line.Colours, 1));
+    } else {
+        ColourLine(text, "3", ColourAt(line.Colours, 2));
+        ColourLine(text, "4", ColourAt(line.Colours, 3));
     }
-    std::optional<std::pair<std::int32_t, std::int32_t>> night;
-    if (layout.Night) {
-        if (bothClear) {
-            const std::int32_t c2 = ColourAt(record.ColourBytes, 1);
-            ColourLine(text, "2", c2);
-            night.emplace(c2, kTransparentPixel);
-        } else {
-            // With one clear bit there are fewer colours than lines: the read
-            // past them takes the error route, as it always has.
-            const std::int32_t c3 = ColourAt(record.ColourBytes, 2);
-            ColourLine(text, "3", c3);
-            const std::int32_t c4 = ColourAt(record.ColourBytes, 3);
-            ColourLine(text, "4", c4);
-            night.emplace(c3, c4);
-        }
-    }
-    if (preview) PaintSolidLine(preview->Picture, lineWidth, totalWidth, c1, border, night);
 }
 
-void ListPatternLine(const PolylineRecord& record, const ColourLayout& layout, ListingText& text,
-                     ObjectPreview* preview) {
-    const int rows = record.Flags1 >> 3;
-    // Two blanks before the 1: the program has always written it so.
-    text.KeyLine("Xpm=", "\"32 " + std::to_string(rows) + " " + std::to_string(layout.HeaderColours()) + "  1\"");
-    const PatternColours colours = PatternColourLines(text, record.ColourBytes, layout);
-    std::vector<std::uint8_t> pixels(static_cast<std::size_t>(rows) * 32);
-    PatternRows(text, record.PatternBytes, rows, layout.DayClear, pixels.data());
-    if (preview) PaintPattern(preview->Picture, pixels.data(), rows, colours, layout.Night);
+void ListPatternLine(const DecodedPolyline& line, ListingText& text) {
+    // Two blanks before the 1: existing texts and tools expect this header.
+    text.KeyLine("Xpm=", "\"32 " + std::to_string(line.Pattern->Height()) + " " +
+                             std::to_string(line.Layout.HeaderColours()) + "  1\"");
+    PatternBody(text, line.Layout, line.Colours, *line.Pattern, line.Status);
 }
 
-void ListPolyline(Document& doc, int index, ListingText& text, ObjectPreview* preview) {
+void ListPolyline(Document& doc, int index, ListingText& text) {
     const PolylineRecord& record = doc.Polylines[index];
-    const ColourLayout layout(record.Flags1);
+    const DecodedPolyline line = DecodePolyline(record);
     if (record.Flags1 == 2) text.Notices.push_back("1er octet d'en-t\xC3\xAAte : 0x02 !!!");
     text.Head("[_line]");
     TypeLine(text, record.Type, record.SubType);
     text.KeyLine("UseOrientation=", (record.Flags2 & 0x02) ? "N" : "Y");
-    if ((record.Flags1 >> 3) == 0) ListSolidLine(record, layout, text, preview);
-    else ListPatternLine(record, layout, text, preview);
+    if (line.Pattern) ListPatternLine(line, text);
+    else ListSolidLine(line, text);
     if (record.Flags2 & 0x01) lecture_Labels(text, record.LabelBytes, doc, index, ObjectKind::Polyline);
-    ExtendedLabelsPart(text, record.Flags2 & 0x04, record.ExtendedLabelBytes, preview);
+    ExtendedLabelsPart(text, record.Flags2 & 0x04, record.ExtendedLabelBytes);
     text.Break();
     text.Head("[end]");
 }
@@ -332,11 +201,6 @@ void AppendCode(std::string& out, unsigned v, bool twoCharacters) {
 
 std::string Ruler(int width) { return std::string(kRuler.substr(0, static_cast<std::size_t>(width) + 1)); }
 
-struct BitmapText {
-    ListingText Text;
-    std::vector<std::int32_t> Pixels;  // Width * Height
-};
-
 std::string BitmapHeader(int width, int height, int colours, int codeWidth) {
     return std::to_string(width) + " " + std::to_string(height) + " " + std::to_string(colours) + " " +
            std::to_string(codeWidth);
@@ -348,79 +212,51 @@ void ModeKey(ListingText& text, int mode) {
     text.Text(std::to_string(mode));
 }
 
-void TrueColourBitmap(const PoiBitmap& bitmap, int width, int height, std::string_view key, BitmapText& out) {
-    ListingText& text = out.Text;
+// A mode without sizes has no pixels to list; in the others a pixel short
+// makes the object broken.
+void TrueColourBitmap(const DecodedBitmap& bitmap, int width, int height, std::string_view key, ListingText& text) {
     text.KeyLine(key, Quoted(BitmapHeader(width, height, 0, 1)));
     ModeKey(text, bitmap.ColourMode);
     text.Break();
     text.Comment(";Couleurs 24 bits : pas de palette ");
-    const std::size_t pixels = static_cast<std::size_t>(width) * height;
-    const Bytes& bytes = bitmap.PixelBytes;
-    switch (bitmap.ColourMode) {
-    case 0:
-        for (std::size_t i = 0; i < pixels; ++i) {
-            out.Pixels[i] = ColourAt(bytes, i);
-            text.TextLine(Quoted(ColourText(out.Pixels[i])));
+    if (bitmap.Status == DecodeStatus::UnknownColourMode) return;
+    if (bitmap.Status != DecodeStatus::Ok) throw ListingFault();
+    if (bitmap.ColourMode == 16) text.TextLine(Quoted(ColourText(bitmap.KeyColour)));
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            std::string line = Quoted(ColourText(bitmap.Colours.At({x, y})));
+            if (bitmap.ColourMode == 32) line += "  canalalpha=" + std::to_string(bitmap.Alpha.At({x, y}));
+            text.TextLine(line);
         }
-        break;
-    case 16: {
-        const std::int32_t key16 = ColourAt(bytes, 0);
-        text.TextLine(Quoted(ColourText(key16)));
-        for (std::size_t i = 0; i < pixels; ++i) {
-            const std::int32_t colour = ColourAt(bytes, i + 1);
-            text.TextLine(Quoted(ColourText(colour)));
-            out.Pixels[i] = colour == key16 ? kTransparentPixel : colour;
-        }
-        break;
-    }
-    case 32:
-        for (std::size_t i = 0; i < pixels; ++i) {
-            const AlphaColour entry = AlphaColourAt(bytes, i);
-            text.TextLine(Quoted(ColourText(entry.Colour)) + "  canalalpha=" + std::to_string(entry.Alpha));
-            out.Pixels[i] = entry.Alpha == 15 ? kTransparentPixel : entry.Colour;
-        }
-        break;
-    default: break;  // no sizes for other modes: no pixels were read
     }
 }
 
-void PaletteBitmap(const PoiBitmap& bitmap, int width, int height, std::string_view key, BitmapText& out) {
-    const int count = bitmap.ColourCount;
-    const int mode = bitmap.ColourMode;
-    const std::optional<int> bitsPerPixel = BitsPerPixel(mode, count);
-    if (!bitsPerPixel) throw ListingFault();
-    const int bpp = *bitsPerPixel;
-    const int stride = PaddedRowWidth(width, bpp);
-    const auto mask = static_cast<unsigned>((1 << bpp) - 1);
+bool HasTransparentPixel(const DecodedBitmap& bitmap, int width, int height) {
+    const std::size_t transparent = bitmap.Palette.size();
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            if (bitmap.Indices.At({x, y}) == transparent) return true;
+    return false;
+}
 
-    std::vector<unsigned> indices(static_cast<std::size_t>(width) * height);
-    bool transparent = false;
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            const std::size_t bit = (static_cast<std::size_t>(y) * stride + x) * bpp;
-            const unsigned v = (ByteAt(bitmap.PixelBytes, bit / 8) >> (bit % 8)) & mask;
-            indices[static_cast<std::size_t>(y) * width + x] = v;
-            transparent |= v == static_cast<unsigned>(count);
-        }
-    }
-
-    std::vector<std::int32_t> palette(count);
-    ListingText& text = out.Text;
+void PaletteBitmap(const DecodedBitmap& bitmap, int width, int height, std::string_view key, ListingText& text) {
+    if (bitmap.Status != DecodeStatus::Ok) throw ListingFault();
+    const std::size_t count = bitmap.Palette.size();
+    const bool transparent = HasTransparentPixel(bitmap, width, height);
     const bool twoCharacters = count >= 17;
-    text.KeyLine(key, Quoted(BitmapHeader(width, height, count + transparent, twoCharacters ? 2 : 1)));
-    ModeKey(text, mode);
-    for (int k = 0; k < count; ++k) {
+    const int headerCount = static_cast<int>(count) + (transparent ? 1 : 0);
+    text.KeyLine(key, Quoted(BitmapHeader(width, height, headerCount, twoCharacters ? 2 : 1)));
+    ModeKey(text, bitmap.ColourMode);
+    for (std::size_t k = 0; k < count; ++k) {
         std::string line = "\"";
         AppendCode(line, static_cast<unsigned>(k), twoCharacters);
-        if (mode == 32) {
-            const AlphaColour entry = AlphaColourAt(bitmap.PaletteBytes, k);
-            palette[k] = entry.Alpha == 15 ? kTransparentPixel : entry.Colour;
-            text.TextLine(line + "\tc " + ColourText(entry.Colour) + "\"  ");
+        line += "\tc " + ColourText(bitmap.Palette[k].Colour) + "\"";
+        if (bitmap.ColourMode == 32) {
+            text.TextLine(line + "  ");
             text.Key("canalalpha=");
-            text.Text(std::to_string(entry.Alpha));
+            text.Text(std::to_string(bitmap.Palette[k].Alpha));
         } else {
-            palette[k] = ColourAt(bitmap.PaletteBytes, k);
-            text.TextLine(line + "\tc " + ColourText(palette[k]) + "\"");
+            text.TextLine(line);
         }
     }
     // Two blanks even where codes are one character long.
@@ -430,11 +266,9 @@ void PaletteBitmap(const PoiBitmap& bitmap, int width, int height, std::string_v
     for (int y = 0; y < height; ++y) {
         row.assign(1, '"');
         for (int x = 0; x < width; ++x) {
-            const unsigned v = indices[static_cast<std::size_t>(y) * width + x];
-            if (v == static_cast<unsigned>(count)) row.append(twoCharacters ? 2 : 1, ' ');
+            const unsigned v = bitmap.Indices.At({x, y});
+            if (v == count) row.append(twoCharacters ? 2 : 1, ' ');
             else AppendCode(row, v, twoCharacters);
-            out.Pixels[static_cast<std::size_t>(y) * width + x] =
-                v < static_cast<unsigned>(count) ? palette[v] : kTransparentPixel;
         }
         row += '"';
         text.TextLine(row);
@@ -442,50 +276,42 @@ void PaletteBitmap(const PoiBitmap& bitmap, int width, int height, std::string_v
 }
 
 // One bitmap block; `key` is "DayXpm=" or "NightXpm=".
-BitmapText ListBitmap(const PoiRecord& record, int slot, std::string_view key) {
-    BitmapText out;
-    const int width = record.Width, height = record.Height;
+ListingText ListBitmap(const DecodedPoi& poi, const DecodedBitmap& bitmap, std::string_view key) {
+    ListingText text;
+    const int width = poi.Width, height = poi.Height;
     if (width < 1 || height < 1) {
-        out.Text.KeyLine(key, "\"0 0 0 0\"");
-        return out;
+        text.KeyLine(key, "\"0 0 0 0\"");
+        return text;
     }
-    out.Pixels.assign(static_cast<std::size_t>(width) * height, kTransparentPixel);
-    const PoiBitmap& bitmap = record.Bitmaps[slot];
-    if (bitmap.ColourCount == 0 && !bitmap.ForcePalette) TrueColourBitmap(bitmap, width, height, key, out);
-    else PaletteBitmap(bitmap, width, height, key, out);
-    out.Text.Break();
-    out.Text.Comment(Ruler(width));
-    return out;
+    if (bitmap.IsTrueColour()) TrueColourBitmap(bitmap, width, height, key, text);
+    else PaletteBitmap(bitmap, width, height, key, text);
+    text.Break();
+    text.Comment(Ruler(width));
+    return text;
 }
 
 void AppendPieces(ListingText& text, const ListingText& part) {
     for (const ListingPiece& piece : part.Pieces()) text.Add(piece.Role, part.BytesOf(piece));
 }
 
-void ListPoi(Document& doc, int index, ListingText& text, ObjectPreview* preview) {
+void ListPoi(Document& doc, int index, ListingText& text) {
     const PoiRecord& record = doc.Pois[index];
-    const bool night = record.Flags & 0x02;
-    // Both bitmaps are built before anything is printed.
-    BitmapText day = ListBitmap(record, 0, "DayXpm=");
-    BitmapText nightBitmap;
-    if (night) nightBitmap = ListBitmap(record, 1, "NightXpm=");
+    const DecodedPoi poi = DecodePoi(record);
+    // Both bitmaps are listed before anything is printed: a broken one
+    // drops the object before its labels are read.
+    const ListingText day = ListBitmap(poi, poi.Day, "DayXpm=");
+    ListingText night;
+    if (poi.Night) night = ListBitmap(poi, *poi.Night, "NightXpm=");
 
     text.Head("[_point]");
     text.KeyLine("Type=0x", record.Type);
     text.KeyLine("SubType=0x", record.SubType);
     if (record.Flags & 0x04) lecture_Labels(text, record.LabelBytes, doc, index, ObjectKind::Poi);
-    ExtendedLabelsPart(text, record.Flags & 0x08, record.ExtendedLabelBytes, preview);
-    AppendPieces(text, day.Text);
-    if (night) AppendPieces(text, nightBitmap.Text);
+    ExtendedLabelsPart(text, record.Flags & 0x08, record.ExtendedLabelBytes);
+    AppendPieces(text, day);
+    if (poi.Night) AppendPieces(text, night);
     text.Break();
     text.Head("[end]");
-
-    if (preview && !day.Pixels.empty()) {
-        preview->Picture.Width = record.Width;
-        preview->Picture.Height = record.Height;
-        preview->Picture.Day = std::move(day.Pixels);
-        if (night) preview->Picture.Night = std::move(nightBitmap.Pixels);
-    }
 }
 
 // --- Error route ----------------------------------------------------------
@@ -529,25 +355,18 @@ void LogBrokenObject(Document& doc, ObjectKind kind, int index) {
     LogError(doc, line);
 }
 
-using ObjectLister = void (*)(Document&, int, ListingText&, ObjectPreview*);
+using ObjectLister = void (*)(Document&, int, ListingText&);
 
 // Runs one object's listing under the error trap: a broken object costs its
 // own text and nothing else.
 void ListUnderTrap(ObjectLister lister, ObjectKind kind, std::size_t count, Document& doc, int index,
-                   ListingText& text, ObjectPreview* preview) {
+                   ListingText& text) {
     if (index < 0 || static_cast<std::size_t>(index) >= count) return;
     const ListingText::Mark mark = text.Here();
-    auto clearPreview = [&] {
-        if (!preview) return;
-        *preview = ObjectPreview();
-        preview->Kind = kind;
-    };
-    clearPreview();
     try {
-        lister(doc, index, text, preview);
+        lister(doc, index, text);
     } catch (const ListingFault&) {
         text.RollBack(mark);
-        clearPreview();
         LogBrokenObject(doc, kind, index);
     }
 }
@@ -647,7 +466,7 @@ void ObjectSection(Document& doc, ListingText& text, std::string_view banner, Ob
     text.Comment(banner);
     for (std::size_t i = 0; i < count; ++i) {
         text.Break(3);
-        ListUnderTrap(lister, kind, count, doc, static_cast<int>(i), text, nullptr);
+        ListUnderTrap(lister, kind, count, doc, static_cast<int>(i), text);
     }
 }
 
@@ -669,31 +488,24 @@ void lecture_Labels(ListingText& text, const Bytes& labelBytes, Document& doc, i
     }
 }
 
-void lecture_ExtendedLabels(const Bytes& extendedLabelBytes, ListingText& text, ObjectPreview* preview) {
-    const std::uint8_t first = ByteAt(extendedLabelBytes, 0);
-    const int customColour = (first >> 3) & 3;
-    text.KeyLine("FontStyle=", FontStyleText(first & 7));
-    text.KeyLine("CustomColor=", CustomColorText(customColour));
-    if (customColour & 1) text.KeyLine("DaycustomColor:", CustomColourValue(extendedLabelBytes, 1));
-    if (customColour & 2)
-        text.KeyLine("NightcustomColor:", CustomColourValue(extendedLabelBytes, customColour == 3 ? 4 : 1));
-    if (!preview) return;
-    preview->LabelDayColour.reset();
-    preview->LabelNightColour.reset();
-    if (customColour & 1) preview->LabelDayColour = CustomColour(extendedLabelBytes, 1);
-    if (customColour & 2) preview->LabelNightColour = CustomColour(extendedLabelBytes, customColour == 3 ? 4 : 1);
+void lecture_ExtendedLabels(const Bytes& extendedLabelBytes, ListingText& text) {
+    const ExtendedLabelStyle style = Need(DecodeExtendedLabelBlock(extendedLabelBytes));
+    text.KeyLine("FontStyle=", FontStyleText(style.FontStyle));
+    text.KeyLine("CustomColor=", CustomColorText(style.CustomColor));
+    if (style.CustomColor & 1) text.KeyLine("DaycustomColor:", ColourText(style.DayColour));
+    if (style.CustomColor & 2) text.KeyLine("NightcustomColor:", ColourText(style.NightColour));
 }
 
-void AffichePolygone(Document& doc, int index, ListingText& text, ObjectPreview* preview) {
-    ListUnderTrap(ListPolygon, ObjectKind::Polygon, doc.Polygons.size(), doc, index, text, preview);
+void AffichePolygone(Document& doc, int index, ListingText& text) {
+    ListUnderTrap(ListPolygon, ObjectKind::Polygon, doc.Polygons.size(), doc, index, text);
 }
 
-void AffichePolyline(Document& doc, int index, ListingText& text, ObjectPreview* preview) {
-    ListUnderTrap(ListPolyline, ObjectKind::Polyline, doc.Polylines.size(), doc, index, text, preview);
+void AffichePolyline(Document& doc, int index, ListingText& text) {
+    ListUnderTrap(ListPolyline, ObjectKind::Polyline, doc.Polylines.size(), doc, index, text);
 }
 
-void AffichePOI(Document& doc, int index, ListingText& text, ObjectPreview* preview) {
-    ListUnderTrap(ListPoi, ObjectKind::Poi, doc.Pois.size(), doc, index, text, preview);
+void AffichePOI(Document& doc, int index, ListingText& text) {
+    ListUnderTrap(ListPoi, ObjectKind::Poi, doc.Pois.size(), doc, index, text);
 }
 
 ListingText ListWholeDocument(Document& doc, const ListingContext& context) {
@@ -714,16 +526,14 @@ ListingText ListWholeDocument(Document& doc, const ListingContext& context) {
     return text;
 }
 
-ObjectListing ListOneObject(Document& doc, int editScope, int index, bool withPreview) {
-    ObjectListing listing;
-    ObjectPreview* preview = withPreview ? &listing.Preview : nullptr;
-    switch (editScope) {
-    case 1: AffichePolygone(doc, index, listing.Text, preview); break;
-    case 2: AffichePolyline(doc, index, listing.Text, preview); break;
-    case 3: AffichePOI(doc, index, listing.Text, preview); break;
-    default: break;
+ListingText ListOneObject(Document& doc, ObjectRef object) {
+    ListingText text;
+    switch (object.Kind) {
+    case ObjectKind::Polygon: AffichePolygone(doc, object.Row, text); break;
+    case ObjectKind::Polyline: AffichePolyline(doc, object.Row, text); break;
+    case ObjectKind::Poi: AffichePOI(doc, object.Row, text); break;
     }
-    return listing;
+    return text;
 }
 
 }  // namespace mirvane

@@ -8,15 +8,14 @@
 
 #include "document/document.h"
 #include "text/listing_clock.h"
-#include "text/listing_preview.h"
 #include "text/listing_text.h"
 
 namespace mirvane {
 
-// A read past the bytes of a broken record while listing it. The object
-// routines catch it, log the object and drop its text.
+// A record that lacks what its flags announce, found while listing it. The
+// object routines catch it, log the object and drop its text.
 struct ListingFault : std::runtime_error {
-    ListingFault() : std::runtime_error("listing read past a record's bytes") {}
+    ListingFault() : std::runtime_error("record lacks what its flags announce") {}
 };
 
 // What the whole listing takes from the main window beside the document.
@@ -30,28 +29,21 @@ struct ListingContext {
 // logged in doc.ReadErrorLog and left out; the rest is listed.
 ListingText ListWholeDocument(Document& doc, const ListingContext& context);
 
-// Append the text of one object. With `preview` (withPreview) the same pass
-// fills the preview's pictures. An index out of range lists nothing.
-void AffichePolygone(Document& doc, int index, ListingText& text, ObjectPreview* preview = nullptr);
-void AffichePolyline(Document& doc, int index, ListingText& text, ObjectPreview* preview = nullptr);
-void AffichePOI(Document& doc, int index, ListingText& text, ObjectPreview* preview = nullptr);
+// Append the text of one object. An index out of range lists nothing.
+void AffichePolygone(Document& doc, int index, ListingText& text);
+void AffichePolyline(Document& doc, int index, ListingText& text);
+void AffichePOI(Document& doc, int index, ListingText& text);
 
 // The String<N>= lines of a label block. A bad block is logged with the
 // type and subtype of the object `index` of `kind`.
 void lecture_Labels(ListingText& text, const Bytes& labelBytes, Document& doc, int index, ObjectKind kind);
 
-// FontStyle=, CustomColor= and the custom colour lines; the colours go to
-// the preview's label colours when there is one. A block too short for its
-// colours throws ListingFault.
-void lecture_ExtendedLabels(const Bytes& extendedLabelBytes, ListingText& text, ObjectPreview* preview = nullptr);
+// FontStyle=, CustomColor= and the custom colour lines. A block too short
+// for its colours throws ListingFault.
+void lecture_ExtendedLabels(const Bytes& extendedLabelBytes, ListingText& text);
 
-struct ObjectListing {
-    ListingText Text;
-    ObjectPreview Preview;
-};
-
-// The listing shown when an object is picked: `editScope` 1 polygon,
-// 2 polyline, 3 POI. Its Rich() form is the pane's content.
-ObjectListing ListOneObject(Document& doc, int editScope, int index, bool withPreview = true);
+// The listing shown when an object is picked; its Rich() form is the pane's
+// content. An object the document does not hold lists nothing.
+ListingText ListOneObject(Document& doc, ObjectRef object);
 
 }  // namespace mirvane

@@ -88,10 +88,11 @@ struct XpmHeader {
 };
 XpmHeader ReadXpmHeader(std::string_view line);
 
-// Three bytes blue, green, red from a colour line, by the position of its
-// first lower-case `c`.
-std::array<std::uint8_t, 3> LineColour(std::string_view line);
-void AppendLineColour(Bytes& colours, std::string_view line);
+// A colour 0x00BBGGRR from two hexadecimal digits each of red (at 1-based
+// `position`), green and blue, each read as far as it is hexadecimal.
+std::uint32_t ColourDigitsAt(std::string_view line, std::size_t position);
+// The colour of a colour line, by the position of its first lower-case `c`.
+std::uint32_t LineColour(std::string_view line);
 // "none" two places after the first lower-case `c`, in any case.
 bool PassesCTest(std::string_view line);
 // "none" at position 6 of the line as given.

@@ -129,16 +129,12 @@ XpmHeader ReadXpmHeader(std::string_view line) {
     return header;
 }
 
-std::array<std::uint8_t, 3> LineColour(std::string_view line) {
-    const std::size_t c = PositionOf(line, 'c');
-    const auto digits = [&](std::size_t at) { return static_cast<std::uint8_t>(TolerantHex(Mid(line, c + at, 2))); };
-    return {digits(7), digits(5), digits(3)};
+std::uint32_t ColourDigitsAt(std::string_view line, std::size_t position) {
+    const auto digits = [&](std::size_t at) { return TolerantHex(Mid(line, at, 2)) & 0xFF; };
+    return digits(position) | (digits(position + 2) << 8) | (digits(position + 4) << 16);
 }
 
-void AppendLineColour(Bytes& colours, std::string_view line) {
-    const auto colour = LineColour(line);
-    colours.insert(colours.end(), colour.begin(), colour.end());
-}
+std::uint32_t LineColour(std::string_view line) { return ColourDigitsAt(line, PositionOf(line, 'c') + 3); }
 
 bool PassesCTest(std::string_view line) {
     return Lower(Mid(line, PositionOf(line, 'c') + 2, 4)) == "none";

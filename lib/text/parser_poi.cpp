@@ -1,8 +1,11 @@
 // Body of [_point]: keys, bitmap headers, palettes and pixels, packed into the
 // same bytes a binary TYP holds.
 #include <algorithm>
+#include <optional>
 #include <unordered_map>
 
+#include "colour/palette.h"
+#include "document/bitmap_codec.h"
 #include "document/encoding.h"
 #include "text/parser_context.h"
 
@@ -57,19 +60,6 @@ private:
     std::unordered_map<std::string, int> long_;
 };
 
-// Writes `bitCount` bits of `value`, lowest first, from bit `offset` of `bytes`.
-void PutBits(Bytes& bytes, std::size_t offset, std::uint32_t value, int bitCount) {
-    for (int bit = 0; bit < bitCount; ++bit, ++offset)
-        if ((value >> bit) & 1u) bytes[offset / 8] |= static_cast<std::uint8_t>(1u << (offset % 8));
-}
-
-// 24 bits of colour (#RRGGBB read as one number: blue lowest) and 4 of alpha.
-std::uint32_t Mode32Entry(std::string_view colourDigits, std::string_view alphaField) {
-    const std::uint32_t colour = TolerantHex(colourDigits.substr(0, 6)) & 0xFFFFFFu;
-    const std::uint32_t alpha = StrictByte(alphaField) & 0x0Fu;
-    return colour | (alpha << 24);
-}
-
 std::string_view FieldAfterEquals(std::string_view text) {
     const auto fields = SplitAt(text, '=');
     if (fields.size() < 2) throw ParseFailure{};
@@ -82,11 +72,24 @@ std::string_view TextBehindSecondQuote(std::string_view line) {
     return close == std::string_view::npos ? std::string_view{} : line.substr(close + 1);
 }
 
+// The colour digits are read as one number 0xRRGGBB, as far as they are
+// hexadecimal, so that a colour cut short moves towards blue; RgbNumber
+// swaps red and blue, which turns that number into 0x00BBGGRR. Then 4 bits
+// of alpha.
+PaletteEntry Mode32Entry(std::string_view colourDigits, std::string_view alphaField) {
+    const auto rgb = static_cast<Colour>(TolerantHex(colourDigits.substr(0, 6)) & 0xFFFFFFu);
+    const auto alpha = static_cast<std::uint8_t>(StrictByte(alphaField) & 0x0Fu);
+    return {static_cast<std::uint32_t>(RgbNumber(rgb)), alpha};
+}
+
 std::uint8_t ColourModeOf(std::string_view headerLine) {
     const std::string_view modePart = TrimBlanks(TextBehindSecondQuote(headerLine));
     if (modePart.empty() || Lower(modePart).find("colormode=") == std::string::npos) return 16;
     return StrictByte(FieldAfterEquals(modePart));
 }
+
+// A pixel line "#RRGGBB", read by fixed place.
+std::uint32_t PixelLineColour(std::string_view line) { return ColourDigitsAt(line, 3); }
 
 // A bitmap whose lines run past the end of the text fails before its pixel
 // bytes are made, so a short text never makes large arrays.
@@ -95,73 +98,82 @@ void RequireLines(const ParseContext& ctx, std::size_t first, std::size_t count)
 }
 
 // Pixel lines of a true colour bitmap, read by position behind the line that
-// follows the header (the listing's ";Couleurs 24 bits" comment).
+// follows the header (the listing's ";Couleurs 24 bits" comment). Any mode
+// but 0 and 32 starts with the key colour of transparent pixels.
 void ReadTrueColourPixels(ParseContext& ctx, const PoiRecord& record, PoiBitmap& bitmap) {
     ctx.Advance();
     const std::size_t pixels = static_cast<std::size_t>(record.Width) * record.Height;
-    RequireLines(ctx, ctx.I + 1, bitmap.ColourMode == 32 || bitmap.ColourMode == 0 ? pixels : pixels + 1);
-    if (bitmap.ColourMode == 32) {
-        bitmap.PixelBytes.assign((pixels * 7 + 1) / 2, 0);
-        for (std::size_t p = 0; p < pixels; ++p) {
-            const std::string& line = ctx.Line(ctx.I + 1 + p);
-            ctx.Try([&] { PutBits(bitmap.PixelBytes, p * 28, Mode32Entry(Mid(line, 3, 6), FieldAfterEquals(line)), 28); });
+    const bool mode32 = bitmap.ColourMode == 32;
+    const bool keyed = !mode32 && bitmap.ColourMode != 0;
+    RequireLines(ctx, ctx.I + 1, keyed ? pixels + 1 : pixels);
+    DecodedBitmap decoded;
+    decoded.ColourMode = bitmap.ColourMode;
+    decoded.Colours = ColourGrid(record.Width, record.Height);
+    if (mode32) decoded.Alpha = AlphaGrid(record.Width, record.Height);
+    std::size_t next = ctx.I + 1;
+    if (keyed) decoded.KeyColour = PixelLineColour(ctx.Line(next++));
+    for (int y = 0; y < record.Height; ++y) {
+        for (int x = 0; x < record.Width; ++x) {
+            const std::string& line = ctx.Line(next++);
+            if (!mode32) {
+                decoded.Colours.Set({x, y}, PixelLineColour(line));
+                continue;
+            }
+            ctx.Try([&] {
+                const PaletteEntry entry = Mode32Entry(Mid(line, 3, 6), FieldAfterEquals(line));
+                decoded.Colours.Set({x, y}, entry.Colour);
+                decoded.Alpha.Set({x, y}, entry.Alpha);
+            });
         }
-        return;
     }
-    // Any mode but 0 starts with the key colour of transparent pixels.
-    const std::size_t lines = bitmap.ColourMode == 0 ? pixels : pixels + 1;
-    bitmap.PixelBytes.assign(lines * 3, 0);
-    for (std::size_t p = 0; p < lines; ++p) {
-        const std::string& line = ctx.Line(ctx.I + 1 + p);
-        for (std::size_t k = 0; k < 3; ++k)
-            bitmap.PixelBytes[p * 3 + k] = static_cast<std::uint8_t>(TolerantHex(Mid(line, 7 - 2 * k, 2)));
-    }
+    bitmap.PixelBytes = EncodeTrueColour(decoded);
 }
 
-// Mode 32 palette: 28 bits an entry; a "c none" line has no alpha and fails.
-void ReadMode32Palette(ParseContext& ctx, PoiBitmap& bitmap, std::vector<std::string>& codes, std::size_t cpp) {
-    bitmap.PaletteBytes.assign(static_cast<std::size_t>(PaletteByteLength(bitmap.ColourCount, 32)), 0);
+// Mode 32 palette: colour and alpha an entry; a "c none" line has no alpha and fails.
+void ReadMode32Palette(ParseContext& ctx, std::vector<PaletteEntry>& palette, std::vector<std::string>& codes,
+                       std::size_t cpp) {
+    palette.assign(codes.size(), PaletteEntry{});
     for (std::size_t k = 0; k < codes.size(); ++k) {
         const std::string& line = ctx.Line(ctx.I + 1 + k);
         codes[k] = std::string(Mid(line, 2, cpp));
         ctx.Try([&] {
             const std::string_view digits = Mid(line, PositionOf(line, 'c') + 3, 6);
-            PutBits(bitmap.PaletteBytes, k * 28, Mode32Entry(digits, FieldAfterEquals(TextBehindSecondQuote(line))), 28);
+            palette[k] = Mode32Entry(digits, FieldAfterEquals(TextBehindSecondQuote(line)));
         });
     }
 }
 
 // The transparent line may stand anywhere: it takes the index one past the
 // last real colour, which is the value the listing looks for.
-void ReadTransparentPaletteLine(PoiBitmap& bitmap, std::vector<std::string>& codes, std::string_view line,
-                                std::size_t cpp) {
+void ReadTransparentPaletteLine(PoiBitmap& bitmap, std::vector<PaletteEntry>& palette, std::vector<std::string>& codes,
+                                std::string_view line, std::size_t cpp) {
     if (bitmap.ColourCount == 0) throw ParseFailure{};
     --bitmap.ColourCount;
     if (bitmap.ColourCount > 0) {
-        if (bitmap.PaletteBytes.size() < 3) throw ParseFailure{};
-        bitmap.PaletteBytes.resize(bitmap.PaletteBytes.size() - 3);
+        if (palette.empty()) throw ParseFailure{};
+        palette.pop_back();
     } else {
         bitmap.ForcePalette = true;
     }
     codes.at(bitmap.ColourCount) = std::string(Mid(line, 2, cpp));
 }
 
-void ReadColourPalette(ParseContext& ctx, PoiBitmap& bitmap, std::vector<std::string>& codes, std::size_t cpp) {
-    bitmap.PaletteBytes.assign(codes.size() * 3, 0);
+void ReadColourPalette(ParseContext& ctx, PoiBitmap& bitmap, std::vector<PaletteEntry>& palette,
+                       std::vector<std::string>& codes, std::size_t cpp) {
+    palette.assign(codes.size(), PaletteEntry{});
     std::size_t skipped = 0;
     for (std::size_t k = 0; k < codes.size(); ++k) {
         const std::string& line = ctx.Line(ctx.I + 1 + k);
         ctx.Try([&] {
             if (PassesCTest(line)) {
-                ReadTransparentPaletteLine(bitmap, codes, line, cpp);
+                ReadTransparentPaletteLine(bitmap, palette, codes, line, cpp);
                 skipped = 1;
                 return;
             }
             const std::size_t entry = k - skipped;
             codes.at(entry) = std::string(Mid(line, 2, cpp));
-            if (entry * 3 + 3 > bitmap.PaletteBytes.size()) throw ParseFailure{};
-            const auto colour = LineColour(line);
-            std::copy(colour.begin(), colour.end(), bitmap.PaletteBytes.begin() + static_cast<std::ptrdiff_t>(entry * 3));
+            if (entry >= palette.size()) throw ParseFailure{};
+            palette[entry].Colour = LineColour(line);
         });
     }
 }
@@ -172,30 +184,31 @@ void ReadPaletteRows(ParseContext& ctx, const PoiRecord& record, PoiBitmap& bitm
                      const std::vector<std::string>& codes, std::size_t cpp) {
     const auto bits = BitsPerPixel(bitmap.ColourMode, bitmap.ColourCount);
     if (!bits) throw ParseFailure{};
-    const std::size_t bpp = static_cast<std::size_t>(*bits);
-    const std::size_t stride = static_cast<std::size_t>(PaddedRowWidth(record.Width, *bits));
     RequireLines(ctx, ctx.I, record.Height);
-    bitmap.PixelBytes.assign(stride * record.Height * bpp / 8, 0);
+    IndexGrid indices(PaddedRowWidth(record.Width, *bits), record.Height);
     const CodeIndex index(codes);
-    const std::uint32_t mask = (1u << bpp) - 1;
-    for (std::size_t r = 0; r < record.Height; ++r) {
-        const std::string& row = ctx.Line(ctx.I + r);
-        for (std::size_t x = 0; x < stride; ++x) {
-            const auto value = static_cast<std::uint32_t>(index.Find(Mid(row, x * cpp + 2, cpp)));
-            PutBits(bitmap.PixelBytes, (r * stride + x) * bpp, value & mask, static_cast<int>(bpp));
-        }
+    for (int y = 0; y < indices.Height(); ++y) {
+        const std::string& line = ctx.Line(ctx.I + static_cast<std::size_t>(y));
+        auto row = indices.Row(y);
+        for (std::size_t x = 0; x < row.size(); ++x)
+            row[x] = static_cast<std::uint8_t>(index.Find(Mid(line, x * cpp + 2, cpp)));
     }
+    bitmap.PixelBytes = EncodeIndices(indices, record.Width, record.Height, *bits);
 }
 
+// The palette's entries stand in the record from the first palette line
+// on, also when the text ends inside the palette.
 void ReadPaletteBitmap(ParseContext& ctx, const PoiRecord& record, PoiBitmap& bitmap, std::size_t& cpp,
                        const XpmHeader& header) {
     ctx.Try([&] { cpp = StrictByte(header.Field(3)); });
     std::vector<std::string> codes(bitmap.ColourCount);
+    std::optional<std::vector<PaletteEntry>> palette;
     const std::size_t headerLine = ctx.I;
     ctx.Try([&] {
-        if (bitmap.ColourMode >= 32) ReadMode32Palette(ctx, bitmap, codes, cpp);
-        else ReadColourPalette(ctx, bitmap, codes, cpp);
+        if (bitmap.ColourMode >= 32) ReadMode32Palette(ctx, palette.emplace(), codes, cpp);
+        else ReadColourPalette(ctx, bitmap, palette.emplace(), codes, cpp);
     });
+    if (palette) bitmap.PaletteBytes = EncodePalette(*palette, bitmap.ColourMode);
     ctx.I = std::min(headerLine + codes.size() + 1, ctx.LineCount() - 1);
     ctx.Try([&] { ReadPaletteRows(ctx, record, bitmap, codes, cpp); });
 }

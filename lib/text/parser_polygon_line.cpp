@@ -1,6 +1,10 @@
 // Bodies of [_polygon] and [_line]. A key is found at the start of the line
 // in any case; its value is read from the line as typed, by fixed position.
+#include <optional>
+#include <vector>
+
 #include "document/encoding.h"
+#include "document/object_codec.h"
 #include "text/parser_context.h"
 
 namespace mirvane::textparse {
@@ -15,54 +19,73 @@ struct PatternWork {
     int BorderWidth = 255;  // 255: none was given
 };
 
+// The colour table as an Xpm line builds it. It has no value until the
+// colour lines are reached, so that a header that fails before them leaves
+// the record's table as it was.
+using ColourList = std::optional<std::vector<std::uint32_t>>;
+
+void AddLineColour(ColourList& colours, std::string_view line) { colours->push_back(LineColour(line)); }
+
+void StoreColours(const ColourList& colours, Bytes& colourBytes) {
+    if (colours) colourBytes = EncodeColourTable(*colours);
+}
+
 bool HeaderIsSolidTwoColours(const XpmHeader& header) { return header.Text.substr(0, 5) == "0 0 2"; }
 
 // The two colours after a transparent first one in a four-colour header.
-void ReadColoursAfterTransparentFirst(ParseContext& ctx, Bytes& colours, std::uint8_t& flags) {
+void ReadColoursAfterTransparentFirst(ParseContext& ctx, ColourList& colours, std::uint8_t& flags) {
     ctx.Advance();
     if (PassesCTest(ctx.Current())) {
         flags |= 0x04;
         ctx.Advance();
-        AppendLineColour(colours, ctx.Current());
+        AddLineColour(colours, ctx.Current());
     } else {
-        AppendLineColour(colours, ctx.Current());
+        AddLineColour(colours, ctx.Current());
         ctx.Advance();
-        AppendLineColour(colours, ctx.Current());
+        AddLineColour(colours, ctx.Current());
     }
 }
 
-// `rows` rows of 32 pixels, 4 bytes each, from the lines that follow; a
-// pixel is set when its code is the first real colour's.
-void ReadPatternRows(ParseContext& ctx, Bytes& pattern, std::size_t rows, const std::string& letter, std::size_t cpp) {
-    pattern.resize(rows * 4, 0);
-    for (std::size_t r = 0; r < rows; ++r) {
+void ReadPatternRowsInto(ParseContext& ctx, BitGrid& pattern, const std::string& letter, std::size_t cpp) {
+    for (int y = 0; y < pattern.Height(); ++y) {
         ctx.Advance();
-        const std::string& row = ctx.Current();
-        for (std::size_t b = 0; b < 4; ++b) {
-            std::uint8_t byte = 0;
-            for (std::size_t k = 0; k < 8; ++k)
-                if (Mid(row, b * 8 * cpp + 2 + k * cpp, cpp) == letter) byte |= static_cast<std::uint8_t>(1u << k);
-            pattern[r * 4 + b] = byte;
-        }
+        const std::string& line = ctx.Current();
+        auto row = pattern.Row(y);
+        for (std::size_t x = 0; x < row.size(); ++x) row[x] = Mid(line, x * cpp + 2, cpp) == letter;
     }
 }
 
-void ReadPolygonColours(ParseContext& ctx, PolygonRecord& record, const XpmHeader& header, PatternWork& work) {
-    std::uint8_t& flags = record.Flags;
+// `rows` rows of 32 pixels from the lines that follow; a pixel is set when
+// its code is the first real colour's. Rows the text ends before keep what
+// the record held.
+void ReadPatternRows(ParseContext& ctx, Bytes& patternBytes, int rows, const std::string& letter, std::size_t cpp) {
+    patternBytes.resize(static_cast<std::size_t>(rows) * 4, 0);
+    BitGrid pattern = DecodePattern(patternBytes, rows);
+    try {
+        ReadPatternRowsInto(ctx, pattern, letter, cpp);
+    } catch (...) {
+        patternBytes = EncodePattern(pattern);
+        throw;
+    }
+    patternBytes = EncodePattern(pattern);
+}
+
+void ReadPolygonColours(ParseContext& ctx, std::uint8_t& flags, const XpmHeader& header, PatternWork& work,
+                        ColourList& colours) {
     ctx.Advance();
     const bool sized = StrictNumber(header.Field(1)) > 0;
     if (sized && PassesCTest(ctx.Current())) {
         flags |= 0x02;
         ctx.Advance();
         work.Letter = std::string(Mid(ctx.Current(), 2, 1));
-        record.ColourBytes.clear();
-        AppendLineColour(record.ColourBytes, ctx.Current());
-        if (StrictNumber(header.Field(2)) == 4) ReadColoursAfterTransparentFirst(ctx, record.ColourBytes, flags);
+        colours.emplace();
+        AddLineColour(colours, ctx.Current());
+        if (StrictNumber(header.Field(2)) == 4) ReadColoursAfterTransparentFirst(ctx, colours, flags);
         return;
     }
     work.Letter = std::string(Mid(ctx.Current(), 2, work.Cpp));
-    record.ColourBytes.clear();
-    AppendLineColour(record.ColourBytes, ctx.Current());
+    colours.emplace();
+    AddLineColour(colours, ctx.Current());
     if (StrictNumber(header.Field(2)) > 1) {
         ctx.Advance();
         if (PassesFixedTest(Lower(ctx.Current()))) {
@@ -70,16 +93,16 @@ void ReadPolygonColours(ParseContext& ctx, PolygonRecord& record, const XpmHeade
             if (!(flags & 0x01)) flags |= 0x04;
             if (HeaderIsSolidTwoColours(header)) flags &= static_cast<std::uint8_t>(~0x01);
         } else {
-            AppendLineColour(record.ColourBytes, ctx.Current());
+            AddLineColour(colours, ctx.Current());
         }
     }
     if ((flags & 0x01) && !HeaderIsSolidTwoColours(header)) {
         ctx.Advance();
-        AppendLineColour(record.ColourBytes, ctx.Current());
+        AddLineColour(colours, ctx.Current());
         ctx.Advance();
         // Tested on the line as typed: a capital NONE here is read as a colour.
         if (PassesFixedTest(ctx.Current()) || !(flags & 0x08)) flags |= 0x04;
-        else AppendLineColour(record.ColourBytes, ctx.Current());
+        else AddLineColour(colours, ctx.Current());
     }
 }
 
@@ -94,8 +117,11 @@ void ReadPolygonXpm(ParseContext& ctx, PolygonRecord& record, PatternWork& work)
         record.Flags |= 0x08;
         if (Mid(line, 12, 1) != "2") record.Flags |= 0x01;
     }
-    ctx.Try([&] { ReadPolygonColours(ctx, record, header, work); });
-    if (record.Flags & 0x08) ctx.Try([&] { ReadPatternRows(ctx, record.PatternBytes, 32, work.Letter, work.Cpp); });
+    ColourList colours;
+    ctx.Try([&] { ReadPolygonColours(ctx, record.Flags, header, work, colours); });
+    StoreColours(colours, record.ColourBytes);
+    if (record.Flags & 0x08)
+        ctx.Try([&] { ReadPatternRows(ctx, record.PatternBytes, kPolygonPatternRows, work.Letter, work.Cpp); });
 }
 
 void ReadPolygonKeyLine(ParseContext& ctx, PolygonRecord& record, PatternWork& work) {
@@ -127,21 +153,21 @@ void LookAheadForWidths(ParseContext& ctx, PatternWork& work) {
     }
 }
 
-void ReadPolylineColours(ParseContext& ctx, PolylineRecord& record, const XpmHeader& header, PatternWork& work) {
-    std::uint8_t& flags = record.Flags1;
+void ReadPolylineColours(ParseContext& ctx, std::uint8_t& flags, const XpmHeader& header, PatternWork& work,
+                         ColourList& colours) {
     ctx.Advance();
     const bool hasRows = StrictNumber(header.Field(1)) > 0;
     work.Letter = std::string(Mid(ctx.Current(), 2, 1));
-    record.ColourBytes.clear();
+    colours.emplace();
     if (hasRows && PassesCTest(ctx.Current())) {
         flags |= 0x06;
         ctx.Advance();
         work.Letter = std::string(Mid(ctx.Current(), 2, 1));
-        AppendLineColour(record.ColourBytes, ctx.Current());
-        if (StrictNumber(header.Field(2)) == 4) ReadColoursAfterTransparentFirst(ctx, record.ColourBytes, flags);
+        AddLineColour(colours, ctx.Current());
+        if (StrictNumber(header.Field(2)) == 4) ReadColoursAfterTransparentFirst(ctx, colours, flags);
         return;
     }
-    AppendLineColour(record.ColourBytes, ctx.Current());
+    AddLineColour(colours, ctx.Current());
     if (StrictNumber(header.Field(2)) > 1) {
         ctx.Advance();
         if (PassesFixedTest(Lower(ctx.Current()))) {
@@ -150,28 +176,27 @@ void ReadPolylineColours(ParseContext& ctx, PolylineRecord& record, const XpmHea
         } else {
             // Without BorderWidth a solid two-colour line is a day and night line.
             if (work.BorderWidth > 254 && flags < 8) flags |= 0x07;
-            AppendLineColour(record.ColourBytes, ctx.Current());
+            AddLineColour(colours, ctx.Current());
         }
     } else {
         flags |= 0x06;
     }
     if ((flags & 0x01) && !HeaderIsSolidTwoColours(header)) {
         ctx.Advance();
-        AppendLineColour(record.ColourBytes, ctx.Current());
+        AddLineColour(colours, ctx.Current());
         ctx.Advance();
         if (PassesFixedTest(ctx.Current())) flags |= 0x04;
-        else AppendLineColour(record.ColourBytes, ctx.Current());
+        else AddLineColour(colours, ctx.Current());
     }
 }
 
+// One width byte when the day background is transparent, else two: the
+// line's width and the width with both borders.
 void ReadLineWidths(PolylineRecord& record, const PatternWork& work) {
-    if (record.Flags1 & 0x02) {
-        record.PatternBytes.assign(1, work.LineWidth);
-        return;
-    }
+    const ColourLayout layout = ColourLayout::Of(record.Flags1);
     const int total = work.LineWidth + 2 * work.BorderWidth;
-    if (total > 255) throw ParseFailure{};
-    record.PatternBytes = {work.LineWidth, static_cast<std::uint8_t>(total)};
+    if (!layout.DayClear && total > 255) throw ParseFailure{};
+    record.PatternBytes = EncodeLineWidths(layout, work.LineWidth, static_cast<std::uint8_t>(total));
 }
 
 void ReadPolylineXpm(ParseContext& ctx, PolylineRecord& record, PatternWork& work) {
@@ -185,7 +210,9 @@ void ReadPolylineXpm(ParseContext& ctx, PolylineRecord& record, PatternWork& wor
     ctx.Try([&] {
         if (header.Field(2) == "4") record.Flags1 |= 0x01;
     });
-    ctx.Try([&] { ReadPolylineColours(ctx, record, header, work); });
+    ColourList colours;
+    ctx.Try([&] { ReadPolylineColours(ctx, record.Flags1, header, work, colours); });
+    StoreColours(colours, record.ColourBytes);
     ctx.Try([&] {
         if (record.Flags1 < 8) ReadLineWidths(record, work);
         else ReadPatternRows(ctx, record.PatternBytes, record.Flags1 >> 3, work.Letter, 1);

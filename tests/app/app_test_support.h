@@ -3,9 +3,12 @@
 #pragma once
 
 #include <QAction>
+#include <QApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QObject>
 #include <QString>
+#include <QWidget>
 #include <memory>
 
 #include "models/shell/main_window_model.h"
@@ -19,6 +22,15 @@ inline QString CorpusFile(const char* name) {
 
 // The bundled sample: what a test needs when any TYP will do.
 inline QString SampleFile() { return QString(MIRVANE_SOURCE_DIR) + "/samples/sample.typ"; }
+
+// Saves a picture of `widget` under `fileName` in the folder that
+// MIRVANE_SCREENSHOTS names, for a person to look at; nothing when it is unset.
+inline void SavePicture(QWidget& widget, const QString& fileName) {
+    const QString folder = qEnvironmentVariable("MIRVANE_SCREENSHOTS");
+    if (folder.isEmpty()) return;
+    QApplication::processEvents();
+    widget.grab().save(QDir(folder).filePath(fileName));
+}
 
 // Skips the current test when the corpus file is not there.
 #define REQUIRE_CORPUS_FILE(name)                                              \

@@ -1,8 +1,10 @@
 // The change of language in the main window, frmLangues driven by its widgets,
-// and the windows opened from the main window: frmLabels and frmCompiler.
+// the captions of every dialog in a language, and the windows opened from the
+// main window: frmLabels and frmCompiler.
+#include <QAbstractButton>
 #include <QAction>
 #include <QDialog>
-#include <QDir>
+#include <QLabel>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -14,21 +16,32 @@
 #include <QTest>
 #include <memory>
 
-#include "app/text/compiler_window.h"
-#include "document/binary_reader.h"
-#include "app_test_support.h"
-#include "app/shell/labels_window.h"
+#include "app/colour/colour_identifier.h"
+#include "app/colour/colours_dialog.h"
+#include "app/colour/palette_dialog.h"
 #include "app/lang/change_language.h"
+#include "app/lang/languages_window.h"
+#include "app/shell/error_list_dialog.h"
+#include "app/shell/labels_window.h"
+#include "app/text/backups_window.h"
+#include "app/text/compiler_window.h"
+#include "app/text/search_window.h"
+#include "app_test_support.h"
+#include "document/binary_reader.h"
 #include "lang/lookup.h"
 
 using namespace mirvane;
 
 namespace {
 
-// Where the pictures of the windows go, when asked for.
-void Picture(QWidget& widget, const char* name) {
-    const QString folder = qEnvironmentVariable("MIRVANE_SCREENSHOTS");
-    if (!folder.isEmpty()) widget.grab().save(folder + "/" + name);
+// The window's title for an empty control name, else the control's text.
+QString CaptionOf(QWidget* window, const char* control) {
+    if (!*control) return window->windowTitle();
+    QWidget* widget = window->findChild<QWidget*>(QString::fromUtf8(control));
+    if (!widget) return "no control " + QString(control);
+    if (auto* label = qobject_cast<QLabel*>(widget)) return label->text();
+    if (auto* button = qobject_cast<QAbstractButton*>(widget)) return button->text();
+    return widget->toolTip();
 }
 
 }  // namespace
@@ -40,7 +53,7 @@ class LanguagesTest : public MainWindowTestBase {
     void ChooseLanguage(const QString& language) {
         Action("mnuChoixLangue")->trigger();
         auto* dialog = Find<QDialog>("frmLangues");
-        Picture(*dialog, "languages_window.png");
+        SavePicture(*dialog, "languages_window.png");
         auto* list = Find<QListWidget>(dialog, "lstLang");
         const auto rows = list->findItems(language, Qt::MatchExactly);
         QCOMPARE(rows.size(), 1);
@@ -82,7 +95,7 @@ private slots:
         QCOMPARE(Find<QPushButton>("cmdvoirtxt")->text(), QString("Show the text"));
         QCOMPARE(Find<QPushButton>("cmdAddPOI")->toolTip(), QString("Add a new POI"));
         QVERIFY(prompts_->Log.empty());
-        Picture(*window_, "main_window_english.png");
+        SavePicture(*window_, "main_window_english.png");
 
         ChooseLanguage(QString::fromUtf8("Français"));
         QCOMPARE(QString::fromStdString(LanguageName()), QString("Francais"));
@@ -100,6 +113,85 @@ private slots:
         QCOMPARE(Find<QMenu>("mnuFichier")->title(), QString("&Fichier"));
     }
 
+    void everyDialogTakesItsCaptionsFromTheLanguageFile() {
+        SetLanguageName("English");
+        QPlainTextEdit pane;
+        TextBackups noBackups;
+        Document doc;
+        app::SearchWindow search(&pane, *prompts_, nullptr);
+        app::BackupsWindow backups(noBackups, 1252);
+        app::CompilerWindow compiler(*settings_, *prompts_);
+        app::ErrorListDialog errors("x");
+        app::LabelsWindow labels(doc);
+        app::LanguagesWindow languages(*settings_, *prompts_);
+        app::PaletteDialog palette(0, PaletteCaller::Editor);
+        app::ColoursDialog colours(Raster(1, 1), {});
+        app::ColourIdentifierWindow identifier;
+        struct Caption {
+            QWidget* window;
+            const char* control;  // empty for the title
+            const char* english;
+        };
+        const Caption captions[] = {
+            {&search, "", "Find"},
+            {&search, "lblRechercher", "Find:"},
+            {&search, "lblRemplacer", "Replace with:"},
+            {&search, "chkCasse", "Match case"},
+            {&search, "chkMotEntier", "Whole word only"},
+            {&search, "cmdSuivant", "Find next"},
+            {&search, "cmdRemplacer", "Replace"},
+            {&search, "cmdRemplacerTout", "Replace all"},
+            {&search, "cmdAnnuler", "Cancel"},
+            {&backups, "", "Text backup"},
+            {&backups, "cmdPrécédent", "<< Previous"},
+            {&backups, "cmdSuivant", "Next >>"},
+            {&backups, "cmdCopier", "Copy to the clipboard"},
+            {&backups, "cmdFermer", "Close"},
+            {&compiler, "", "Compile a txt file with cGPSmapper"},
+            {&compiler, "lblcGPSmapperPath", "Location of cGPSmapper"},
+            {&compiler, "lblTxtPath", "Location of the txt file to compile"},
+            {&compiler, "lblTypPath", "Location of the typ file to create"},
+            {&compiler, "Command1", "Compile"},
+            {&compiler, "cmdAnnuler", "Cancel"},
+            {&errors, "", "Errors"},
+            {&errors, "lblErreurs", "Errors found in the file"},
+            {&errors, "cmdCopy", "Copy to the clipboard"},
+            {&errors, "cmdFermer", "Close"},
+            {&labels, "", "Additional labels"},
+            {&labels, "cmdFermer", "Close"},
+            {&languages, "", "Available languages"},
+            {&languages, "lblLangues", "Choose the language of Mirvane:"},
+            {&languages, "cmdOK", "OK"},
+            {&palette, "", "Choose a colour"},
+            {&palette, "Label1", "Chosen"},
+            {&palette, "Label2", "Palette of the Etrex and GpsMap 60: click the colour you want"},
+            {&palette, "Label3", "The current colour is not in the Garmin palette"},
+            {&palette, "Label4", "Current"},
+            {&palette, "Label5", "Blue"},
+            {&palette, "Label6", "Red"},
+            {&palette, "Label7", "Green"},
+            {&palette, "Label8", "Click a square to choose a new colour"},
+            {&palette, "Label9", "The chosen colour is not in the Garmin palette"},
+            {&palette, "Label16", "Garmin colours close to the chosen colour"},
+            {&palette, "cmdAutres", "More colours"},
+            {&palette, "cmdOK", "OK"},
+            {&palette, "cmdAnnuler", "Cancel"},
+            {&colours, "", "Colours"},
+            {&colours, "lblRouge", "Red"},
+            {&colours, "lblVert", "Green"},
+            {&colours, "lblBleu", "Blue"},
+            {&colours, "lblFermer", "<a href=\"fermer\">Close</a>"},
+            {&identifier, "", "Colour and type identifier"},
+            {&identifier, "lblCouleur", "Colour:"},
+            {&identifier, "lblType", "Type:"},
+            {&identifier, "lblSubType", "SubType:"},
+        };
+        for (const Caption& caption : captions)
+            QCOMPARE(CaptionOf(caption.window, caption.control), QString::fromUtf8(caption.english));
+        QCOMPARE(Find<QWidget>(&palette, "picPicker")->toolTip(),
+                 QString("Press here and drag over the screen to pick a colour"));
+    }
+
     void labelsFollowTheHeaderSize() {
         auto* labels = Find<QPushButton>("cmdLabels");
         QVERIFY(!labels->isEnabled());
@@ -111,7 +203,7 @@ private slots:
         auto* dialog = Find<QDialog>("frmLabels");
         QVERIFY(dialog->windowTitle().startsWith(QString::fromUtf8("Liste des POIs supplémentaires")));
         QVERIFY(!Find<QPlainTextEdit>(dialog, "txtLabels")->toPlainText().isEmpty());
-        Picture(*dialog, "labels_window_empty.png");
+        SavePicture(*dialog, "labels_window_empty.png");
     }
 
     void labelsShowBytesInTheDocumentsCodePage() {
@@ -127,7 +219,7 @@ private slots:
         QVERIFY(window.windowTitle().endsWith("  (2)"));
         const QString text = Find<QPlainTextEdit>(&window, "txtLabels")->toPlainText();
         QCOMPARE(text, QString::fromUtf8("\n 01 AB\t 7F\t\tŠkoda\n 02 00\t 80\t\tB"));
-        Picture(window, "labels_window.png");
+        SavePicture(window, "labels_window.png");
     }
 
     void compilerStartsTheToolWithTheTextAndTheTyp() {
@@ -146,7 +238,7 @@ private slots:
         text->setFocus();
         QTest::keyClicks(text, folder.filePath("map.txt"));
         QCOMPARE(Find<QLineEdit>(dialog, "txtFichierTyp")->text(), folder.filePath("map.typ"));
-        Picture(*dialog, "compiler_window.png");
+        SavePicture(*dialog, "compiler_window.png");
         QTest::mouseClick(Find<QPushButton>(dialog, "Command1"), Qt::LeftButton);
         QVERIFY(started);
         QCOMPARE(started->CommandLine, "/opt/cgpsmapper/cgpsmapper typ " + folder.filePath("map.txt").toStdString() +

@@ -2,7 +2,6 @@
 // colour dialog and the screen are stand-ins given by the test.
 #include <QAction>
 #include <QApplication>
-#include <QDir>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -12,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+#include "app_test_support.h"
 #include "app/colour/colour_identifier.h"
 #include "app/colour/colours_dialog.h"
 #include "app/colour/palette_dialog.h"
@@ -26,7 +26,7 @@ using mirvane::app::PaletteDialog;
 namespace {
 
 Colour Rgb(std::uint32_t rrggbb) {
-    return composer_couleur(static_cast<std::uint8_t>(rrggbb >> 16), static_cast<std::uint8_t>(rrggbb >> 8),
+    return MakeColour(static_cast<std::uint8_t>(rrggbb >> 16), static_cast<std::uint8_t>(rrggbb >> 8),
                             static_cast<std::uint8_t>(rrggbb));
 }
 
@@ -50,12 +50,6 @@ QImage FakeDesktop(const QRect& area) {
     return image;
 }
 
-// Saves a picture of the window when MIRVANE_SCREENSHOT_DIR names a folder.
-void Picture(QWidget* window, const char* name) {
-    const QString folder = qEnvironmentVariable("MIRVANE_SCREENSHOT_DIR");
-    if (!folder.isEmpty()) window->grab().save(QDir(folder).filePath(name));
-}
-
 }  // namespace
 
 class PaletteDialogTest : public QObject {
@@ -76,7 +70,7 @@ private slots:
         ClickSquare(dialog.get(), 7);
         QTest::mouseClick(Child<QPushButton>(dialog.get(), "cmdOK"), Qt::LeftButton);
         QCOMPARE(dialog->result(), int(QDialog::Accepted));
-        QCOMPARE(dialog->Model().CouleurChoisie(), *couleur_carre(7));
+        QCOMPARE(dialog->Model().ChosenColour(), *PaletteSquareColour(7));
     }
 
     void cancelGivesBackTheCurrentColourAndThePreviewFollowsLive() {
@@ -84,10 +78,10 @@ private slots:
         auto dialog = Open(Rgb(0x393020), PaletteCaller::PreviewBackground, [&](Colour c) { previews.push_back(c); });
         ClickSquare(dialog.get(), 100);
         ClickSquare(dialog.get(), 250);
-        QCOMPARE(previews, (std::vector<Colour>{*couleur_carre(100), *couleur_carre(250)}));
+        QCOMPARE(previews, (std::vector<Colour>{*PaletteSquareColour(100), *PaletteSquareColour(250)}));
         QTest::mouseClick(Child<QPushButton>(dialog.get(), "cmdAnnuler"), Qt::LeftButton);
         QCOMPARE(dialog->result(), int(QDialog::Rejected));
-        QCOMPARE(dialog->Model().CouleurChoisie(), Rgb(0x393020));
+        QCOMPARE(dialog->Model().ChosenColour(), Rgb(0x393020));
         QCOMPARE(previews.back(), Rgb(0x393020));
     }
 
@@ -117,24 +111,24 @@ private slots:
         QCOMPARE(frame->geometry().center(), Square(dialog.get(), 37)->geometry().center());
         QVERIFY(frame->geometry().contains(Square(dialog.get(), 37)->geometry()));
         QCOMPARE(Child<QLabel>(dialog.get(), "lblCouleurChoisie")->text(),
-                 QString::fromStdString(texte_couleur(*couleur_carre(37))));
+                 QString::fromStdString(ColourText(*PaletteSquareColour(37))));
 
         // Back to the current colour: no square has it, the frame stays.
-        ClickSquare(dialog.get(), kCarreActuel);
+        ClickSquare(dialog.get(), kCurrentSquare);
         QCOMPARE(frame->geometry().center(), Square(dialog.get(), 37)->geometry().center());
         QVERIFY(Child(dialog.get(), "Label9")->isVisible());
     }
 
     void theNeighboursSurroundTheChosenColour() {
         auto dialog = Open(Rgb(0x7A6541));
-        QCOMPARE(Square(dialog.get(), kCarreChoisi)->toolTip(), QStringLiteral("Couleur Choisie #7A6541"));
-        Picture(dialog.get(), "palette-dialog.png");
+        QCOMPARE(Square(dialog.get(), kChosenSquare)->toolTip(), QStringLiteral("Couleur Choisie #7A6541"));
+        SavePicture(*dialog, "palette-dialog.png");
 
         // The nearest Garmin colour is one click away, and then it is framed.
-        ClickSquare(dialog.get(), kPremierVoisin + 6);
-        QCOMPARE(dialog->Model().CouleurChoisie(), Rgb(0x7B6541));
-        QCOMPARE(Square(dialog.get(), kCarreChoisi)->toolTip(), QStringLiteral("Couleur Choisie #7B6541"));
-        QCOMPARE(Square(dialog.get(), kCarreActuel)->toolTip(), QStringLiteral("#7A6541"));
+        ClickSquare(dialog.get(), kFirstNeighbourSquare + 6);
+        QCOMPARE(dialog->Model().ChosenColour(), Rgb(0x7B6541));
+        QCOMPARE(Square(dialog.get(), kChosenSquare)->toolTip(), QStringLiteral("Couleur Choisie #7B6541"));
+        QCOMPARE(Square(dialog.get(), kCurrentSquare)->toolTip(), QStringLiteral("#7A6541"));
     }
 
     void otherColoursGoThroughThePlatformDialog() {
@@ -146,8 +140,8 @@ private slots:
         });
         ClickSquare(dialog.get(), 5);
         QTest::mouseClick(Child<QPushButton>(dialog.get(), "cmdAutres"), Qt::LeftButton);
-        QCOMPARE(started, *couleur_carre(5));
-        QCOMPARE(dialog->Model().CouleurChoisie(), Rgb(0x010203));
+        QCOMPARE(started, *PaletteSquareColour(5));
+        QCOMPARE(dialog->Model().ChosenColour(), Rgb(0x010203));
         QVERIFY(Child(dialog.get(), "Label9")->isVisible());
     }
 
@@ -156,17 +150,17 @@ private slots:
         QWidget* picker = Child(dialog.get(), "picPicker");
         QVERIFY(!Child(dialog.get(), "Picture3")->isVisible());
         QTest::mousePress(picker, Qt::LeftButton);
-        QVERIFY(dialog->Model().PrelevementEnCours());
+        QVERIFY(dialog->Model().PipetteRunning());
         QVERIFY(Child(dialog.get(), "Picture3")->isVisible());
         dialog->PipetteTick({100, 100});
         QCOMPARE(Child<QLabel>(dialog.get(), "Label10")->text(), QStringLiteral("#123456"));
         dialog->PipetteTick({600, 100});
         QCOMPARE(Child<QLabel>(dialog.get(), "Label10")->text(), QStringLiteral("#C5C5C5"));
-        Picture(dialog.get(), "palette-dialog-pipette.png");
+        SavePicture(*dialog, "palette-dialog-pipette.png");
         QTest::mouseRelease(picker, Qt::LeftButton);
-        QVERIFY(!dialog->Model().PrelevementEnCours());
-        QCOMPARE(dialog->Model().CouleurChoisie(), Rgb(0xC5C5C5));
-        QCOMPARE(dialog->Model().CarreEncadre(), 252);
+        QVERIFY(!dialog->Model().PipetteRunning());
+        QCOMPARE(dialog->Model().ChosenColour(), Rgb(0xC5C5C5));
+        QCOMPARE(dialog->Model().FramedSquare(), 252);
     }
 
     void withoutAScreenThePipetteChoosesNothing() {
@@ -176,7 +170,7 @@ private slots:
         QTest::mousePress(picker, Qt::LeftButton);
         dialog->PipetteTick({100, 100});
         QTest::mouseRelease(picker, Qt::LeftButton);
-        QCOMPARE(dialog->Model().CouleurChoisie(), Rgb(0x393020));
+        QCOMPARE(dialog->Model().ChosenColour(), Rgb(0x393020));
     }
 
     void theIdentifierShowsColourTypeAndSubtype() {
@@ -194,7 +188,7 @@ private slots:
         QCOMPARE(Child<QLabel>(window, "SubType")->text(), QStringLiteral("0x56"));
         window->Tick({499, 100});  // the magnifier over the edge of two colours
         QCOMPARE(Child<QLabel>(window, "Label1")->text(), QStringLiteral("#123456"));
-        Picture(window, "colour-identifier.png");
+        SavePicture(*window, "colour-identifier.png");
     }
 
     void theToolsMenuOpensTheIdentifier() {
@@ -224,7 +218,7 @@ private slots:
         QCOMPARE(written.size(), std::size_t(2));
         QCOMPARE(written[0].Pixel(3, 3), static_cast<RasterColour>(Rgb(0xFE6040)));
         QCOMPARE(written[1].Pixel(3, 3), static_cast<RasterColour>(Rgb(0x806000)));
-        Picture(mixer, "colours-mixer.png");
+        SavePicture(*mixer, "colours-mixer.png");
         mixer->close();
     }
 };

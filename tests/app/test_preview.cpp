@@ -17,13 +17,6 @@
 
 using namespace mirvane;
 
-namespace {
-
-// Pictures go to this folder when it is set, for looking at them.
-const QByteArray kShotsFolder = qgetenv("MIRVANE_PREVIEW_SHOTS");
-
-}  // namespace
-
 class PreviewTest : public MainWindowTestBase {
     Q_OBJECT
 
@@ -52,11 +45,7 @@ class PreviewTest : public MainWindowTestBase {
         return drawn;
     }
 
-    void Shot(const QString& name) {
-        if (kShotsFolder.isEmpty()) return;
-        QApplication::processEvents();
-        window_->grab().save(QString(kShotsFolder) + "/" + name + ".png");
-    }
+    void Shot(const QString& name) { SavePicture(*window_, name + ".png"); }
 
 private slots:
     void init() {
@@ -76,7 +65,7 @@ private slots:
         for (ObjectKind kind : {ObjectKind::Polygon, ObjectKind::Polyline, ObjectKind::Poi}) {
             Pick(kind, 0);
             QVERIFY2(DrawnPixels(0) > 0, qPrintable(QString("kind %1").arg(static_cast<int>(kind))));
-            QCOMPARE(Frame()->Model().State().EditScope, static_cast<int>(kind));
+            QVERIFY(Frame()->Model().State().Shown == kind);
         }
         QVERIFY(Find<QPlainTextEdit>("BoxVisualisation")->toPlainText().contains("[_point]"));
         Shot("apercu-poi-seul");
@@ -139,7 +128,7 @@ private slots:
         QTest::mouseClick(Icons()->Picture(), Qt::LeftButton, {},
                           QPoint(cell.Left + cell.Width / 2, cell.Top + cell.Height / 2));
         QCOMPARE(List(ObjectKind::Poi)->currentRow(), poi);
-        QCOMPARE(Frame()->Model().State().EditScope, 3);
+        QVERIFY(Frame()->Model().State().Shown == ObjectKind::Poi);
         QVERIFY(Find<QPlainTextEdit>("BoxVisualisation")->toPlainText().contains("[_point]"));
         QTest::mouseClick(Icons()->Picture(), Qt::LeftButton, {}, QPoint(1, 1));  // the margin picks nothing
         QCOMPARE(List(ObjectKind::Poi)->currentRow(), poi);

@@ -1,5 +1,5 @@
 // The settings go to an INI file under the application name, with the
-// sections and keys the program has always used.
+// sections and keys that existing settings files use.
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>

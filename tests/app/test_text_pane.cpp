@@ -59,7 +59,7 @@ class TextPaneTest : public MainWindowTestBase {
         list->setCurrentRow(row);
         emit list->itemClicked(list->item(row));
     }
-    std::string ListingOfPolygon(int row) { return ListOneObject(*doc_, 1, row, false).Text.Plain(); }
+    std::string ListingOfPolygon(int row) { return ListOneObject(*doc_, ObjectRef{ObjectKind::Polygon, row}).Plain(); }
 
 private slots:
     void init() {
@@ -173,8 +173,7 @@ private slots:
         backups->findChild<QPushButton*>(QString::fromUtf8("cmdPrécédent"))->click();
         QCOMPARE(backups->windowTitle(), QString::fromUtf8("Sauvegarde au format texte  ( 2/3 )"));
         QVERIFY(backups->findChild<QPlainTextEdit*>("Text1")->toPlainText().contains("222222"));
-        if (qEnvironmentVariableIsSet("MIRVANE_SHOTS"))
-            backups->grab().save(qEnvironmentVariable("MIRVANE_SHOTS") + "/frmSauvegardetxt.png");
+        SavePicture(*backups, "frmSauvegardetxt.png");
         backups->close();
     }
 
@@ -203,8 +202,7 @@ private slots:
         search->findChild<QPushButton*>("cmdRemplacerTout")->click();
         QCOMPARE(Pane()->toPlainText().count("Extended Labels Extended"), 2);
         QVERIFY(Find<QPushButton>("cmdAppliquerModif")->isEnabled());
-        if (qEnvironmentVariableIsSet("MIRVANE_SHOTS"))
-            search->grab().save(qEnvironmentVariable("MIRVANE_SHOTS") + "/frmRecherche.png");
+        SavePicture(*search, "frmRecherche.png");
 
         // Nothing more to find: the question to start again, answered No.
         search->findChild<QLineEdit*>("Text1")->setText("absent word");
@@ -241,14 +239,6 @@ private slots:
         Find<QListWidget>("ListPolygone")->setFocus();
         QApplication::processEvents();
         QVERIFY(Find<QPushButton>("cmdAppliquerModif")->isEnabled());
-    }
-
-    void screenshotOfTheMainWindow() {
-        if (!qEnvironmentVariableIsSet("MIRVANE_SHOTS")) QSKIP("set MIRVANE_SHOTS to a folder for pictures");
-        window_->resize(1280, 800);
-        ShowWholeText();
-        QApplication::processEvents();
-        window_->grab().save(qEnvironmentVariable("MIRVANE_SHOTS") + "/text_pane.png");
     }
 };
 

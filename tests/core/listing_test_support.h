@@ -66,6 +66,14 @@ inline PoiRecord PalettePoi(int width, int height, int colours, unsigned index) 
     return r;
 }
 
+// A 2 by 1 true colour POI in `mode` with the given pixel bytes.
+inline PoiRecord TrueColourPoi(std::uint8_t mode, Bytes pixels) {
+    PoiRecord r = PalettePoi(2, 1, 0, 0);
+    r.Bitmaps[0].ColourMode = mode;
+    r.Bitmaps[0].PixelBytes = std::move(pixels);
+    return r;
+}
+
 inline Document LoadedDocument() {
     Document doc;
     doc.State = DocumentState::Loaded;

@@ -36,7 +36,9 @@ void CheckLabels(const Bytes& labelBytes, const Bytes& extendedBytes, int codePa
     }
     if (!extendedBytes.empty()) {
         ++counts.extended;
-        EXPECT_EQ(EncodeExtendedLabelBlock(DecodeExtendedLabelBlock(extendedBytes)), extendedBytes);
+        const auto style = DecodeExtendedLabelBlock(extendedBytes);
+        ASSERT_TRUE(style.has_value());
+        EXPECT_EQ(EncodeExtendedLabelBlock(*style), extendedBytes);
     }
 }
 

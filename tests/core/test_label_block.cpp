@@ -78,10 +78,13 @@ TEST(ExtendedLabelBlock, AllFourColourChoices) {
     }
 }
 
-TEST(ExtendedLabelBlock, ShortBlocksLeaveMissingColoursAtZero) {
-    EXPECT_EQ(DecodeExtendedLabelBlock({}), ExtendedLabelStyle{});
-    EXPECT_EQ(DecodeExtendedLabelBlock({0x18, 0x33, 0x22, 0x11}), (ExtendedLabelStyle{0, 3, 0x00332211, 0}));
-    EXPECT_EQ(DecodeExtendedLabelBlock({0x10, 0x66, 0x55}), (ExtendedLabelStyle{0, 2, 0, 0}));
+// The listing shows an object whose block is cut short as broken, so the
+// decoder tells a short block from a whole one.
+TEST(ExtendedLabelBlock, ShortBlocksHaveNoStyle) {
+    EXPECT_FALSE(DecodeExtendedLabelBlock({}));
+    EXPECT_FALSE(DecodeExtendedLabelBlock({0x18, 0x33, 0x22, 0x11}));
+    EXPECT_FALSE(DecodeExtendedLabelBlock({0x10, 0x66, 0x55}));
+    EXPECT_EQ(DecodeExtendedLabelBlock({0x02, 0x66}), (ExtendedLabelStyle{2, 0, 0, 0}));  // a byte to spare is no harm
 }
 
 TEST(ExtendedLabelBlock, StyleTexts) {

@@ -22,8 +22,8 @@ protected:
         WriteLanguage("Deutsch", "[Main]\nfraPOI=POIs\n");
     }
     int RowOf(const mirvane::LanguagesModel& model, const std::string& name) {
-        for (std::size_t i = 0; i < model.lstLang.size(); ++i)
-            if (model.lstLang[i] == name) return static_cast<int>(i);
+        for (std::size_t i = 0; i < model.Rows().size(); ++i)
+            if (model.Rows()[i] == name) return static_cast<int>(i);
         return -1;
     }
 
@@ -34,23 +34,21 @@ protected:
 TEST_F(LanguagesModelTest, FrenchComesFirstAndTheCurrentLanguageIsSelected) {
     mirvane::SetLanguageName(mirvane::kBuiltInLanguage);
     mirvane::LanguagesModel model(settings_, prompts_);
-    model.Form_Load();
-    EXPECT_EQ(model.Caption, "Langues disponibles");
-    ASSERT_EQ(model.lstLang.size(), 3u);
-    EXPECT_EQ(model.lstLang[0], "Français");
+    model.Load();
+    ASSERT_EQ(model.Rows().size(), 3u);
+    EXPECT_EQ(model.Rows()[0], "Français");
     EXPECT_EQ(model.SelectedRow, 0);
 
     mirvane::SetLanguageName("English");
-    model.Form_Load();
+    model.Load();
     EXPECT_EQ(model.SelectedRow, RowOf(model, "English"));
 }
 
 TEST_F(LanguagesModelTest, SameLanguageChangesNothing) {
     mirvane::SetLanguageName("English");
     mirvane::LanguagesModel model(settings_, prompts_);
-    model.Form_Load();
-    EXPECT_EQ(model.cmdOK_Click(), mirvane::LanguageChange::Unchanged);
-    EXPECT_FALSE(model.Visible);
+    model.Load();
+    EXPECT_EQ(model.ApplyChoice(), mirvane::LanguageChange::Unchanged);
     EXPECT_FALSE(settings_.Get("Paramètres", "Langue"));
     EXPECT_TRUE(prompts_.Log.empty());
 }
@@ -58,9 +56,9 @@ TEST_F(LanguagesModelTest, SameLanguageChangesNothing) {
 TEST_F(LanguagesModelTest, AnotherLanguageIsStoredAndTranslatesAtOnce) {
     mirvane::SetLanguageName(mirvane::kBuiltInLanguage);
     mirvane::LanguagesModel model(settings_, prompts_);
-    model.Form_Load();
+    model.Load();
     model.SelectedRow = RowOf(model, "Deutsch");
-    EXPECT_EQ(model.cmdOK_Click(), mirvane::LanguageChange::Translated);
+    EXPECT_EQ(model.ApplyChoice(), mirvane::LanguageChange::Translated);
     EXPECT_EQ(mirvane::LanguageName(), "Deutsch");
     EXPECT_EQ(settings_.Get("Paramètres", "Langue"), "Deutsch");
     EXPECT_TRUE(prompts_.Log.empty());
@@ -69,9 +67,9 @@ TEST_F(LanguagesModelTest, AnotherLanguageIsStoredAndTranslatesAtOnce) {
 TEST_F(LanguagesModelTest, BackToFrenchStoresFrancaisAndAsksForARestartInTheOldLanguage) {
     mirvane::SetLanguageName("English");
     mirvane::LanguagesModel model(settings_, prompts_);
-    model.Form_Load();
+    model.Load();
     model.SelectedRow = 0;
-    EXPECT_EQ(model.cmdOK_Click(), mirvane::LanguageChange::BackToFrench);
+    EXPECT_EQ(model.ApplyChoice(), mirvane::LanguageChange::BackToFrench);
     EXPECT_EQ(mirvane::LanguageName(), "Francais");
     EXPECT_EQ(settings_.Get("Paramètres", "Langue"), "Francais");
     EXPECT_EQ(prompts_.Texts("inform"), std::vector<std::string>{"Mirvane|Please restart"});
@@ -79,9 +77,9 @@ TEST_F(LanguagesModelTest, BackToFrenchStoresFrancaisAndAsksForARestartInTheOldL
     // A language file without the key gives the English default.
     prompts_.Log.clear();
     mirvane::SetLanguageName("Deutsch");
-    model.Form_Load();
+    model.Load();
     model.SelectedRow = 0;
-    model.cmdOK_Click();
+    model.ApplyChoice();
     EXPECT_EQ(prompts_.Texts("inform"),
               std::vector<std::string>{"Mirvane|Restart Mirvane to apply changes to Main Window"});
 }
@@ -89,23 +87,20 @@ TEST_F(LanguagesModelTest, BackToFrenchStoresFrancaisAndAsksForARestartInTheOldL
 TEST_F(LanguagesModelTest, AStrayFrancaisFileChangesMessagesButNotCaptions) {
     WriteLanguage("Francais", "[Langues]\nfrmLangues=Langues\ncmdOK=D'accord\n");
     mirvane::SetLanguageName(mirvane::kBuiltInLanguage);
-    mirvane::LanguagesModel model(settings_, prompts_);
-    model.Form_Load();
-    EXPECT_EQ(model.Caption, "Langues disponibles");
-    EXPECT_EQ(model.cmdOK_Caption, "OK");
+    EXPECT_EQ(mirvane::FormCaption("Langues", "Langues disponibles", "frmLangues"), "Langues disponibles");
+    EXPECT_EQ(mirvane::FormCaption("Langues", "OK", "cmdOK"), "OK");
     EXPECT_EQ(mirvane::LookupText("Langues", "OK", "cmdOK"), "D'accord");
 
     mirvane::SetLanguageName("English");
     WriteLanguage("English", "[Langues]\nfrmLangues=Available languages\n");
-    model.Form_Load();
-    EXPECT_EQ(model.Caption, "Available languages");
+    EXPECT_EQ(mirvane::FormCaption("Langues", "Langues disponibles", "frmLangues"), "Available languages");
 }
 
 TEST_F(LanguagesModelTest, AMissingFolderListsOnlyFrench) {
     mirvane::SetLanguageFolder((folder_ / "absent").string());
     mirvane::LanguagesModel model(settings_, prompts_);
-    model.Form_Load();
-    EXPECT_EQ(model.lstLang, std::vector<std::string>{"Français"});
+    model.Load();
+    EXPECT_EQ(model.Rows(), std::vector<std::string>{"Français"});
     EXPECT_EQ(mirvane::LookupTextIn("English", "Langues", "x", "Redemarrer"), "x");
 }
 

@@ -15,6 +15,7 @@ using testing::PalettePoi;
 using testing::Polygon;
 using testing::Polyline;
 using testing::RichToPlain;
+using testing::TrueColourPoi;
 
 const ListingContext kContext{"    02/01/2024     03:04:05", ListingClock{2025, 8, 9, 10, 11, 12}};
 
@@ -27,8 +28,8 @@ std::vector<std::string> Lines(const std::string& plain) {
     return lines;
 }
 
-std::vector<std::string> ObjectLines(Document& doc, int scope, int index = 0) {
-    return Lines(ListOneObject(doc, scope, index, false).Text.Plain());
+std::vector<std::string> ObjectLines(Document& doc, ObjectKind kind, int index = 0) {
+    return Lines(ListOneObject(doc, ObjectRef{kind, index}).Plain());
 }
 
 bool Contains(const std::vector<std::string>& lines, const std::string& line) {
@@ -89,10 +90,10 @@ TEST(Listing, CommentTextAndDrawOrderRows) {
 TEST(Listing, SolidPolygonsWithFlags6And7AndTheirTypeValues) {
     Document doc = LoadedDocument();
     doc.Polygons = {Polygon("003", "00", 6, Colours({0x112233})), Polygon("10e", "00", 7, Colours({0xA0B0C0, 1}))};
-    EXPECT_EQ(ObjectLines(doc, 1, 0),
+    EXPECT_EQ(ObjectLines(doc, ObjectKind::Polygon, 0),
               (std::vector<std::string>{"[_polygon]", "Type=0x03", "ExtendedLabels=N", "Xpm=\"0 0 1 0\"",
                                         "\"1 c #112233\"", "[end]"}));
-    const auto night = ObjectLines(doc, 1, 1);
+    const auto night = ObjectLines(doc, ObjectKind::Polygon, 1);
     EXPECT_EQ(night[1], "Type=0x10e00");  // extended types keep three digits and the subtype
     EXPECT_EQ(night[3], "Xpm=\"0 0 2 0\"");
     EXPECT_EQ(night[4], "\"1 c #A0B0C0\"");
@@ -103,8 +104,7 @@ TEST(Listing, PatternWithTransparentBackgroundPrintsBlanks) {
     Document doc = LoadedDocument();
     doc.Polygons = {Polygon("001", "00", 0x0A, Colours({0xFF0000}))};
     doc.Polygons[0].PatternBytes[0] = 0x81;  // pixels 0 and 7 of the first row
-    const ObjectListing listing = ListOneObject(doc, 1, 0, true);
-    const auto lines = Lines(listing.Text.Plain());
+    const auto lines = ObjectLines(doc, ObjectKind::Polygon);
     ASSERT_EQ(lines.size(), 4u + 2 + 32 + 2);  // heads, colours, rows, ruler and [end]
     EXPECT_EQ(lines[3], "Xpm=\"32 32 2 1\"");
     EXPECT_EQ(lines[4], "\"! c #FF0000\"");
@@ -112,20 +112,12 @@ TEST(Listing, PatternWithTransparentBackgroundPrintsBlanks) {
     EXPECT_EQ(lines[6], "\"!      !                        \"");
     EXPECT_EQ(lines[7], "\"" + std::string(32, ' ') + "\"");
     EXPECT_EQ(lines[38], ";12345678901234567890123456789012");
-
-    const ObjectPreview& preview = listing.Preview;
-    EXPECT_TRUE(preview.IsPattern);
-    EXPECT_EQ(preview.PatternPixels[0], 1);
-    EXPECT_EQ(preview.PatternPixels[1], 0);
-    EXPECT_EQ(preview.Picture.Day[0], 0x0000FF);
-    EXPECT_EQ(preview.Picture.Day[1], kTransparentPixel);
-    EXPECT_FALSE(preview.HasNight());
 }
 
 TEST(Listing, FourColourPatternWithTransparentNightBackground) {
     Document doc = LoadedDocument();
     doc.Polygons = {Polygon("001", "00", 0x0D, Colours({1, 2, 3}))};
-    const auto lines = ObjectLines(doc, 1);
+    const auto lines = ObjectLines(doc, ObjectKind::Polygon);
     EXPECT_EQ(lines[3], "Xpm=\"32 32 4 1\"");
     EXPECT_EQ(std::vector<std::string>(lines.begin() + 4, lines.begin() + 8),
               (std::vector<std::string>{"\"! c #000001\"", "\"# c #000002\"", "\"3 c #000003\"", "\"4 c none\""}));
@@ -136,7 +128,7 @@ TEST(Listing, PolylineWithHalfBorderWidth) {
     Document doc = LoadedDocument();
     doc.Polylines = {Polyline(0, 0, Colours({0x111111, 0x222222}), {2, 5})};
     doc.PolylineCount = 1;
-    EXPECT_EQ(ObjectLines(doc, 2),
+    EXPECT_EQ(ObjectLines(doc, ObjectKind::Polyline),
               (std::vector<std::string>{"[_line]", "Type=0x01", "UseOrientation=Y", "LineWidth=2", "BorderWidth=1.5",
                                         "Xpm=\"0 0 2 0\"", "\"1 c #111111\"", "\"2 c #222222\"", "ExtendedLabels=N",
                                         "[end]"}));
@@ -145,40 +137,32 @@ TEST(Listing, PolylineWithHalfBorderWidth) {
 TEST(Listing, SolidLineWithDayAndNightColoursHasNoBorder) {
     Document doc = LoadedDocument();
     doc.Polylines = {Polyline(7, 2, Colours({0x111111, 0x222222}), {3})};
-    const ObjectListing listing = ListOneObject(doc, 2, 0, true);
-    const auto lines = Lines(listing.Text.Plain());
+    const auto lines = ObjectLines(doc, ObjectKind::Polyline);
     EXPECT_EQ(lines[2], "UseOrientation=N");
     EXPECT_EQ(lines[4], "Xpm=\"0 0 2 0\"");
     EXPECT_EQ(lines[5], "\"1 c #111111\"");
     EXPECT_EQ(lines[6], "\"2 c #222222\"");
     EXPECT_FALSE(Contains(lines, "BorderWidth=0"));
-    EXPECT_EQ(listing.Preview.Picture.Height, 3);
-    EXPECT_EQ(listing.Preview.Picture.Night.front(), 0x222222);
 }
 
 TEST(Listing, PatternLineHasTwoBlanksBeforeTheOne) {
     Document doc = LoadedDocument();
     doc.Polylines = {Polyline(3 << 3 | 2, 0, Colours({0x123456}), Bytes(12, 0xFF))};
-    const ObjectListing listing = ListOneObject(doc, 2, 0, true);
-    const auto lines = Lines(listing.Text.Plain());
+    const auto lines = ObjectLines(doc, ObjectKind::Polyline);
     EXPECT_EQ(lines[3], "Xpm=\"32 3 2  1\"");
     EXPECT_EQ(lines[5], "\"  c none\"");
     EXPECT_EQ(lines[6], "\"" + std::string(32, '!') + "\"");
     EXPECT_EQ(lines[9], ";12345678901234567890123456789012");
-    EXPECT_EQ(listing.Preview.Picture.Height, 3);
-    EXPECT_EQ(listing.Preview.Picture.Day.size(), 96u);
 }
 
 TEST(Listing, PoiTransparentPixelsAndRulerOf33Pixels) {
     Document doc = LoadedDocument();
     doc.Pois = {PalettePoi(33, 1, 2, 2)};
-    const ObjectListing listing = ListOneObject(doc, 3, 0, true);
-    const auto lines = Lines(listing.Text.Plain());
+    const auto lines = ObjectLines(doc, ObjectKind::Poi);
     EXPECT_EQ(lines[4], "DayXpm=\"33 1 3 1\"   Colormode=16");
     EXPECT_EQ(lines[7], "\"  \tc none\"");
     EXPECT_EQ(lines[8], "\"" + std::string(33, ' ') + "\"");
     EXPECT_EQ(lines[9], ";12345678901234567890123456789012");
-    EXPECT_EQ(listing.Preview.Picture.Day, std::vector<std::int32_t>(33, kTransparentPixel));
 }
 
 TEST(Listing, PoiOfNoSizeAndNightBlock) {
@@ -190,22 +174,13 @@ TEST(Listing, PoiOfNoSizeAndNightBlock) {
     night.Bitmaps[1] = night.Bitmaps[0];
     night.Bitmaps[1].PaletteBytes = Colours({0x0A0B0C});
     doc.Pois = {empty, night};
-    const auto emptyLines = ObjectLines(doc, 3, 0);
+    const auto emptyLines = ObjectLines(doc, ObjectKind::Poi, 0);
     EXPECT_EQ(emptyLines[4], "DayXpm=\"0 0 0 0\"");
     EXPECT_EQ(emptyLines[5], "NightXpm=\"0 0 0 0\"");
 
-    const ObjectListing listing = ListOneObject(doc, 3, 1, true);
-    const auto lines = Lines(listing.Text.Plain());
+    const auto lines = ObjectLines(doc, ObjectKind::Poi, 1);
     EXPECT_TRUE(Contains(lines, "NightXpm=\"1 1 1 1\"   Colormode=16"));
     EXPECT_TRUE(Contains(lines, "\"!\tc #0A0B0C\""));
-    EXPECT_EQ(listing.Preview.Picture.Night, std::vector<std::int32_t>{0x0C0B0A});
-}
-
-PoiRecord TrueColourPoi(std::uint8_t mode, Bytes pixels) {
-    PoiRecord r = PalettePoi(2, 1, 0, 0);
-    r.Bitmaps[0].ColourMode = mode;
-    r.Bitmaps[0].PixelBytes = std::move(pixels);
-    return r;
 }
 
 TEST(Listing, TrueColourModes) {
@@ -216,23 +191,18 @@ TEST(Listing, TrueColourModes) {
                 TrueColourPoi(32, {0x30, 0x20, 0x10, 0x00, 0x06, 0x05, 0xF4})};
     const std::string comment = ";Couleurs 24 bits : pas de palette ";
 
-    const ObjectListing mode0 = ListOneObject(doc, 3, 0, true);
-    auto lines = Lines(mode0.Text.Plain());
+    auto lines = ObjectLines(doc, ObjectKind::Poi, 0);
     EXPECT_EQ(lines[4], "DayXpm=\"2 1 0 1\"   Colormode=0");
     EXPECT_EQ(std::vector<std::string>(lines.begin() + 5, lines.begin() + 9),
               (std::vector<std::string>{comment, "\"#102030\"", "\"#405060\"", ";12"}));
 
-    const ObjectListing mode16 = ListOneObject(doc, 3, 1, true);
-    lines = Lines(mode16.Text.Plain());
+    lines = ObjectLines(doc, ObjectKind::Poi, 1);
     EXPECT_EQ(std::vector<std::string>(lines.begin() + 6, lines.begin() + 9),
               (std::vector<std::string>{"\"#405060\"", "\"#102030\"", "\"#405060\""}));
-    EXPECT_EQ(mode16.Preview.Picture.Day, (std::vector<std::int32_t>{0x302010, kTransparentPixel}));
 
-    const ObjectListing mode32 = ListOneObject(doc, 3, 2, true);
-    lines = Lines(mode32.Text.Plain());
+    lines = ObjectLines(doc, ObjectKind::Poi, 2);
     EXPECT_EQ(lines[6], "\"#102030\"  canalalpha=0");
     EXPECT_EQ(lines[7], "\"#405060\"  canalalpha=15");
-    EXPECT_EQ(mode32.Preview.Picture.Day, (std::vector<std::int32_t>{0x302010, kTransparentPixel}));
     EXPECT_FALSE(doc.ReadErrorFlag);
 }
 
@@ -243,10 +213,9 @@ TEST(Listing, Mode32PaletteCarriesAlpha) {
     poi.Bitmaps[0].PaletteBytes = {0x30, 0x20, 0x10, 0x07};  // 0x102030, alpha 7
     poi.Bitmaps[0].PixelBytes = {0};
     doc.Pois = {poi};
-    const ObjectListing listing = ListOneObject(doc, 3, 0, true);
-    EXPECT_TRUE(Contains(Lines(listing.Text.Plain()), "\"!\tc #102030\"  canalalpha=7"));
-    EXPECT_NE(listing.Text.Rich().find("\"!\tc #102030\"  {\\cf3 canalalpha=}7"), std::string::npos);
-    EXPECT_EQ(listing.Preview.Picture.Day, std::vector<std::int32_t>{0x302010});
+    const ListingText listing = ListOneObject(doc, ObjectRef{ObjectKind::Poi, 0});
+    EXPECT_TRUE(Contains(Lines(listing.Plain()), "\"!\tc #102030\"  canalalpha=7"));
+    EXPECT_NE(listing.Rich().find("\"!\tc #102030\"  {\\cf3 canalalpha=}7"), std::string::npos);
 }
 
 TEST(Listing, LabelsAndExtendedLabels) {
@@ -255,14 +224,11 @@ TEST(Listing, LabelsAndExtendedLabels) {
     polygon.LabelBytes = EncodeLabelBlock({{0, "text"}, {4, "Caf\xE9"}});
     polygon.ExtendedLabelBytes = {0x1A, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06};  // SmallFont, DayAndNight
     doc.Polygons = {polygon};
-    const ObjectListing listing = ListOneObject(doc, 1, 0, true);
-    const auto lines = Lines(listing.Text.Plain());
+    const auto lines = ObjectLines(doc, ObjectKind::Polygon);
     EXPECT_EQ(std::vector<std::string>(lines.begin() + 2, lines.begin() + 9),
               (std::vector<std::string>{"String1=0x00,text", "String2=0x04,Caf\xE9", "ExtendedLabels=Y",
                                         "FontStyle=SmallFont", "CustomColor=DayAndNight", "DaycustomColor:#030201",
                                         "NightcustomColor:#060504"}));
-    EXPECT_EQ(listing.Preview.LabelDayColour, 0x010203u);
-    EXPECT_EQ(listing.Preview.LabelNightColour, 0x040506u);
 }
 
 TEST(Listing, BadLabelBlockIsLoggedAndTheObjectListed) {
@@ -270,7 +236,7 @@ TEST(Listing, BadLabelBlockIsLoggedAndTheObjectListed) {
     doc.Pois = {PalettePoi(1, 1, 1, 0)};
     doc.Pois[0].Flags |= 0x04;
     doc.Pois[0].LabelBytes = {1};
-    const auto lines = ObjectLines(doc, 3);
+    const auto lines = ObjectLines(doc, ObjectKind::Poi);
     EXPECT_EQ(lines[3], "ExtendedLabels=N");
     EXPECT_EQ(doc.ReadErrorLog, "\r\nProbl\xC3\xA8me de lecture des strings du POI Type=0x02f  SubTypes = 0x0f");
     EXPECT_TRUE(doc.ReadErrorFlag);
@@ -304,8 +270,7 @@ TEST(Listing, BrokenObjectsAreLoggedAndTheListingGoesOn) {
 TEST(Listing, LineWithFlags2ShowsItsMessageAndGoesOn) {
     Document doc = LoadedDocument();
     doc.Polylines = {Polyline(2, 0, Colours({1}), {1})};
-    const ObjectListing listing = ListOneObject(doc, 2, 0, false);
-    EXPECT_EQ(listing.Text.Notices, std::vector<std::string>{"1er octet d'en-t\xC3\xAAte : 0x02 !!!"});
+    EXPECT_EQ(ListOneObject(doc, ObjectRef{ObjectKind::Polyline, 0}).Notices, std::vector<std::string>{"1er octet d'en-t\xC3\xAAte : 0x02 !!!"});
 }
 
 Document RichSample() {
@@ -328,9 +293,9 @@ TEST(Listing, RichFormGivesBackThePlainForm) {
     Document doc = RichSample();
     const ListingText text = ListWholeDocument(doc, kContext);
     EXPECT_EQ(RichToPlain(text.Rich()), text.Plain());
-    for (int scope = 1; scope <= 3; ++scope) {
-        const ObjectListing listing = ListOneObject(doc, scope, 0, true);
-        EXPECT_EQ(RichToPlain(listing.Text.Rich()), listing.Text.Plain());
+    for (ObjectKind kind : kObjectKinds) {
+        const ListingText listing = ListOneObject(doc, ObjectRef{kind, 0});
+        EXPECT_EQ(RichToPlain(listing.Rich()), listing.Plain());
     }
 }
 
@@ -355,10 +320,9 @@ TEST(Listing, RichFormDress) {
 
 TEST(Listing, SingleObjectIsFramedAlone) {
     Document doc = RichSample();
-    const std::string rich = ListOneObject(doc, 2, 0, false).Text.Rich();
+    const std::string rich = ListOneObject(doc, ObjectRef{ObjectKind::Polyline, 0}).Rich();
     EXPECT_NE(rich.find("}{\\cf0{\\cf2 [_line]}\\par {\\cf3 Type=0x}01"), std::string::npos);
-    EXPECT_TRUE(ListOneObject(doc, 2, 5, false).Text.Pieces().empty());
-    EXPECT_TRUE(ListOneObject(doc, 0, 0, false).Text.Pieces().empty());
+    EXPECT_TRUE(ListOneObject(doc, ObjectRef{ObjectKind::Polyline, 5}).Pieces().empty());
 }
 
 }  // namespace

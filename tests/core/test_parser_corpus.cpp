@@ -85,8 +85,8 @@ void ExpectRecordsAgree(const Document& parsed, const Document& compiled) {
 }
 
 // A polygon whose colour bytes fit its layout survives compiling and reading.
-// Those that do not come from texts the parser reads as the program always
-// has: a transparent first colour gives layout 2, which has no colour count,
+// Those that do not fit come from parser rules existing TYP texts are read
+// with: a transparent first colour gives layout 2, which has no colour count,
 // and an Xpm header without its closing quote leaves no colours.
 void ExpectConsistentPolygonsSurvive(const Document& parsed, const Document& back) {
     ASSERT_EQ(parsed.Polygons.size(), back.Polygons.size());

@@ -69,7 +69,7 @@ TEST(ParserListing, ApplyingAnUnchangedObjectListingChangesNothing) {
     for (ObjectKind kind : kObjectKinds) {
         for (int row = 0; row < doc.CountOf(kind); ++row) {
             SCOPED_TRACE(std::to_string(static_cast<int>(kind)) + " #" + std::to_string(row));
-            const std::string text = ListOneObject(doc, static_cast<int>(kind), row, false).Text.Plain();
+            const std::string text = ListOneObject(doc, ObjectRef{kind, row}).Plain();
             const ParseResult result = ParseTypText(doc, text, ObjectRef{kind, row});
             EXPECT_EQ(result.SelectIndex, row);
         }

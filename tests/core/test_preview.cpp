@@ -73,7 +73,6 @@ TEST(PreviewThumbnails, TransparentPixelsTakeTheBackground) {
 
 TEST(PreviewThumbnails, PatternWithClearBackgroundShowsTheBackground) {
     ObjectPreview pattern = Solid(ObjectKind::Polygon, 32, 32, kTransparentPixel);
-    pattern.IsPattern = true;
     for (int i = 0; i < 32; ++i) pattern.Picture.Day[static_cast<std::size_t>(i) * 33] = kGreen;  // a diagonal
     const ObjectPreviewModel model = Composed(PreviewMode::Seul, {pattern});
     EXPECT_EQ(model.Vignette(0).Pixel(5, 5), RasterColour(kGreen));
@@ -84,20 +83,20 @@ TEST(PreviewThumbnails, PatternWithClearBackgroundShowsTheBackground) {
 
 TEST(PreviewSeul, PlacesTheZoomedThumbnailInTheMiddle) {
     struct Case {
-        int width, height, slider, left, top;
+        int width, height, slider, zoom, left, top;
         RasterRect seen;
     };
-    // Zoom is the slider value / 100 cut; offsets are cut toward zero; an
+    // The zoom is the slider's hundreds, cut; offsets are cut toward zero; an
     // enlargement past the preview is clipped to it.
-    for (const Case& c : {Case{32, 32, 100, 104, 104, {104, 104, 32, 32}}, Case{7, 5, 399, 109, 112, {109, 112, 21, 15}},
-                          Case{32, 32, 800, -8, -8, {0, 0, 240, 240}}, Case{24, 24, 1000, 0, 0, {0, 0, 240, 240}},
-                          Case{27, 3, 900, -1, 106, {0, 106, 240, 27}}}) {
+    for (const Case& c :
+         {Case{32, 32, 100, 1, 104, 104, {104, 104, 32, 32}}, Case{7, 5, 399, 3, 109, 112, {109, 112, 21, 15}},
+          Case{32, 32, 800, 8, -8, -8, {0, 0, 240, 240}}, Case{24, 24, 1000, 10, 0, 0, {0, 0, 240, 240}},
+          Case{27, 3, 900, 9, -1, 106, {0, 106, 240, 27}}}) {
         const ObjectPreviewModel model =
             Composed(PreviewMode::Seul, {Solid(ObjectKind::Poi, c.width, c.height, kRed)}, c.slider);
-        const int zoom = c.slider / 100;
-        ASSERT_EQ(model.State().Zoom, zoom);
-        EXPECT_EQ(SeulOffset(zoom, c.width), c.left);
-        EXPECT_EQ(SeulOffset(zoom, c.height), c.top);
+        ASSERT_EQ(model.State().Zoom, c.zoom) << c.slider;
+        EXPECT_EQ(SeulOffset(c.zoom, c.width), c.left);
+        EXPECT_EQ(SeulOffset(c.zoom, c.height), c.top);
         EXPECT_TRUE(SameRect(Drawn(model.Apercus(0)), c.seen)) << c.width << " " << c.slider;
         EXPECT_TRUE(AllOf(model.Apercus(1), kBackground));
     }
@@ -180,7 +179,7 @@ TEST(PreviewModel, ResetForgetsThePicks) {
     model.Reset();
     model.SetMode(PreviewMode::Superposition);
     model.Update();
-    EXPECT_EQ(model.State().EditScope, 0);
+    EXPECT_FALSE(model.State().Shown);
     EXPECT_TRUE(AllOf(model.Apercus(0), kBackground));
     model.SetZoomSlider(5);
     EXPECT_EQ(model.ZoomSlider(), kZoomSliderMinimum);

@@ -6,9 +6,9 @@
 
 #include "corpus.h"
 #include "document/binary_reader.h"
+#include "document/object_preview.h"
 #include "models/preview/icons_view_model.h"
 #include "models/preview/preview_model.h"
-#include "text/listing.h"
 
 namespace mirvane {
 namespace {
@@ -74,8 +74,8 @@ TEST(IconGrid, HitTestInvertsThePlacement) {
         }
     }
     const IconGrid grid{5, 2, 520};
-    EXPECT_EQ(IconAt(grid, counts, 5, 5), (IconRef{ObjectKind::Polygon, 0}));
-    EXPECT_EQ(IconAt(grid, counts, 5 + 2 * 101, 5 + 101), (IconRef{ObjectKind::Polyline, 0}));
+    EXPECT_EQ(IconAt(grid, counts, 5, 5), (ObjectRef{ObjectKind::Polygon, 0}));
+    EXPECT_EQ(IconAt(grid, counts, 5 + 2 * 101, 5 + 101), (ObjectRef{ObjectKind::Polyline, 0}));
     EXPECT_FALSE(IconAt(grid, counts, 5 + 101, 5 + 4 * 101));  // past the last icon
     EXPECT_FALSE(IconAt(grid, counts, 5 * 101 + 5, 5));          // right of the last column
     EXPECT_FALSE(IconAt(grid, counts, -3, 5));
@@ -84,7 +84,7 @@ TEST(IconGrid, HitTestInvertsThePlacement) {
 TEST(IconGrid, ScrollBringsTheSelectedIconIntoView) {
     const IconGrid grid{5, 2, 520};
     const IconCounts counts{0, 0, 60};  // 12 rows, 1217 pixels
-    const IconRef row8{ObjectKind::Poi, 40};
+    const ObjectRef row8{ObjectKind::Poi, 40};
     EXPECT_EQ(ScrollToShow(grid, counts, row8, 0, 300), 9 * 101 + 5 - 300);
     EXPECT_EQ(ScrollToShow(grid, counts, {ObjectKind::Poi, 3}, 500, 300), 0);
     EXPECT_EQ(ScrollToShow(grid, counts, row8, 700, 300), 700);  // already in view
@@ -112,12 +112,12 @@ TEST(IconsViewCorpus, EveryObjectGetsAThumbnail) {
         Document doc;
         ASSERT_TRUE(OpenBinaryTyp(doc, path.string()));
         ObjectPreviewModel preview;
-        const int counts[] = {doc.PolygonCount(), static_cast<int>(doc.Polylines.size()), doc.PoiCount()};
-        for (int scope = 1; scope <= 3; ++scope) {
-            for (int i = 0; i < counts[scope - 1]; ++i) {
-                const ObjectPreview picture = ListOneObject(doc, scope, i, true).Preview;
+        for (std::size_t slot = 0; slot < std::size(kObjectKinds); ++slot) {
+            const ObjectKind kind = kObjectKinds[slot];
+            for (int i = 0; i < doc.CountOf(kind); ++i) {
+                const ObjectPreview picture = PreviewOfObject(doc, ObjectRef{kind, i});
                 preview.Pick(picture);
-                const Raster& day = preview.Vignette((scope - 1) * 2);
+                const Raster& day = preview.Vignette(static_cast<int>(slot) * 2);
                 EXPECT_EQ(day.Width() * day.Height(), static_cast<int>(picture.Picture.Day.size()));
                 for (PreviewMode mode : {PreviewMode::Seul, PreviewMode::Mosaique, PreviewMode::Superposition}) {
                     preview.SetMode(mode);

@@ -71,33 +71,34 @@ TEST(BackupsWindow, OpensOnTheLastOfThreeAndStepsBack) {
     TextBackups backups;
     for (const char* text : {"a", "b", "c"}) backups.Add(text);
     BackupsWindowModel window(backups);
-    EXPECT_EQ(window.Caption, "Dernière sauvegarde au format texte  ( 3/3 )");
-    EXPECT_EQ(window.Text1, "c");
-    EXPECT_TRUE(window.cmdPrecedent_Enabled);
-    EXPECT_FALSE(window.cmdSuivant_Enabled);
+    EXPECT_EQ(window.Title(), "Dernière sauvegarde au format texte  ( 3/3 )");
+    EXPECT_EQ(window.Text(), "c");
+    EXPECT_TRUE(window.CanShowPrevious());
+    EXPECT_FALSE(window.CanShowNext());
 
-    window.cmdPrecedent_Click();
-    window.cmdPrecedent_Click();
-    EXPECT_EQ(window.Caption, "Sauvegarde au format texte  ( 1/3 )");
-    EXPECT_EQ(window.cmdCopier_Click(), "a");
-    EXPECT_FALSE(window.cmdPrecedent_Enabled);
-    EXPECT_TRUE(window.cmdSuivant_Enabled);
-    window.cmdPrecedent_Click();  // disabled: stays on the first
+    window.ShowPrevious();
+    window.ShowPrevious();
+    EXPECT_EQ(window.Title(), "Sauvegarde au format texte  ( 1/3 )");
+    EXPECT_EQ(window.Text(), "a");
+    EXPECT_FALSE(window.CanShowPrevious());
+    EXPECT_TRUE(window.CanShowNext());
+    window.ShowPrevious();  // disabled: stays on the first
     EXPECT_EQ(window.Position(), 0u);
 
-    window.cmdSuivant_Click();
-    EXPECT_EQ(window.Caption, "Sauvegarde au format texte  ( 2/3 )");
-    EXPECT_TRUE(window.cmdPrecedent_Enabled && window.cmdSuivant_Enabled);
+    window.ShowNext();
+    EXPECT_EQ(window.Title(), "Sauvegarde au format texte  ( 2/3 )");
+    EXPECT_TRUE(window.CanShowPrevious() && window.CanShowNext());
 }
 
 TEST(BackupsWindow, WithoutBackupsSaysSoAndCannotStep) {
     TextBackups backups;
     BackupsWindowModel window(backups);
-    EXPECT_EQ(window.Text1, "Aucune sauvegarde");
-    EXPECT_FALSE(window.cmdPrecedent_Enabled || window.cmdSuivant_Enabled);
-    window.cmdSuivant_Click();
-    window.cmdPrecedent_Click();
-    EXPECT_EQ(window.Text1, "Aucune sauvegarde");
+    EXPECT_EQ(window.Title(), "Sauvegarde au format texte");
+    EXPECT_EQ(window.Text(), "Aucune sauvegarde");
+    EXPECT_FALSE(window.CanShowPrevious() || window.CanShowNext());
+    window.ShowNext();
+    window.ShowPrevious();
+    EXPECT_EQ(window.Text(), "Aucune sauvegarde");
 }
 
 TEST(TextPane, ApplyingTheWholeTextEmptiesObjectsButKeepsOtherSections) {

@@ -18,9 +18,7 @@ long long Where(std::string_view text, std::string_view word, FindOptions option
 }
 
 struct SearchWindow : ::testing::Test {
-    void Load(std::string text) {
-        pane = MemoryTextBuffer(std::move(text));
-    }
+    void Load(std::string text) { pane = MemoryTextBuffer(std::move(text)); }
     MemoryTextBuffer pane;
     ScriptedPrompts prompts;
     SearchModel search{pane, prompts};
@@ -71,15 +69,15 @@ TEST(ReplaceAllInText, EveryLineOfALargeText) {
 
 TEST_F(SearchWindow, NextSelectsEachMatchInTurnThenOffersToRestart) {
     Load("one two one");
-    search.Text1 = "one";
-    EXPECT_TRUE(search.cmdSuivant_Click());
+    search.Word = "one";
+    EXPECT_TRUE(search.FindNext());
     EXPECT_EQ(pane.SelStart(), 0u);
-    EXPECT_TRUE(search.cmdSuivant_Click());
+    EXPECT_TRUE(search.FindNext());
     EXPECT_EQ(pane.SelStart(), 8u);
     EXPECT_EQ(pane.SelectedText(), "one");
 
     prompts.Answers = {true};
-    EXPECT_TRUE(search.cmdSuivant_Click());
+    EXPECT_TRUE(search.FindNext());
     EXPECT_EQ(pane.SelStart(), 0u);
     ASSERT_EQ(prompts.Log.size(), 1u);
     EXPECT_EQ(prompts.Log[0].Text,
@@ -89,50 +87,50 @@ TEST_F(SearchWindow, NextSelectsEachMatchInTurnThenOffersToRestart) {
 TEST_F(SearchWindow, EmptyWordFindsNothingAndAsksOnlyOncePerClick) {
     Load("some text");
     prompts.Answers = {true, true, true};
-    EXPECT_FALSE(search.cmdSuivant_Click());
+    EXPECT_FALSE(search.FindNext());
     EXPECT_EQ(prompts.Log.size(), 1u);
     EXPECT_EQ(prompts.Log[0].Kind, "ask");
 }
 
 TEST_F(SearchWindow, NoToTheRestartLeavesTheCaretBehindTheLastMatch) {
     Load("abc");
-    search.Text1 = "b";
-    EXPECT_TRUE(search.cmdSuivant_Click());
-    EXPECT_FALSE(search.cmdSuivant_Click());
+    search.Word = "b";
+    EXPECT_TRUE(search.FindNext());
+    EXPECT_FALSE(search.FindNext());
     EXPECT_EQ(pane.SelStart(), 2u);
     EXPECT_EQ(pane.SelLength(), 0u);
 }
 
 TEST_F(SearchWindow, OptionsComeFromTheCheckBoxes) {
     Load("Type type");
-    search.Text1 = "type";
-    search.chkCasse = true;
-    EXPECT_TRUE(search.cmdSuivant_Click());
+    search.Word = "type";
+    search.Options.MatchCase = true;
+    EXPECT_TRUE(search.FindNext());
     EXPECT_EQ(pane.SelStart(), 5u);
     Load("types type");
-    search.chkCasse = false;
-    search.chkMotEntier = true;
-    EXPECT_TRUE(search.cmdSuivant_Click());
+    search.Options.MatchCase = false;
+    search.Options.WholeWord = true;
+    EXPECT_TRUE(search.FindNext());
     EXPECT_EQ(pane.SelStart(), 6u);
 }
 
 TEST_F(SearchWindow, ReplaceChangesTheSelectionOnly) {
     Load("red green red");
-    search.Text1 = "red";
-    search.txtRemplacer = "blue";
-    search.cmdSuivant_Click();
-    search.cmdRemplacer_Click();
+    search.Word = "red";
+    search.Replacement = "blue";
+    search.FindNext();
+    search.ReplaceSelection();
     EXPECT_EQ(pane.Text(), "blue green red");
-    search.cmdSuivant_Click();
+    search.FindNext();
     EXPECT_EQ(pane.SelStart(), 11u);
 }
 
 TEST_F(SearchWindow, ReplaceAllGoesOnBehindEachReplacementAndCounts) {
     Load("Colour=1 colour=2 Colours=3");
-    search.Text1 = "colour";
-    search.txtRemplacer = "colour colour";
-    search.chkMotEntier = true;
-    EXPECT_EQ(search.cmdRemplacerTout_Click(), 2u);
+    search.Word = "colour";
+    search.Replacement = "colour colour";
+    search.Options.WholeWord = true;
+    EXPECT_EQ(search.ReplaceAll(), 2u);
     EXPECT_EQ(pane.Text(), "colour colour=1 colour colour=2 Colours=3");
     ASSERT_EQ(prompts.Log.size(), 1u);
     EXPECT_EQ(prompts.Log[0].Kind, "inform");
@@ -142,15 +140,10 @@ TEST_F(SearchWindow, ReplaceAllGoesOnBehindEachReplacementAndCounts) {
 
 TEST_F(SearchWindow, ReplaceAllStartsBehindTheSelection) {
     Load("a a a");
-    search.Text1 = "a";
-    search.txtRemplacer = "b";
-    search.cmdSuivant_Click();
-    EXPECT_EQ(search.cmdRemplacerTout_Click(), 2u);
+    search.Word = "a";
+    search.Replacement = "b";
+    search.FindNext();
+    EXPECT_EQ(search.ReplaceAll(), 2u);
     EXPECT_EQ(pane.Text(), "a b b");
     EXPECT_EQ(pane.SelStart(), 5u);
-}
-
-TEST_F(SearchWindow, CancelHidesTheWindow) {
-    search.cmdAnnuler_Click();
-    EXPECT_FALSE(search.Visible);
 }

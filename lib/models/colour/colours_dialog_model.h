@@ -8,34 +8,35 @@
 
 namespace mirvane {
 
-enum class CanalCouleur { Rouge, Vert, Bleu };
+// The bars ScrollRouge, ScrollVert and ScrollBleu.
+enum class ColourChannel { Red, Green, Blue };
 
 class ColoursDialogModel {
 public:
-    static constexpr int kNeutre = 128;
+    static constexpr int kNeutral = 128;
     static constexpr int kMaximum = 255;
 
-    // Picture0: the copy of the bitmap at real size.
     explicit ColoursDialogModel(Raster bitmap);
 
-    const Raster& Picture0() const { return picture0_; }
-    int Valeur(CanalCouleur canal) const { return valeurs_[static_cast<int>(canal)]; }
+    // The copy of the bitmap at real size.
+    const Raster& Original() const { return original_; }  // Picture0
+    int BarValue(ColourChannel channel) const { return values_[static_cast<int>(channel)]; }
 
     // A bar moved (while dragging and on release): the bitmap to write back
     // into the editor, the moved channel changed on every pixel of the copy.
-    Raster Scroll_Change(CanalCouleur canal, int valeur);
+    Raster MoveBar(ColourChannel channel, int value);  // Scroll*_Change
 
 private:
-    Raster picture0_;
-    int valeurs_[3] = {kNeutre, kNeutre, kNeutre};
+    Raster original_;
+    int values_[3] = {kNeutral, kNeutral, kNeutral};
 };
 
 // Where the window opens beside the POI editor: 300 twips to the right of its
 // right edge, 400 twips below its top, at 15 twips to the pixel.
-struct PositionFenetre {
+struct WindowPosition {
     int X = 0, Y = 0;
-    bool operator==(const PositionFenetre&) const = default;
+    bool operator==(const WindowPosition&) const = default;
 };
-PositionFenetre PositionCouleurs(int editorLeft, int editorTop, int editorWidth);
+WindowPosition ColoursWindowPosition(int editorLeft, int editorTop, int editorWidth);
 
 }  // namespace mirvane

@@ -12,106 +12,94 @@ std::string PaletteText(std::string_view defaultText, std::string_view key) {
 
 }  // namespace
 
-PaletteDialogModel::PaletteDialogModel(Colour couleurActuelle, PaletteCaller appelant, PreviewHandler preview)
-    : couleurActuelle_(couleurActuelle),
-      couleurChoisie_(couleurActuelle),
-      appelant_(appelant),
-      preview_(std::move(preview)) {
-    label3Visible_ = label9Visible_ = !est_couleur_garmin(couleurActuelle);
-    encadrer();
-    couleurs_voisines();
+PaletteDialogModel::PaletteDialogModel(Colour current, PaletteCaller caller, PreviewHandler preview)
+    : current_(current), chosen_(current), caller_(caller), preview_(std::move(preview)) {
+    currentOutside_ = chosenOutside_ = !IsGarminColour(current);
+    FrameChosenSquare();
+    UpdateNeighbours();
 }
 
-std::optional<Colour> PaletteDialogModel::CouleurDuCarre(int index) const {
-    if (index >= kPremierVoisin && index <= kCarreActuel) return Voisin(index).Couleur;
-    return couleur_carre(index);
+std::optional<Colour> PaletteDialogModel::SquareColour(int index) const {
+    if (index >= kFirstNeighbourSquare && index <= kCurrentSquare) return Neighbour(index).Fill;
+    return PaletteSquareColour(index);
 }
 
-bool PaletteDialogModel::Carre_Click(int index) {
-    const auto colour = CouleurDuCarre(index);
+bool PaletteDialogModel::ChooseSquare(int index) {
+    const auto colour = SquareColour(index);
     if (!colour) return false;
-    Choisir(*colour);
+    Choose(*colour);
     return true;
 }
 
-void PaletteDialogModel::cmdAutres_Result(Colour c) { Choisir(c); }
+void PaletteDialogModel::ChooseFreeColour(Colour c) { Choose(c); }
 
 void PaletteDialogModel::PipetteStart() {
-    prelevementEnCours_ = true;
-    pixelLu_ = false;
+    pipetteRunning_ = true;
+    pixelRead_ = false;
 }
 
-bool PaletteDialogModel::PipetteMoved(int x, int y) {
-    return prelevementEnCours_ && curseur_.Bouge(x, y);
-}
+bool PaletteDialogModel::PipetteMoved(int x, int y) { return pipetteRunning_ && pointer_.Moved(x, y); }
 
 void PaletteDialogModel::PipettePixel(Colour c) {
-    if (!prelevementEnCours_) return;
-    couleurSousCurseur_ = c;
-    pixelLu_ = true;
-    label10_ = texte_couleur(c);
+    if (!pipetteRunning_) return;
+    colourUnderPointer_ = c;
+    pixelRead_ = true;
+    pipetteText_ = ColourText(c);
 }
 
 void PaletteDialogModel::PipetteEnd() {
-    if (!prelevementEnCours_) return;
-    prelevementEnCours_ = false;
+    if (!pipetteRunning_) return;
+    pipetteRunning_ = false;
     // Where the screen cannot be read nothing was picked, and nothing is chosen.
-    if (pixelLu_) Choisir(couleurSousCurseur_);
+    if (pixelRead_) Choose(colourUnderPointer_);
 }
 
-void PaletteDialogModel::cmdOK_Click() {
+void PaletteDialogModel::Accept() {
     closed_ = true;
     accepted_ = true;
 }
 
-void PaletteDialogModel::cmdAnnuler_Click() {
-    couleurChoisie_ = couleurActuelle_;
-    principal();
+void PaletteDialogModel::Cancel() {
+    chosen_ = current_;
+    PreviewChosenColour();
     closed_ = true;
     accepted_ = false;
 }
 
-void PaletteDialogModel::Choisir(Colour c) {
-    couleurChoisie_ = c;
-    encadrer();
-    couleurs_voisines();
-    label9Visible_ = !est_couleur_garmin(c);
-    principal();
+void PaletteDialogModel::Choose(Colour c) {
+    chosen_ = c;
+    FrameChosenSquare();
+    UpdateNeighbours();
+    chosenOutside_ = !IsGarminColour(c);
+    PreviewChosenColour();
 }
 
-void PaletteDialogModel::encadrer() {
-    carreAvecBordure_ = carre_a_encadrer(couleurChoisie_);
-    if (carreAvecBordure_ != 0) carreEncadre_ = carreAvecBordure_;
+void PaletteDialogModel::FrameChosenSquare() {
+    borderedSquare_ = PaletteSquareOf(chosen_);
+    if (borderedSquare_ != 0) framedSquare_ = borderedSquare_;
 }
 
-void PaletteDialogModel::couleurs_voisines() {
-    const CouleursVoisines around = mirvane::couleurs_voisines(couleurChoisie_);
+void PaletteDialogModel::UpdateNeighbours() {
+    const NeighbourColours around = NeighbourColoursOf(chosen_);
     for (int i = 0; i < 8; ++i) {
-        CarreVoisin& square = voisins_[i];
-        square.Couleur = around.coins[i];
-        square.Bordure = around.coinGarmin == i;
-        square.Tip = square.Bordure ? PaletteText("Couleur Garmin la plus proche", "TipProche") + " : " +
-                                          texte_couleur(square.Couleur)
-                                    : texte_couleur(square.Couleur);
+        NeighbourSquare& square = neighbours_[i];
+        square.Fill = around.corners[i];
+        square.Border = around.nearestCorner == i;
+        square.Tip = square.Border
+                         ? PaletteText("Couleur Garmin la plus proche", "TipProche") + " : " + ColourText(square.Fill)
+                         : ColourText(square.Fill);
     }
-    voisins_[kCarreChoisi - kPremierVoisin] = {
-        couleurChoisie_, false, PaletteText("Couleur Choisie ", "Tipchoisie") + texte_couleur(couleurChoisie_)};
-    voisins_[kCarreActuel - kPremierVoisin] = {couleurActuelle_, false, texte_couleur(couleurActuelle_)};
+    neighbours_[kChosenSquare - kFirstNeighbourSquare] = {
+        chosen_, false, PaletteText("Couleur Choisie ", "Tipchoisie") + ColourText(chosen_)};
+    neighbours_[kCurrentSquare - kFirstNeighbourSquare] = {current_, false, ColourText(current_)};
 }
 
-void PaletteDialogModel::principal() const {
-    if (appelant_ == PaletteCaller::PreviewBackground && preview_) preview_(couleurChoisie_);
+void PaletteDialogModel::PreviewChosenColour() const {
+    if (caller_ == PaletteCaller::PreviewBackground && preview_) preview_(chosen_);
 }
 
-bool SuiviCurseur::Bouge(int x, int y) {
-    const std::pair<int, int> position{x, y};
-    if (dernier_ == position) return false;
-    dernier_ = position;
-    return true;
-}
-
-RasterRect LoupeSource(int cursorX, int cursorY, int pictureWidth, int pictureHeight) {
-    const int width = pictureWidth / kLoupeZoom, height = pictureHeight / kLoupeZoom;
+RasterRect MagnifierSource(int cursorX, int cursorY, int pictureWidth, int pictureHeight) {
+    const int width = pictureWidth / kMagnifierZoom, height = pictureHeight / kMagnifierZoom;
     return {cursorX - width / 2, cursorY - height / 2, width, height};
 }
 

@@ -10,10 +10,10 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <utility>
 
 #include "colour/palette.h"
 #include "graphics/raster.h"
+#include "models/colour/pointer_tracker.h"
 
 namespace mirvane {
 
@@ -23,114 +23,104 @@ enum class PaletteCaller : std::int16_t {
     Editor = 2,             // the POI, polyline and polygon editors
 };
 
-inline constexpr int kPremierVoisin = 261;  // squares 261..268: the corners
-inline constexpr int kCarreChoisi = 269;
-inline constexpr int kCarreActuel = 270;
+inline constexpr int kFirstNeighbourSquare = 261;  // squares 261..268: the corners
+inline constexpr int kChosenSquare = 269;
+inline constexpr int kCurrentSquare = 270;
 
 // The pipette button's colours: green while it runs, #FACA25 at rest.
-inline constexpr Colour kPipetteEnCours = 0x00FF00;
-inline constexpr Colour kPipetteAuRepos = 0x25CAFA;
-
-// Tells whether the pointer moved since the last look: the timers of the
-// pipette and of the colour identifier read the screen only then.
-class SuiviCurseur {
-public:
-    bool Bouge(int x, int y);
-
-private:
-    std::optional<std::pair<int, int>> dernier_;
-};
+inline constexpr Colour kPipetteRunningColour = 0x00FF00;
+inline constexpr Colour kPipetteIdleColour = 0x25CAFA;
 
 // One of squares 261 to 270.
-struct CarreVoisin {
-    Colour Couleur = 0;
-    bool Bordure = false;
+struct NeighbourSquare {
+    Colour Fill = 0;
+    bool Border = false;
     std::string Tip;
 };
 
 class PaletteDialogModel {
 public:
-    // Applies a colour to the preview panes and redraws the object on display
-    // (the main window's `principal` work); called only for PreviewBackground.
+    // Applies a colour to the preview panes and redraws the object on display;
+    // called only for PreviewBackground.
     using PreviewHandler = std::function<void(Colour)>;
 
     // Form_Load: the current colour is also the first chosen one.
-    PaletteDialogModel(Colour couleurActuelle, PaletteCaller appelant, PreviewHandler preview = {});
+    PaletteDialogModel(Colour current, PaletteCaller caller, PreviewHandler preview = {});
 
-    Colour CouleurActuelle() const { return couleurActuelle_; }
-    Colour CouleurChoisie() const { return couleurChoisie_; }
-    PaletteCaller AppelantPalette() const { return appelant_; }
+    Colour CurrentColour() const { return current_; }  // CouleurActuelle
+    Colour ChosenColour() const { return chosen_; }    // CouleurChoisie
+    PaletteCaller Caller() const { return caller_; }   // AppelantPalette
 
-    // Where the frame Carré2 stands (0 before any palette colour was chosen);
-    // it stays put when the chosen colour is not in the palette.
-    int CarreEncadre() const { return carreEncadre_; }
+    // Where the frame Carré2 stands (CarreEncadre: 0 before any palette colour
+    // was chosen); it stays put when the chosen colour is not in the palette.
+    int FramedSquare() const { return framedSquare_; }
     // The square drawn with a border: the framed one, 0 when the chosen
     // colour is not in the palette.
-    int CarreAvecBordure() const { return carreAvecBordure_; }
+    int BorderedSquare() const { return borderedSquare_; }
 
     // Colour of square 1..254 or 261..270; none for other indices.
-    std::optional<Colour> CouleurDuCarre(int index) const;
-    // Squares 261 to 270, in order.
-    const std::array<CarreVoisin, 10>& Voisins() const { return voisins_; }
-    const CarreVoisin& Voisin(int index) const { return voisins_[index - kPremierVoisin]; }
+    std::optional<Colour> SquareColour(int index) const;
+    // One of squares 261 to 270.
+    const NeighbourSquare& Neighbour(int index) const { return neighbours_[index - kFirstNeighbourSquare]; }
 
-    // "#RRGGBB" of the chosen colour, shown on lblCouleurChoisie.
-    std::string lblCouleurChoisie_Caption() const { return texte_couleur(couleurChoisie_); }
+    // "#RRGGBB" of the chosen colour.
+    std::string ChosenColourText() const { return ColourText(chosen_); }  // lblCouleurChoisie
     // "La couleur actuelle / choisie ne fait pas partie de la palette Garmin".
-    bool Label3Visible() const { return label3Visible_; }
-    bool Label9Visible() const { return label9Visible_; }
+    bool CurrentColourOutsidePalette() const { return currentOutside_; }  // Label3
+    bool ChosenColourOutsidePalette() const { return chosenOutside_; }    // Label9
 
     // A click on a square 1..254 or 261..270 chooses its colour; false for
     // any other index.
-    bool Carre_Click(int index);
-    // The colour the platform dialog gave back (its start value when the user
-    // cancelled it).
-    void cmdAutres_Result(Colour c);
-    // The colour to open the platform dialog with.
-    Colour cmdAutres_Start() const { return couleurChoisie_; }
+    bool ChooseSquare(int index);  // Carré(index)
+    // The colour the platform dialog gave back, opened on ChosenColour() (its
+    // start value when the user cancelled it).
+    void ChooseFreeColour(Colour c);  // cmdAutres
 
-    // The screen pipette. Start on the press; on each tick, when the pointer
-    // moved (PipetteMoved), the app reads the pixel there (PipettePixel); the
-    // release ends it and chooses the last pixel read in this run.
+    // The screen pipette (picPicker). Start on the press; on each tick, when
+    // the pointer moved (PipetteMoved), the app reads the pixel there
+    // (PipettePixel); the release ends it and chooses the last pixel read in
+    // this run.
     void PipetteStart();
     bool PipetteMoved(int x, int y);
     void PipettePixel(Colour c);
     void PipetteEnd();
-    bool PrelevementEnCours() const { return prelevementEnCours_; }
-    Colour CouleurSousCurseur() const { return couleurSousCurseur_; }
+    // While it runs the magnifier Picture3 shows.
+    bool PipetteRunning() const { return pipetteRunning_; }            // PrelevementEnCours
+    Colour ColourUnderPointer() const { return colourUnderPointer_; }  // CouleurSousCurseur
     // "#RRGGBB" of the pixel under the pointer, empty before the first read.
-    const std::string& Label10_Caption() const { return label10_; }
-    Colour picPicker_BackColor() const { return prelevementEnCours_ ? kPipetteEnCours : kPipetteAuRepos; }
-    bool Picture3Visible() const { return prelevementEnCours_; }
+    const std::string& PipetteColourText() const { return pipetteText_; }  // Label10
+    Colour PipetteButtonColour() const {                                   // picPicker
+        return pipetteRunning_ ? kPipetteRunningColour : kPipetteIdleColour;
+    }
 
-    // cmdOK leaves the chosen colour; cmdAnnuler sets it back to the current
+    // Accept leaves the chosen colour; Cancel sets it back to the current
     // colour (and puts it back on the previews). Both close the dialog.
-    void cmdOK_Click();
-    void cmdAnnuler_Click();
+    void Accept();  // cmdOK
+    void Cancel();  // cmdAnnuler
     bool Closed() const { return closed_; }
     bool Accepted() const { return accepted_; }
 
 private:
-    void Choisir(Colour c);
-    void encadrer();
-    void couleurs_voisines();
-    void principal() const;
+    void Choose(Colour c);
+    void FrameChosenSquare();          // encadrer
+    void UpdateNeighbours();           // couleurs_voisines
+    void PreviewChosenColour() const;  // principal
 
-    Colour couleurActuelle_;
-    Colour couleurChoisie_;
-    PaletteCaller appelant_;
+    Colour current_;
+    Colour chosen_;
+    PaletteCaller caller_;
     PreviewHandler preview_;
-    int carreEncadre_ = 0;
-    int carreAvecBordure_ = 0;
-    std::array<CarreVoisin, 10> voisins_{};
-    bool label3Visible_ = false;
-    bool label9Visible_ = false;
+    int framedSquare_ = 0;
+    int borderedSquare_ = 0;
+    std::array<NeighbourSquare, 10> neighbours_{};
+    bool currentOutside_ = false;
+    bool chosenOutside_ = false;
 
-    bool prelevementEnCours_ = false;
-    bool pixelLu_ = false;
-    Colour couleurSousCurseur_ = 0;
-    SuiviCurseur curseur_;
-    std::string label10_;
+    bool pipetteRunning_ = false;
+    bool pixelRead_ = false;
+    Colour colourUnderPointer_ = 0;
+    PointerTracker pointer_;
+    std::string pipetteText_;
 
     bool closed_ = false;
     bool accepted_ = false;
@@ -138,7 +128,7 @@ private:
 
 // The part of the screen the magnifier shows: a fifth of the picture's size,
 // centred on the pointer, enlarged five times into the picture.
-inline constexpr int kLoupeZoom = 5;
-RasterRect LoupeSource(int cursorX, int cursorY, int pictureWidth, int pictureHeight);
+inline constexpr int kMagnifierZoom = 5;
+RasterRect MagnifierSource(int cursorX, int cursorY, int pictureWidth, int pictureHeight);
 
 }  // namespace mirvane

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "models/preview/preview_model.h"
-#include "text/listing.h"
 
 namespace mirvane {
 
@@ -34,9 +33,9 @@ int IconCounts::Total() const {
     return static_cast<int>(std::min<long long>(sum, kLastIconNumber + 1));
 }
 
-std::optional<int> IconCounts::NumberOf(IconRef ref) const {
-    if (ref.Index < 0 || ref.Index >= CountOf(*this, ref.Kind)) return std::nullopt;
-    long long number = ref.Index;
+std::optional<int> IconCounts::NumberOf(ObjectRef ref) const {
+    if (ref.Row < 0 || ref.Row >= CountOf(*this, ref.Kind)) return std::nullopt;
+    long long number = ref.Row;
     for (ObjectKind kind : kRunOrder) {
         if (kind == ref.Kind) break;
         number += CountOf(*this, kind);
@@ -45,11 +44,11 @@ std::optional<int> IconCounts::NumberOf(IconRef ref) const {
     return static_cast<int>(number);
 }
 
-std::optional<IconRef> IconCounts::RefOf(int number) const {
+std::optional<ObjectRef> IconCounts::RefOf(int number) const {
     if (number < 0 || number >= Total()) return std::nullopt;
     for (ObjectKind kind : kRunOrder) {
         const int count = CountOf(*this, kind);
-        if (number < count) return IconRef{kind, number};
+        if (number < count) return ObjectRef{kind, number};
         number -= count;
     }
     return std::nullopt;
@@ -95,7 +94,7 @@ RasterRect IconPlacement(const IconGrid& grid, int number, int width, int height
             width * scale, height * scale};
 }
 
-std::optional<IconRef> IconAt(const IconGrid& grid, const IconCounts& counts, int x, int y) {
+std::optional<ObjectRef> IconAt(const IconGrid& grid, const IconCounts& counts, int x, int y) {
     const int fromLeft = x - grid.Margin, fromTop = y - grid.Margin;
     if (fromLeft < 0 || fromTop < 0 || grid.Pitch() <= 0) return std::nullopt;
     if (fromLeft % grid.Pitch() >= grid.Cell() || fromTop % grid.Pitch() >= grid.Cell()) return std::nullopt;
@@ -106,7 +105,7 @@ std::optional<IconRef> IconAt(const IconGrid& grid, const IconCounts& counts, in
     return counts.RefOf(static_cast<int>(number));
 }
 
-int ScrollToShow(const IconGrid& grid, const IconCounts& counts, IconRef ref, int scrollTop, int viewHeight) {
+int ScrollToShow(const IconGrid& grid, const IconCounts& counts, ObjectRef ref, int scrollTop, int viewHeight) {
     const std::optional<int> number = counts.NumberOf(ref);
     const int highest = std::max(0, grid.PictureHeight(counts.Total()) - viewHeight);
     if (!number) return std::clamp(scrollTop, 0, highest);
@@ -132,16 +131,15 @@ void IconsViewModel::SetZoomSlider(int value) {
     grid_.Zoom = std::clamp(value, kIconZoomSliderMinimum, kIconZoomSliderMaximum);
 }
 
-void IconsViewModel::Rebuild(Document& doc, RasterColour background) {
+void IconsViewModel::Rebuild(const Document& doc, RasterColour background) {
     counts_ = IconCounts::Of(doc);
     largestPoi_ = LargestPoiDimension(doc);
     background_ = background;
     thumbnails_.clear();
     thumbnails_.reserve(static_cast<std::size_t>(counts_.Total()));
     for (int number = 0; number < counts_.Total(); ++number) {
-        const IconRef ref = *counts_.RefOf(number);
-        const ObjectListing listing = ListOneObject(doc, static_cast<int>(ref.Kind), ref.Index, true);
-        const PixelPicture& picture = listing.Preview.Picture;
+        const ObjectRef ref = *counts_.RefOf(number);
+        const PixelPicture picture = PictureOfObject(doc, ref);
         thumbnails_.push_back(PaintThumbnail(picture.Day, picture.Width, picture.Height, background));
     }
 }

@@ -21,13 +21,6 @@ inline constexpr int kIconZoomSliderMaximum = 4;
 // Row and column are worked out in 16-bit integers: icons past this number have no place.
 inline constexpr int kLastIconNumber = 32767;
 
-struct IconRef {
-    ObjectKind Kind = ObjectKind::Polygon;
-    int Index = 0;
-
-    bool operator==(const IconRef&) const = default;
-};
-
 // How many objects of each kind the view shows.
 struct IconCounts {
     int Polygons = 0;
@@ -38,8 +31,8 @@ struct IconCounts {
     // At most kLastIconNumber + 1.
     int Total() const;
     // The object's number in the run: polygons first, then polylines, then POIs.
-    std::optional<int> NumberOf(IconRef ref) const;
-    std::optional<IconRef> RefOf(int number) const;
+    std::optional<int> NumberOf(ObjectRef ref) const;
+    std::optional<ObjectRef> RefOf(int number) const;
 };
 
 struct IconGrid {
@@ -71,11 +64,11 @@ RasterRect IconPlacement(const IconGrid& grid, int number, int width, int height
 
 // The object whose cell holds the point (x, y) of the picture; none in the
 // margins or past the last icon.
-std::optional<IconRef> IconAt(const IconGrid& grid, const IconCounts& counts, int x, int y);
+std::optional<ObjectRef> IconAt(const IconGrid& grid, const IconCounts& counts, int x, int y);
 
 // The scroll offset (top of the visible band) that brings the icon of `ref`
 // into a band of `viewHeight` rows, moving as little as it can.
-int ScrollToShow(const IconGrid& grid, const IconCounts& counts, IconRef ref, int scrollTop, int viewHeight);
+int ScrollToShow(const IconGrid& grid, const IconCounts& counts, ObjectRef ref, int scrollTop, int viewHeight);
 
 class IconsViewModel {
 public:
@@ -87,17 +80,17 @@ public:
     void SetZoomSlider(int value);
     void SetPictureWidth(int width) { grid_.PictureWidth = width; }
 
-    // AfficheTout: lists every object with its picture and keeps the day
-    // thumbnails. Broken objects are logged by the listing and left blank.
-    void Rebuild(Document& doc, RasterColour background);
+    // AfficheTout: decodes every object and keeps its day thumbnail. An
+    // object that cannot be drawn is left blank; the document is not touched.
+    void Rebuild(const Document& doc, RasterColour background);
     // The band [top, top + height) of the whole picture.
     Raster RenderBand(int top, int height) const;
 
     const IconGrid& Grid() const { return grid_; }
     const IconCounts& Counts() const { return counts_; }
     int PictureHeight() const { return grid_.PictureHeight(counts_.Total()); }
-    std::optional<IconRef> Click(int x, int y) const { return IconAt(grid_, counts_, x, y); }
-    int ScrollFor(IconRef ref, int scrollTop, int viewHeight) const {
+    std::optional<ObjectRef> Click(int x, int y) const { return IconAt(grid_, counts_, x, y); }
+    int ScrollFor(ObjectRef ref, int scrollTop, int viewHeight) const {
         return ScrollToShow(grid_, counts_, ref, scrollTop, viewHeight);
     }
 

@@ -37,7 +37,7 @@ void ObjectPreviewModel::Reset() {
 void ObjectPreviewModel::Pick(const ObjectPreview& preview) {
     const PixelPicture& picture = preview.Picture;
     pictures_[KindSlot(preview.Kind)] = picture;
-    state_.EditScope = static_cast<int>(preview.Kind);
+    state_.Shown = preview.Kind;
     state_.LabelDayColour = preview.LabelDayColour;
     state_.LabelNightColour = preview.LabelNightColour;
     switch (preview.Kind) {
@@ -77,42 +77,42 @@ void ObjectPreviewModel::SetZoomSlider(int value) {
     zoomSlider_ = std::clamp(value, kZoomSliderMinimum, kZoomSliderMaximum);
 }
 
-bool ObjectPreviewModel::HasNight(int scope) const {
-    switch (scope) {
-    case 1: return state_.PolygonNight;
-    case 2: return state_.PolylineNight;
-    case 3: return state_.PoiNight;
-    default: return false;
+bool ObjectPreviewModel::HasNight(ObjectKind kind) const {
+    switch (kind) {
+    case ObjectKind::Polygon: return state_.PolygonNight;
+    case ObjectKind::Polyline: return state_.PolylineNight;
+    case ObjectKind::Poi: break;
     }
+    return state_.PoiNight;
 }
 
-int ObjectPreviewModel::ThumbnailWidth(int scope) const {
-    return scope == 3 ? state_.PoiWidth : kTileSide;
+int ObjectPreviewModel::ThumbnailWidth(ObjectKind kind) const {
+    return kind == ObjectKind::Poi ? state_.PoiWidth : kTileSide;
 }
 
-int ObjectPreviewModel::ThumbnailHeight(int scope) const {
-    switch (scope) {
-    case 1: return kTileSide;
-    case 2: return state_.PolylineHeight;
-    default: return state_.PoiHeight;
+int ObjectPreviewModel::ThumbnailHeight(ObjectKind kind) const {
+    switch (kind) {
+    case ObjectKind::Polygon: return kTileSide;
+    case ObjectKind::Polyline: return state_.PolylineHeight;
+    case ObjectKind::Poi: break;
     }
+    return state_.PoiHeight;
 }
 
-void ObjectPreviewModel::AfficheSeul(int scope) {
-    if (scope < 1 || scope > 3) return;
+void ObjectPreviewModel::AfficheSeul(ObjectKind kind) {
     const int zoom = state_.Zoom;
-    const int left = SeulOffset(zoom, ThumbnailWidth(scope));
-    const int top = SeulOffset(zoom, ThumbnailHeight(scope));
+    const int left = SeulOffset(zoom, ThumbnailWidth(kind));
+    const int top = SeulOffset(zoom, ThumbnailHeight(kind));
     const RasterRect source{0, 0, kSeulSourceSide, kSeulSourceSide};
-    const int first = (scope - 1) * 2;
+    const int first = KindSlot(kind) * 2;
     StretchCopy(vignettes_[first], source, apercus_[0], left, top, zoom);
-    if (HasNight(scope)) StretchCopy(vignettes_[first + 1], source, apercus_[1], left, top, zoom);
+    if (HasNight(kind)) StretchCopy(vignettes_[first + 1], source, apercus_[1], left, top, zoom);
 }
 
-void ObjectPreviewModel::AfficheMosaique(int dayOrNight, int scope) {
-    if (scope != 1 && scope != 2) return;  // a POI has no mosaic
-    const Raster& tile = vignettes_[(scope - 1) * 2 + dayOrNight];
-    const int rows = scope == 1 ? kMosaicRepeat : 1;
+void ObjectPreviewModel::AfficheMosaique(int dayOrNight, ObjectKind kind) {
+    if (kind == ObjectKind::Poi) return;  // a POI has no mosaic
+    const Raster& tile = vignettes_[KindSlot(kind) * 2 + dayOrNight];
+    const int rows = kind == ObjectKind::Polygon ? kMosaicRepeat : 1;
     for (int row = 0; row < rows; ++row)
         for (int column = 0; column < kMosaicRepeat; ++column)
             CopyTile(tile, {0, 0, kTileSide, kTileSide}, apercus_[dayOrNight], column * kTileSide, row * kTileSide);
@@ -123,8 +123,8 @@ void ObjectPreviewModel::AfficheMosaique(int dayOrNight, int scope) {
 void ObjectPreviewModel::Superpose() {
     constexpr int mosaicSide = kTileSide * kMosaicRepeat;
     if (state_.PolygonShown) {
-        AfficheMosaique(0, 1);
-        if (state_.PolygonNight) AfficheMosaique(1, 1);
+        AfficheMosaique(0, ObjectKind::Polygon);
+        if (state_.PolygonNight) AfficheMosaique(1, ObjectKind::Polygon);
         else CopyTile(apercus_[0], {0, 0, mosaicSide, mosaicSide}, apercus_[1], 0, 0);
     }
     const RasterRect line{0, 0, kTileSide, state_.PolylineHeight};
@@ -141,15 +141,16 @@ void ObjectPreviewModel::Update() {
     switch (mode_) {
     case PreviewMode::Seul:
         state_.Zoom = zoomSlider_ / 100;
-        AfficheSeul(state_.EditScope);
+        if (state_.Shown) AfficheSeul(*state_.Shown);
         break;
     case PreviewMode::Superposition:
         Superpose();
         break;
     case PreviewMode::Mosaique:
         state_.Zoom = kMosaicZoomField;
-        AfficheMosaique(0, state_.EditScope);
-        if (HasNight(state_.EditScope)) AfficheMosaique(1, state_.EditScope);
+        if (!state_.Shown) break;
+        AfficheMosaique(0, *state_.Shown);
+        if (HasNight(*state_.Shown)) AfficheMosaique(1, *state_.Shown);
         break;
     }
 }

@@ -1,5 +1,5 @@
 // The object preview of the main window: six thumbnails painted from the
-// listing's pictures of the last picked polygon, polyline and POI, and the
+// pictures of the last picked polygon, polyline and POI, and the
 // day and night previews composed from them ("Seul", "Mosaïque",
 // "Superposition"). No GUI type: the view shows Apercus(0) and Apercus(1).
 #pragma once
@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "graphics/raster.h"
-#include "text/listing_preview.h"
+#include "document/object_preview.h"
 
 namespace mirvane {
 
@@ -30,7 +30,7 @@ inline constexpr RasterColour kDefaultPreviewBackground = 0xFFFFFF;
 
 // What the window keeps from the last picked objects.
 struct PreviewState {
-    int EditScope = 0;  // 1 polygon, 2 polyline, 3 POI; 0 before any pick
+    std::optional<ObjectKind> Shown;  // the kind of the last pick; none before any
     bool PolygonShown = false;
     bool PolygonNight = false;
     bool PolylineNight = false;
@@ -56,7 +56,7 @@ public:
     explicit ObjectPreviewModel(RasterColour background = kDefaultPreviewBackground);
 
     // An object was picked in its list: paints the two thumbnails of its kind
-    // and makes it the EditScope. Call Update() to compose.
+    // and makes it the one shown. Call Update() to compose.
     void Pick(const ObjectPreview& preview);
     // cmdCouleurFond: the thumbnails of the last picks are painted again;
     // Update() shows them.
@@ -80,11 +80,11 @@ public:
 
 private:
     void PaintVignettes(ObjectKind kind);
-    bool HasNight(int scope) const;
-    int ThumbnailHeight(int scope) const;
-    int ThumbnailWidth(int scope) const;
-    void AfficheSeul(int scope);
-    void AfficheMosaique(int dayOrNight, int scope);
+    bool HasNight(ObjectKind kind) const;
+    int ThumbnailHeight(ObjectKind kind) const;
+    int ThumbnailWidth(ObjectKind kind) const;
+    void AfficheSeul(ObjectKind kind);
+    void AfficheMosaique(int dayOrNight, ObjectKind kind);
     void Superpose();
 
     RasterColour background_;

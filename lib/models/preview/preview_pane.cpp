@@ -1,29 +1,14 @@
 #include "models/preview/preview_pane.h"
 
-#include "text/listing.h"
-
 namespace mirvane {
 
-ObjectPreview PreviewOfObject(Document& doc, int scope, int index) {
-    const std::size_t logLength = doc.ReadErrorLog.size();
-    const bool flagged = doc.ReadErrorFlag;
-    ObjectPreview preview = ListOneObject(doc, scope, index, true).Preview;
-    doc.ReadErrorLog.resize(logLength);
-    doc.ReadErrorFlag = flagged;
-    return preview;
-}
-
-PreviewEnables PreviewEnablesFor(bool editing, int previewScope, PreviewMode mode) {
+PreviewEnables PreviewEnablesFor(std::optional<ObjectKind> shown, PreviewMode mode) {
     PreviewEnables enables;
+    const bool editing = shown.has_value();
     enables.Seul = enables.Superposition = enables.Background = editing;
-    enables.Mosaique = editing && (previewScope == 1 || previewScope == 2);
+    enables.Mosaique = editing && *shown != ObjectKind::Poi;
     enables.Zoom = editing && mode == PreviewMode::Seul;
     return enables;
-}
-
-std::optional<IconRef> IconOfRow(int scope, int index) {
-    if (scope < 1 || scope > 3 || index < 0) return std::nullopt;
-    return IconRef{static_cast<ObjectKind>(scope), index};
 }
 
 }  // namespace mirvane

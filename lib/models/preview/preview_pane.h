@@ -1,6 +1,5 @@
 // What the preview and icons views of the main window need beside the two
-// models: the picture of a picked object, which controls are live, and the
-// icon that stands for a list row.
+// models: which controls are live, and the icon that stands for a list row.
 #pragma once
 
 #include <optional>
@@ -8,17 +7,11 @@
 #include "document/document.h"
 #include "models/preview/icons_view_model.h"
 #include "models/preview/preview_model.h"
-#include "text/listing_preview.h"
 
 namespace mirvane {
 
-// The preview of object `index` of `scope` (1 polygon, 2 polyline, 3 POI).
-// The text pane lists the same object and logs it when it is broken, so this
-// pass leaves the document's error log as it found it.
-ObjectPreview PreviewOfObject(Document& doc, int scope, int index);
-
 // boutons_edition for the preview: the options and cmdCouleurFond follow
-// `editing`; "Mosaïque" only for a polygon or a line; sldZoom and lblZoom
+// whether an object is shown; "Mosaïque" only for a polygon or a line; sldZoom and lblZoom
 // under "Seul" only.
 struct PreviewEnables {
     bool Seul = false;
@@ -27,9 +20,6 @@ struct PreviewEnables {
     bool Background = false;
     bool Zoom = false;
 };
-PreviewEnables PreviewEnablesFor(bool editing, int previewScope, PreviewMode mode);
-
-// The icon of list row `index` of `scope`; none for another scope or a negative row.
-std::optional<IconRef> IconOfRow(int scope, int index);
+PreviewEnables PreviewEnablesFor(std::optional<ObjectKind> shown, PreviewMode mode);
 
 }  // namespace mirvane

@@ -8,35 +8,22 @@
 
 namespace mirvane {
 
-namespace {
-
-std::string LanguagesCaption(std::string_view fallback, std::string_view key) {
-    return FormCaption("Langues", fallback, key);
-}
-
-}  // namespace
-
 LanguagesModel::LanguagesModel(SettingsStore& settings, UserPrompts& prompts)
     : settings_(settings), prompts_(prompts) {}
 
-void LanguagesModel::Form_Load() {
-    Caption = LanguagesCaption("Langues disponibles", "frmLangues");
-    lblLangues_Caption = LanguagesCaption("Choisissez la langue de Mirvane :", "lblLangues");
-    cmdOK_Caption = LanguagesCaption("OK", "cmdOK");
-    lstLang = {kFrenchRow};
+void LanguagesModel::Load() {
+    rows_ = {kFrenchRow};
     SelectedRow = 0;
     for (const std::string& name : ListLanguages()) {
-        lstLang.push_back(name);
-        if (name == LanguageName()) SelectedRow = static_cast<int>(lstLang.size()) - 1;
+        rows_.push_back(name);
+        if (name == LanguageName()) SelectedRow = static_cast<int>(rows_.size()) - 1;
     }
-    Visible = true;
 }
 
-LanguageChange LanguagesModel::cmdOK_Click() {
-    Visible = false;
-    if (SelectedRow < 0 || SelectedRow >= static_cast<int>(lstLang.size())) return LanguageChange::Unchanged;
+LanguageChange LanguagesModel::ApplyChoice() {
+    if (SelectedRow < 0 || SelectedRow >= static_cast<int>(rows_.size())) return LanguageChange::Unchanged;
     const std::string oldName = LanguageName();
-    std::string chosen = lstLang[static_cast<std::size_t>(SelectedRow)];
+    std::string chosen = rows_[static_cast<std::size_t>(SelectedRow)];
     if (chosen == kFrenchRow) chosen = kBuiltInLanguage;
     if (chosen == oldName) return LanguageChange::Unchanged;
 

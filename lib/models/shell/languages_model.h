@@ -25,22 +25,20 @@ class LanguagesModel {
 public:
     LanguagesModel(SettingsStore& settings, UserPrompts& prompts);
 
-    std::string Caption;             // "Langues disponibles"
-    std::string lblLangues_Caption;
-    std::string cmdOK_Caption;
-    std::vector<std::string> lstLang;  // "Français" first, then the files
-    int SelectedRow = 0;
-    bool Visible = true;
-
     // Fills the list and selects the current language.
-    void Form_Load();
+    void Load();  // Form_Load
+    // "Français" first, then the language files.
+    const std::vector<std::string>& Rows() const { return rows_; }  // lstLang
+    int SelectedRow = 0;
+
     // Takes the selected row as the language: stores it, and going back to
     // French tells the user, in the words of the language left, to restart.
-    LanguageChange cmdOK_Click();
+    LanguageChange ApplyChoice();  // cmdOK
 
 private:
     SettingsStore& settings_;
     UserPrompts& prompts_;
+    std::vector<std::string> rows_;
 };
 
 // The text of `key` in the file of language `name`, or the default: the

@@ -8,7 +8,7 @@
 #include "document/file_messages.h"
 #include "document/presentation.h"
 #include "document/draw_order_table.h"
-#include "models/textpane/compiler_route.h"
+#include "models/shell/error_list_model.h"
 #include "lang/lookup.h"
 #include "base/ascii.h"
 

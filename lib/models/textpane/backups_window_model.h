@@ -14,27 +14,24 @@ public:
     // Opens on the newest backup.
     explicit BackupsWindowModel(const TextBackups& backups);
 
-    // What the window shows.
-    std::string Caption;
-    std::string Text1;  // read-only, fixed-pitch
-    bool cmdPrecedent_Enabled = false;
-    bool cmdSuivant_Enabled = false;
-    std::string cmdPrecedent_Caption;
-    std::string cmdSuivant_Caption;
-    std::string cmdCopier_Caption;
-    std::string cmdFermer_Caption;
+    // "Dernière sauvegarde au format texte" on the newest backup, "Sauvegarde
+    // au format texte" on the others, then "  ( position/total )"; without
+    // backups the second alone.
+    std::string Title() const;  // Caption
+    // The backup shown, or "Aucune sauvegarde".
+    std::string Text() const;  // Text1
+    bool HasBackups() const { return !backups_.Empty(); }
 
-    void cmdPrecedent_Click();
-    void cmdSuivant_Click();
-    // The text the copy button puts on the clipboard.
-    const std::string& cmdCopier_Click() const { return Text1; }
+    bool CanShowPrevious() const { return HasBackups() && position_ > 0; }                 // cmdPrécédent
+    bool CanShowNext() const { return HasBackups() && position_ + 1 < backups_.Count(); }  // cmdSuivant
+    // Each does nothing at its end of the list.
+    void ShowPrevious();
+    void ShowNext();
 
     // Position shown, counted from 0; meaningless with no backups.
     std::size_t Position() const { return position_; }
 
 private:
-    void Show(std::size_t position);
-
     const TextBackups& backups_;
     std::size_t position_ = 0;
 };

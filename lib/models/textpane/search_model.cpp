@@ -11,29 +11,18 @@ std::string SearchText(std::string_view fallback, std::string_view key) {
 }
 }  // namespace
 
-SearchModel::SearchModel(TextBuffer& pane, UserPrompts& prompts)
-    : Caption(SearchText("Rechercher", "Caption")),
-      lblRechercher_Caption(SearchText("Rechercher :", "lblRechercher")),
-      lblRemplacer_Caption(SearchText("Remplacer par :", "lblRemplacer")),
-      chkCasse_Caption(SearchText("Respecter la casse", "chkCasse")),
-      chkMotEntier_Caption(SearchText("Mot entier uniquement", "chkMotEntier")),
-      cmdSuivant_Caption(SearchText("Suivant", "cmdSuivant")),
-      cmdRemplacer_Caption(SearchText("Remplacer", "cmdRemplacer")),
-      cmdRemplacerTout_Caption(SearchText("Remplacer tout", "cmdRemplacerTout")),
-      cmdAnnuler_Caption(SearchText("Annuler", "cmdAnnuler")),
-      pane_(pane),
-      prompts_(prompts) {}
+SearchModel::SearchModel(TextBuffer& pane, UserPrompts& prompts) : pane_(pane), prompts_(prompts) {}
 
 long long SearchModel::SearchStep() {
     const std::size_t start = CurrentPosition();
     pane_.SetSelection(start, 0);
-    if (Text1.empty()) return -1;
-    return pane_.Find(Text1, start, Options());
+    if (Word.empty()) return -1;
+    return pane_.Find(Word, start, Options);
 }
 
-bool SearchModel::cmdSuivant_Click() {
+bool SearchModel::FindNext() {
     if (SearchStep() >= 0) return true;
-    const std::string question = SearchText("Impossible de trouver", "msgImpossible") + "  \"" + Text1 + "\"" +
+    const std::string question = SearchText("Impossible de trouver", "msgImpossible") + "  \"" + Word + "\"" +
                                  kLineBreak + kLineBreak +
                                  SearchText("Reprendre la recherche depuis le début du fichier?", "msgReprendre");
     if (!prompts_.AskYesNo("Mirvane", question, false)) return false;
@@ -43,12 +32,12 @@ bool SearchModel::cmdSuivant_Click() {
     return SearchStep() >= 0;
 }
 
-void SearchModel::cmdRemplacer_Click() { pane_.ReplaceSelection(txtRemplacer); }
+void SearchModel::ReplaceSelection() { pane_.ReplaceSelection(Replacement); }
 
-std::size_t SearchModel::cmdRemplacerTout_Click() {
+std::size_t SearchModel::ReplaceAll() {
     const std::size_t start = CurrentPosition();
     pane_.SetSelection(start, 0);
-    const std::size_t count = Text1.empty() ? 0 : pane_.ReplaceAll(Text1, txtRemplacer, start, Options());
+    const std::size_t count = Word.empty() ? 0 : pane_.ReplaceAll(Word, Replacement, start, Options);
     prompts_.Inform(SearchText("Terminé", "msgTermine"),
                     std::to_string(count) + "  " + SearchText("remplacements effectués", "msgremplacements"));
     return count;

@@ -39,8 +39,9 @@ std::string BackupFileEntry(std::string_view fileName, std::size_t number, std::
 
 // Writes `entry` at the end of the backup file in `folder`. The entry starts
 // on the last byte of the file, so it overwrites the last carriage return of
-// the entry before: the file has always been written that way. Failures are
-// passed over; returns whether the entry was written.
+// the entry before: existing Mirvane.save files have this layout, every entry
+// but the last ending in two carriage returns. Failures are passed over;
+// returns whether the entry was written.
 bool AppendBackupEntry(const std::string& folder, std::string_view entry);
 
 // sauvegardertexte: keeps `paneText` as one more backup and, when

@@ -4,7 +4,6 @@
 // are not read.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,8 +21,9 @@ struct SettingKey {
 // Where the tool's path is read: section "cGPSmapper", key "Chemin".
 SettingKey CompilerPathReadKey();
 // Where the browse button stores it: the key is the translated text of
-// "Chemin", so a language that translates it writes where nothing reads.
-// The program has always done so.
+// "Chemin". Existing settings keep the path under "Chemin" and existing
+// language files translate that key, so both stay as they are, even though a
+// language that translates it writes where nothing reads.
 SettingKey CompilerPathWriteKey();
 // The tool's path when nothing is stored.
 std::string DefaultCompilerPath();
@@ -43,71 +43,55 @@ std::optional<CompilerCommand> BuildCompilerCommand(const std::string& tool, con
 // three become "typ". Nothing otherwise.
 std::optional<std::string> TypPathFor(const std::string& textPath);
 
+// Texts the window shares with its prompts: the labels of the three fields
+// are also the titles of their browse dialogs, and the window's title heads
+// the warning of a TYP file that cannot be made.
+std::string CompilerWindowTitle();
+std::string ToolFieldCaption();  // lblcGPSmapperPath
+std::string TextFieldCaption();  // lblTxtPath
+std::string TypFieldCaption();   // lblTypPath
+
 class CompilerModel {
 public:
     explicit CompilerModel(UserPrompts& prompts);
 
-    std::string Caption;
-    std::string lblcGPSmapperPath_Caption;
-    std::string lblTxtPath_Caption;
-    std::string lblTypPath_Caption;
-    std::string Command1_Caption;
-    std::string cmdAnnuler_Caption;
-    std::string txtChemincGPSmapper;
-    std::string txtFichiertxt;
-    std::string txtFichierTyp;
-    bool Visible = true;
+    const std::string& ToolPath() const { return toolPath_; }  // txtChemincGPSmapper
+    const std::string& TextPath() const { return textPath_; }  // txtFichiertxt
+    const std::string& TypPath() const { return typPath_; }    // txtFichierTyp
+    void SetToolPath(std::string path) { toolPath_ = std::move(path); }
+    // The TYP path follows (TypPathFor).
+    void SetTextPath(std::string path);  // txtFichiertxt_Change
+    void SetTypPath(std::string path) { typPath_ = std::move(path); }
 
-    // With the stored path (read under CompilerPathReadKey) the field takes
-    // it; without, the field keeps the default and the user is told to find
-    // the tool.
-    void Form_Load(const std::optional<std::string>& storedPath);
-    // Call after every change of txtFichiertxt.
-    void txtFichiertxt_Change();
-    // Browse buttons. The tool's button returns the setting to store at once
-    // when a path was chosen.
+    // With the stored path (read under CompilerPathReadKey) the tool's field
+    // takes it; without, the field keeps the default and the user is told to
+    // find the tool.
+    void LoadToolPath(const std::optional<std::string>& storedPath);  // Form_Load
+
+    // The browse buttons. The tool's button returns the setting to store at
+    // once when a path was chosen.
     struct SettingWrite {
         SettingKey Where;
         std::string Value;
     };
-    std::optional<SettingWrite> cmdChemincGPSmapper_Click();
-    void cmdFichiertxt_Click();
-    void cmdFichierTyp_Click();
+    std::optional<SettingWrite> BrowseForTool();  // cmdChemincGPSmapper
+    void BrowseForText();                         // cmdFichiertxt
+    void BrowseForTyp();                          // cmdFichierTyp
+
     // Creates or empties the TYP file, then gives the command for the app to
     // start. Nothing is started when the TYP file cannot be made (after a
     // critical message) or when the tool's path is empty.
-    std::optional<CompilerCommand> Command1_Click();
-    void cmdAnnuler_Click() { Visible = false; }
+    std::optional<CompilerCommand> Compile();  // Command1
 
 private:
     UserPrompts& prompts_;
+    std::string toolPath_;
+    std::string textPath_;
+    std::string typPath_;
 };
 
 // Creates the file or empties it, through the one save path, so that a bad
 // target fails before the compiler runs; false with the reason when it cannot.
 bool TruncateFile(const std::string& path, std::string& reason);
-
-// frmErreur.
-struct ErrorWindowModel {
-    std::string Caption;
-    std::string Text;
-    std::string cmdCopy_Caption;
-    std::string cmdFermer_Caption;
-};
-
-// The error list: "Erreurs rencontrées dans le fichier", "  : ", the path,
-// a line end, 150 '*', two line ends and the log.
-std::string ErrorWindowText(const std::string& filePath, const std::string& readErrorLog);
-ErrorWindowModel MakeErrorWindow(const std::string& filePath, const std::string& readErrorLog);
-
-// frmColorIdentifier: the texts for the colour under the pointer, a colour
-// 0x00BBGGRR. The identification TYP puts the type in the last red digit and
-// the green byte, the subtype in the blue byte.
-struct ColourIdentity {
-    std::string Label1;   // "#RRGGBB"
-    std::string Type;     // "0x" + the three digits from the 3rd of Label1
-    std::string SubType;  // "0x" + the two digits from the 6th
-};
-ColourIdentity IdentifyColour(std::uint32_t colour);
 
 }  // namespace mirvane
