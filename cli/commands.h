@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace mirvane::cli {
@@ -17,6 +18,10 @@ int DecompileCommand(const Arguments& args);
 int CompileCommand(const Arguments& args);
 int MapsetsCommand(const Arguments& args);
 
+// Runs `command` with a last-resort handler: whatever escapes it becomes a
+// message on stderr and exit status 2, never an abort.
+int RunGuarded(int (*command)(const Arguments&), const Arguments& args);
+
 // True when the arguments ask for help.
 bool WantsHelp(const Arguments& args);
 
@@ -26,6 +31,13 @@ int ReportLog(const std::string& log, bool flagged);
 // Parses "--header-size N" style options; the value of `name` or empty.
 bool TakeOption(Arguments& args, const std::string& name, std::string& value);
 bool TakeFlag(Arguments& args, const std::string& name);
+
+// False, after saying so, when `output` is the file `input` (by any name)
+// and --in-place was not given: writing there would replace the input.
+bool CheckOutputIsNotInput(const std::string& input, const std::string& output, bool inPlace);
+
+// Writes `bytes` to `path` through the one save path; false after saying why.
+bool WriteOrReport(const std::string& path, std::string_view bytes);
 
 }  // namespace mirvane::cli
 
@@ -44,8 +56,14 @@ int SaveAndReport(Document& doc, const std::string& path);
 
 using DocumentOpener = bool (*)(Document&, const std::string&);
 
-// Opens `path` with `open`; false, after saying so on stderr, when it cannot be read.
+// Opens `path` with `open`; false, after saying why on stderr, when it is no
+// file that can be read (a folder, a device, a pipe, a file too large).
 bool OpenOrReport(Document& doc, const std::string& path, DocumentOpener open);
+
+// False, after saying so, when the read found no TYP at all: a binary file
+// without a TYP header, or a text with neither [_id] nor any object. Such a
+// read must not replace anything.
+bool CheckFoundTyp(const Document& doc, const std::string& path);
 
 // Opens IN with `open`, applies the --header-size, --fid and --product-code
 // options and saves to -o OUT: roundtrip and compile.

@@ -1,8 +1,24 @@
+#include <exception>
+#include <filesystem>
 #include <iostream>
 
+#include "base/file_io.h"
 #include "commands.h"
+#include "document/binary_reader.h"
+#include "document/file_messages.h"
 
 namespace mirvane::cli {
+
+int RunGuarded(int (*command)(const Arguments&), const Arguments& args) {
+    try {
+        return command(args);
+    } catch (const std::exception& failure) {
+        std::cerr << "mirvane-cli: unexpected failure: " << failure.what() << "\n";
+    } catch (...) {
+        std::cerr << "mirvane-cli: unexpected failure\n";
+    }
+    return kExitFailure;
+}
 
 bool WantsHelp(const Arguments& args) {
     for (const auto& arg : args)
@@ -37,6 +53,41 @@ bool TakeFlag(Arguments& args, const std::string& name) {
         args.erase(args.begin() + static_cast<long>(i));
         return true;
     }
+    return false;
+}
+
+bool CheckOutputIsNotInput(const std::string& input, const std::string& output, bool inPlace) {
+    std::error_code error;
+    if (inPlace || !std::filesystem::equivalent(PathFromUtf8(input), PathFromUtf8(output), error)) return true;
+    std::cerr << "mirvane-cli: " << output << " is the input file; give --in-place to replace it\n";
+    return false;
+}
+
+bool WriteOrReport(const std::string& path, std::string_view bytes) {
+    const WriteResult written = WriteFileAtomically(PathFromUtf8(path), bytes);
+    if (written.Ok()) return true;
+    std::cerr << "mirvane-cli: cannot write " << path << ": " << WriteFailureText(written.Status, written.Reason)
+              << "\n";
+    return false;
+}
+
+bool OpenOrReport(Document& doc, const std::string& path, DocumentOpener open) {
+    ReadResult problem = InspectInputFile(PathFromUtf8(path));
+    if (problem.Ok() && open(doc, path)) return true;
+    if (problem.Ok()) problem = {ReadStatus::Failed, "read error"};  // it changed between the check and the read
+    std::cerr << "mirvane-cli: cannot read " << path;
+    if (const std::string why = ReadFailureText(problem); !why.empty()) std::cerr << ": " << why;
+    std::cerr << "\n";
+    return false;
+}
+
+bool CheckFoundTyp(const Document& doc, const std::string& path) {
+    const bool found = doc.FromText ? doc.Identity.Fid.has_value() || doc.PolygonCount() > 0 ||
+                                          !doc.Polylines.empty() || doc.PoiCount() > 0 || !doc.DrawOrder.empty()
+                                    : HasTypSignature(doc.Header);
+    if (found) return true;
+    ReportLog(doc.ReadErrorLog, doc.ReadErrorFlag);
+    std::cerr << "mirvane-cli: " << path << " holds no TYP; nothing written\n";
     return false;
 }
 

@@ -4,6 +4,7 @@
 #include "commands.h"
 #include "document/binary_reader.h"
 #include "document/presentation.h"
+#include "lang/lookup.h"
 
 namespace mirvane::cli {
 
@@ -14,9 +15,10 @@ const char* const kHelp =
     "Prints the header fields, object counts and sections of a binary TYP, and the\n"
     "errors met while reading it (on stderr).\n";
 
+// Quantities follow the language's digit grouping; identifiers (FID, code
+// page) stay plain.
 void PrintSection(const char* name, std::int64_t offset, std::int64_t length, int recordSize = -1) {
-    std::printf("  %-22s offset %8lld  length %8lld", name, static_cast<long long>(offset),
-                static_cast<long long>(length));
+    std::printf("  %-22s offset %13s  length %13s", name, GroupedNumber(offset).c_str(), GroupedNumber(length).c_str());
     if (recordSize >= 0) std::printf("  record size %d", recordSize);
     std::printf("\n");
 }
@@ -31,13 +33,14 @@ void PrintDocument(const Document& doc) {
     std::printf("Code page:    %d\n", h.CodePage);
     std::printf("FID:          %s\n", IdentityNumberText(doc.Identity.Fid).c_str());
     std::printf("Product code: %s\n", IdentityNumberText(doc.Identity.ProductCode).c_str());
-    std::printf("Polygons:     %d\n", doc.PolygonCount());
-    std::printf("Polylines:    %d (+ %d for active routing)\n", doc.PolylineCount, doc.ExtraPolylineCount);
-    std::printf("POIs:         %d\n", doc.PoiCount());
-    std::printf("Extra POIs:   %d\n", doc.ExtraPoiCount);
-    std::printf("Extra labels: %d\n", doc.LabelCount);
-    std::printf("Draw order:   %zu rows\n", doc.DrawOrder.size());
-    std::printf("Comment:      %zu bytes\n", doc.HeaderGapBytes.size());
+    std::printf("Polygons:     %s\n", GroupedNumber(doc.PolygonCount()).c_str());
+    std::printf("Polylines:    %s (+ %s for active routing)\n", GroupedNumber(doc.PolylineCount).c_str(),
+                GroupedNumber(doc.ExtraPolylineCount).c_str());
+    std::printf("POIs:         %s\n", GroupedNumber(doc.PoiCount()).c_str());
+    std::printf("Extra POIs:   %s\n", GroupedNumber(doc.ExtraPoiCount).c_str());
+    std::printf("Extra labels: %s\n", GroupedNumber(doc.LabelCount).c_str());
+    std::printf("Draw order:   %s rows\n", GroupedNumber(static_cast<std::int64_t>(doc.DrawOrder.size())).c_str());
+    std::printf("Comment:      %s bytes\n", GroupedNumber(static_cast<std::int64_t>(doc.HeaderGapBytes.size())).c_str());
     std::printf("Sections:\n");
     PrintSection("polygon data", h.PolygonDataOffset, h.PolygonDataLength);
     PrintSection("polygon index", h.PolygonIndexOffset, h.PolygonIndexLength, h.PolygonIndexRecordSize);

@@ -11,7 +11,7 @@ using namespace mirvane::cli;
 namespace {
 
 const char* const kUsage =
-    "Usage: mirvane-cli COMMAND [ARGS]\n"
+    "Usage: mirvane-cli [--language NAME] COMMAND [ARGS]\n"
     "\n"
     "Commands:\n"
     "  info FILE.typ                      header fields, counts, sections and the read log\n"
@@ -20,19 +20,31 @@ const char* const kUsage =
     "  compile IN.txt -o OUT.typ          compile a text TYP to a binary TYP\n"
     "  mapsets                            list the Garmin mapsets installed on this machine\n"
     "\n"
-    "Each command takes --help. Exit status: 0 ok, 1 read with logged errors, 2 usage or I/O failure.\n";
+    "Messages and numbers are in English unless --language names another file of\n"
+    "Langues (Francais is built in). Each command takes --help.\n"
+    "Exit status: 0 ok, 1 read with logged errors, 2 usage or I/O failure.\n";
 
-}  // namespace
+// English unless the user names another language; without English.lng the
+// built-in French remains.
+void ChooseLanguage(Arguments& args, const std::filesystem::path& programFolder) {
+    mirvane::SetLanguageFolder(mirvane::ChooseLanguageFolder(programFolder.string()));
+    std::string name = "English";
+    TakeOption(args, "--language", name);
+    if (name == mirvane::kBuiltInLanguage || mirvane::LanguageExists(name)) mirvane::SetLanguageName(name);
+}
 
-int main(int argc, char** argv) {
-    Arguments args(argv + 1, argv + argc);
+// `args` starts with the program's own path.
+int Run(const Arguments& commandLine) {
+    Arguments args(commandLine.begin() + 1, commandLine.end());
+    ChooseLanguage(args, std::filesystem::absolute(commandLine[0]).parent_path());
     if (args.empty() || args[0] == "--help" || args[0] == "-h" || args[0] == "help") {
         std::cout << kUsage;
         return args.empty() ? kExitFailure : kExitOk;
     }
-    const std::filesystem::path program = std::filesystem::absolute(argv[0]).parent_path();
-    mirvane::SetLanguageFolder(mirvane::ChooseLanguageFolder(program.string()));
-
+    if (args[0] == "--version") {
+        std::cout << "mirvane-cli " << MIRVANE_VERSION_TEXT << "\n";
+        return kExitOk;
+    }
     const std::map<std::string, int (*)(const Arguments&)> commands = {
         {"info", InfoCommand},
         {"roundtrip", RoundtripCommand},
@@ -47,3 +59,7 @@ int main(int argc, char** argv) {
     }
     return command->second(Arguments(args.begin() + 1, args.end()));
 }
+
+}  // namespace
+
+int main(int argc, char** argv) { return RunGuarded(Run, Arguments(argv, argv + argc)); }

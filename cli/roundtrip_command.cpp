@@ -5,6 +5,8 @@
 #include "document/binary_reader.h"
 #include "document/binary_writer.h"
 #include "document/identity.h"
+#include "document/file_messages.h"
+#include "document/presentation.h"
 #include "base/numbers.h"
 
 namespace mirvane::cli {
@@ -13,9 +15,10 @@ namespace {
 
 const char* const kHelp =
     "Usage: mirvane-cli roundtrip IN.typ -o OUT.typ [--header-size 91|110|156|164|174|N]\n"
-    "                             [--fid N] [--product-code N]\n"
+    "                             [--fid N] [--product-code N] [--in-place]\n"
     "Reads a binary TYP and writes it back with fresh offsets and today's date.\n"
-    "The header size, FID and product code default to those of the file read.\n";
+    "The header size, FID and product code default to those of the file read.\n"
+    "OUT may be IN only with --in-place.\n";
 
 // --fid and --product-code: a value out of range stops the command rather
 // than being saved as some other number.
@@ -27,11 +30,6 @@ bool ApplyIdentityOption(std::optional<std::uint16_t>& field, const char* option
 
 }  // namespace
 
-bool OpenOrReport(Document& doc, const std::string& path, DocumentOpener open) {
-    if (open(doc, path)) return true;
-    std::cerr << "mirvane-cli: cannot read " << path << "\n";
-    return false;
-}
 
 bool ApplyHeaderSizeOption(TypIdentity& identity, const std::string& value) {
     if (value.empty() || value.find_first_not_of("0123456789") != std::string::npos) return false;
@@ -43,6 +41,11 @@ bool ApplyHeaderSizeOption(TypIdentity& identity, const std::string& value) {
 
 int SaveAndReport(Document& doc, const std::string& path) {
     if (const auto failure = SaveBinaryTyp(doc, path)) {
+        if (failure->Write != WriteStatus::Written) {
+            std::cerr << "mirvane-cli: cannot write " << path << ": "
+                      << WriteFailureText(failure->Write, failure->Reason) << "\n";
+            return kExitFailure;
+        }
         std::string message = SaveFailureMessage(*failure);
         if (!failure->Title.empty()) message = failure->Title + ": " + message;
         std::cerr << "mirvane-cli: " << path << ": " << message << "\n";
@@ -62,12 +65,14 @@ int ReadAndSaveCommand(const Arguments& input, const char* help, DocumentOpener 
     const bool hasHeaderSize = TakeOption(args, "--header-size", headerSize);
     const bool hasFid = TakeOption(args, "--fid", fid);
     const bool hasProductCode = TakeOption(args, "--product-code", productCode);
+    const bool inPlace = TakeFlag(args, "--in-place");
     if (!hasOutput || args.size() != 1) {
         std::cerr << help;
         return kExitFailure;
     }
+    if (!CheckOutputIsNotInput(args[0], output, inPlace)) return kExitFailure;
     Document doc;
-    if (!OpenOrReport(doc, args[0], open)) return kExitFailure;
+    if (!OpenOrReport(doc, args[0], open) || !CheckFoundTyp(doc, args[0])) return kExitFailure;
     if ((hasFid && !ApplyIdentityOption(doc.Identity.Fid, "--fid", fid)) ||
         (hasProductCode && !ApplyIdentityOption(doc.Identity.ProductCode, "--product-code", productCode)))
         return kExitFailure;

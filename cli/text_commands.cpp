@@ -1,5 +1,4 @@
 // decompile: binary TYP to the text form; compile: text form to binary TYP.
-#include <fstream>
 #include <iostream>
 
 #include "commands.h"
@@ -13,22 +12,16 @@ namespace mirvane::cli {
 namespace {
 
 const char* const kDecompileHelp =
-    "Usage: mirvane-cli decompile IN.typ [-o OUT.txt] [--no-heading]\n"
+    "Usage: mirvane-cli decompile IN.typ [-o OUT.txt] [--no-heading] [--in-place]\n"
     "Writes the text form of a binary TYP (CR LF line ends, labels in the file's code page)\n"
-    "to OUT.txt, or to standard output. --no-heading leaves out the four heading comments.\n";
+    "to OUT.txt, or to standard output. --no-heading leaves out the four heading comments.\n"
+    "OUT may be IN only with --in-place.\n";
 
 const char* const kCompileHelp =
     "Usage: mirvane-cli compile IN.txt -o OUT.typ [--header-size 91|110|156|164|174|N]\n"
-    "                           [--fid N] [--product-code N]\n"
+    "                           [--fid N] [--product-code N] [--in-place]\n"
     "Compiles a text TYP to a binary TYP. FID and product code come from [_id] unless given;\n"
     "the header size is 91 unless given. A UTF-8 byte order mark at the start is skipped.\n";
-
-bool WriteBytes(const std::string& path, const std::string& bytes) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    out.close();
-    return static_cast<bool>(out);
-}
 
 }  // namespace
 
@@ -41,19 +34,18 @@ int DecompileCommand(const Arguments& input) {
     std::string output;
     const bool toFile = TakeOption(args, "-o", output);
     const bool noHeading = TakeFlag(args, "--no-heading");
+    const bool inPlace = TakeFlag(args, "--in-place");
     if (args.size() != 1) {
         std::cerr << kDecompileHelp;
         return kExitFailure;
     }
+    if (toFile && !CheckOutputIsNotInput(args[0], output, inPlace)) return kExitFailure;
     Document doc;
-    if (!OpenOrReport(doc, args[0], OpenBinaryTyp)) return kExitFailure;
+    if (!OpenOrReport(doc, args[0], OpenBinaryTyp) || !CheckFoundTyp(doc, args[0])) return kExitFailure;
     ListingContext context{DateCreationCaption(doc.Header), LocalTime::Now(), !noHeading};
     const std::string text = ListWholeDocument(doc, context).Plain();
     if (toFile) {
-        if (!WriteBytes(output, text)) {
-            std::cerr << "mirvane-cli: cannot write " << output << "\n";
-            return kExitFailure;
-        }
+        if (!WriteOrReport(output, text)) return kExitFailure;
     } else {
         std::cout.write(text.data(), static_cast<std::streamsize>(text.size()));
         std::cout.flush();

@@ -1,6 +1,8 @@
 #include "app/shell/application.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QByteArray>
 #include <QDir>
 #include <QFileInfo>
 #include <QPixmap>
@@ -8,7 +10,9 @@
 #include <cstdio>
 #include <memory>
 
+#include "base/file_io.h"
 #include "document/document.h"
+#include "document/file_messages.h"
 #include "models/shell/main_window_model.h"
 #include "models/shell/startup.h"
 #include "app/lang/change_language.h"
@@ -28,6 +32,20 @@ namespace mirvane::app {
 
 std::string ProgramVersionText() {
     return AppVersionText(MIRVANE_VERSION_MAJOR, MIRVANE_VERSION_MINOR, MIRVANE_VERSION_PATCH);
+}
+
+std::optional<std::string> InformationText(const std::vector<std::string>& arguments) {
+    for (const std::string& argument : arguments) {
+        if (argument == "--version" || argument == "-v") return "Mirvane " + ProgramVersionText() + "\n";
+        if (argument == "--help" || argument == "-h")
+            return "Usage: mirvane [FILE.typ|FILE.txt]\n"
+                   "       mirvane --screenshot OUT.png [FILE]\n"
+                   "       mirvane --help | --version\n"
+                   "\n"
+                   "Opens FILE in the TYP editor, if given. --screenshot draws the main window\n"
+                   "(1280x800) offscreen into OUT.png and ends.\n";
+    }
+    return std::nullopt;
 }
 
 QString FindLanguageFolder() {
@@ -91,8 +109,16 @@ int TakeScreenshot(const QString& out, const QString& file, const QString& windo
     QWidget& drawn = other ? *other : static_cast<QWidget&>(window);
     drawn.show();
     QApplication::processEvents();
-    if (!drawn.grab().save(out)) {
-        std::fprintf(stderr, "mirvane: cannot write %s\n", qPrintable(out));
+    // Encoded in memory, then written like every other file of the program.
+    QByteArray png;
+    QBuffer buffer(&png);
+    const bool encoded = buffer.open(QIODevice::WriteOnly) && drawn.grab().save(&buffer, "PNG");
+    const WriteResult written =
+        encoded ? WriteFileAtomically(PathFromUtf8(out.toStdString()), std::string_view(png.constData(), png.size()))
+                : WriteResult{WriteStatus::Failed, "PNG encoding failed"};
+    if (!written.Ok()) {
+        std::fprintf(stderr, "mirvane: cannot write %s: %s\n", qPrintable(out),
+                     WriteFailureText(written.Status, written.Reason).c_str());
         return 1;
     }
     return 0;

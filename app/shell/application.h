@@ -3,7 +3,9 @@
 #pragma once
 
 #include <QStringList>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "models/shell/main_window_model.h"
 
@@ -20,6 +22,11 @@ QString FindLanguageFolder();
 // Connects the text listing of BoxVisualisation and the opening of .txt files
 // to a window and its model.
 void ConnectTextRoute(MainWindow& window, MainWindowModel& model);
+
+// The text that --help or --version (-h, -v) asks for, or nothing when the
+// arguments ask for neither; the program prints it and ends without opening
+// a window, so it needs no window system.
+std::optional<std::string> InformationText(const std::vector<std::string>& arguments);
 
 // Runs the program on the arguments (without the program name):
 //   [FILE]                       opens FILE

@@ -1,6 +1,7 @@
 // The program's one sort: for i, for j > i, swap when element i must follow j.
-// Ties are decided by the way it swaps, so a faster way is only taken where it
-// is known to give the same order.
+// Ties are decided by the way it swaps, and files rely on that order, so the
+// order is kept exactly; it is computed in O(n log n) rather than by the
+// quadratic swapping itself, which a file of tied keys would turn into seconds.
 #pragma once
 
 #include <algorithm>
@@ -10,49 +11,58 @@
 
 namespace mirvane {
 
-// Puts `items` in the order of `entries` (key, original index).
-template <typename T, typename Key>
-void ApplyOrder(std::vector<T>& items, const std::vector<std::pair<Key, std::size_t>>& entries) {
+// Puts `items` in `order`: element k of the result is items[order[k]].
+template <typename T>
+void ApplyOrder(std::vector<T>& items, const std::vector<std::size_t>& order) {
     std::vector<T> result;
     result.reserve(items.size());
-    for (const auto& entry : entries) result.push_back(std::move(items[entry.second]));
+    for (std::size_t index : order) result.push_back(std::move(items[index]));
     items = std::move(result);
 }
 
-template <typename Key>
-std::vector<std::pair<Key, std::size_t>> KeyedEntries(const std::vector<Key>& keys) {
-    std::vector<std::pair<Key, std::size_t>> entries;
-    entries.reserve(keys.size());
-    for (std::size_t i = 0; i < keys.size(); ++i) entries.emplace_back(keys[i], i);
-    return entries;
+// Rank of each key among the distinct keys, 0 for the smallest.
+template <typename Key, typename Less>
+std::vector<std::size_t> DenseRanks(const std::vector<Key>& keys, Less less) {
+    std::vector<std::size_t> byKey(keys.size());
+    for (std::size_t i = 0; i < byKey.size(); ++i) byKey[i] = i;
+    std::stable_sort(byKey.begin(), byKey.end(),
+                     [&](std::size_t a, std::size_t b) { return less(keys[a], keys[b]); });
+    std::vector<std::size_t> ranks(keys.size());
+    std::size_t rank = 0;
+    for (std::size_t k = 0; k < byKey.size(); ++k) {
+        if (k > 0 && less(keys[byKey[k - 1]], keys[byKey[k]])) ++rank;
+        ranks[byKey[k]] = rank;
+    }
+    return ranks;
 }
 
-// The exchange sort itself, over the keys alone: `mustSwap(a, b)` says whether
-// the element keyed a, standing before the one keyed b, must be swapped with it.
+// The order the exchange sort leaves, given each element's rank: element k
+// of the result is the original index of the element that ends at k. Equal
+// ranks are compared with "swap when a > b" and so stay unswapped, except
+// the ranks that `swapsTies` marks, whose equal elements swap on every
+// comparison (that relation is still an order between distinct ranks).
+std::vector<std::size_t> ExchangeSortOrder(const std::vector<std::size_t>& ranks,
+                                           const std::vector<bool>& swapsTies = {});
+
+// The exchange sort itself, for a relation that is not an order:
+// `mustSwap(a, b)` says whether the element keyed a, standing before the one
+// keyed b, must be swapped with it. Quadratic; only for small or rare inputs.
 template <typename T, typename Key, typename MustSwap>
 void ExchangeSort(std::vector<T>& items, const std::vector<Key>& keys, MustSwap mustSwap) {
-    auto entries = KeyedEntries(keys);
-    const std::size_t n = entries.size();
-    for (std::size_t i = 0; i + 1 < n; ++i)
-        for (std::size_t j = i + 1; j < n; ++j)
-            if (mustSwap(entries[i].first, entries[j].first)) std::swap(entries[i], entries[j]);
-    ApplyOrder(items, entries);
+    std::vector<std::size_t> order(keys.size());
+    for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
+    for (std::size_t i = 0; i + 1 < order.size(); ++i)
+        for (std::size_t j = i + 1; j < order.size(); ++j)
+            if (mustSwap(keys[order[i]], keys[order[j]])) std::swap(order[i], order[j]);
+    ApplyOrder(items, order);
 }
 
-// The exchange sort under "swap when key a > key b". With no two keys equal
-// its result is the one sorted order, so std::sort gives it; with keys
-// already in order no pair ever swaps (the usual case for a file just read).
-// Only unordered keys with ties pay for the exchange sort itself.
+// Sorts `items` by `keys` exactly as the exchange sort under "swap when
+// key a > key b" would.
 template <typename T, typename Key>
 void SortLikeExchangeSort(std::vector<T>& items, const std::vector<Key>& keys) {
     if (items.size() < 2 || std::is_sorted(keys.begin(), keys.end())) return;
-    auto entries = KeyedEntries(keys);
-    std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-    const bool distinct = std::adjacent_find(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
-                              return !(a.first < b.first);
-                          }) == entries.end();
-    if (distinct) ApplyOrder(items, entries);
-    else ExchangeSort(items, keys, [](const Key& a, const Key& b) { return b < a; });
+    ApplyOrder(items, ExchangeSortOrder(DenseRanks(keys, [](const Key& a, const Key& b) { return a < b; })));
 }
 
 }  // namespace mirvane

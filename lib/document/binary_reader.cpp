@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "document/encoding.h"
+#include "document/error_log.h"
+#include "document/presentation.h"
 #include "document/record_reader.h"
 #include "document/run_time_errors.h"
 #include "document/sorts.h"
@@ -52,7 +54,8 @@ public:
         ReadPolylines();
         ReadPois();
         ReadGap();
-        context_.clear();
+        context_ = {};
+        log_.Finish();
         doc_.State = DocumentState::Loaded;
     }
 
@@ -61,20 +64,31 @@ private:
         return FieldReader(file_, position, [this](int number) { LogRunTimeError(number); });
     }
 
+    // Errors are of one kind when they have the same number in the same
+    // kind of record, whatever its type.
     void LogRunTimeError(int number) {
-        doc_.ReadErrorFlag = true;
-        doc_.ReadErrorLog += kLineBreak;
-        if (context_.empty())
-            doc_.ReadErrorLog +=
-                MainText("Erreur inconnue lors de l'ouverture du fichier : erreur n°", "msgErreurOuverture");
-        else
-            doc_.ReadErrorLog += context_ + " : erreur n°";
-        doc_.ReadErrorLog += std::to_string(number) + RunTimeErrorDetails(number);
+        log_.Add(context_.Key + std::to_string(number), [&] {
+            std::string text = kLineBreak;
+            if (context_.Key.empty())
+                text += MainText("Erreur inconnue lors de l'ouverture du fichier : erreur n°", "msgErreurOuverture");
+            else
+                text += LookupText("Main", context_.Default, context_.Key) + " 0x" + context_.Type + "/" +
+                        context_.SubType + " : erreur n°";
+            return text + std::to_string(number) + RunTimeErrorDetails(number);
+        });
     }
 
-    void LogLine(const std::string& text) {
-        doc_.ReadErrorFlag = true;
-        doc_.ReadErrorLog += kLineBreak + text;
+    template <typename MakeText>
+    void LogLine(std::string_view kind, MakeText&& makeText) {
+        log_.Add(kind, [&] { return kLineBreak + makeText(); });
+    }
+
+    // The record being read, named in its errors.
+    struct Context {
+        std::string Default, Key, Type, SubType;
+    };
+    void SetContext(const char* defaultText, const char* key, const std::string& type, const std::string& subType) {
+        context_ = {defaultText, key, type, subType};
     }
 
     void ReadHeader();
@@ -99,7 +113,8 @@ private:
 
     Document& doc_;
     const Bytes& file_;
-    std::string context_;
+    Context context_;
+    CappedErrorLog log_{doc_};
 };
 
 void BinaryTypReader::ReadHeader() {
@@ -151,8 +166,7 @@ void BinaryTypReader::ReadHeader() {
 }
 
 void BinaryTypReader::CheckSignature() {
-    static constexpr char kSignature[] = "GARMIN TYP";
-    if (std::equal(doc_.Header.Signature.begin(), doc_.Header.Signature.end(), kSignature)) return;
+    if (HasTypSignature(doc_.Header)) return;
     const std::string rule(150, '-');
     doc_.ReadErrorFlag = true;
     doc_.ReadErrorLog += kLineBreak + rule + kLineBreak +
@@ -318,6 +332,14 @@ private:
     bool overflow_ = false;
 };
 
+// Of `declared` rows of `rowSize` bytes, those that begin inside the `held`
+// bytes the file has.
+static int RowsHeld(int declared, std::size_t held, int rowSize) {
+    if (rowSize <= 0) return 0;
+    const std::int64_t begun = (static_cast<std::int64_t>(held) + rowSize - 1) / rowSize;
+    return static_cast<int>(std::min<std::int64_t>(declared, begun));
+}
+
 template <typename Record>
 static void SetTypeFromKey(Record& record, IndexRow& row) {
     const std::uint8_t low = row[0];
@@ -329,17 +351,20 @@ static void SetTypeFromKey(Record& record, IndexRow& row) {
 template <typename Record, typename RowReader>
 void BinaryTypReader::ReadIndex(std::vector<Record>& records, std::int32_t offset, std::int32_t length,
                                 std::uint16_t recordSize, bool append, RowReader readRow) {
-    const std::optional<int> count = IndexRowCount(length, recordSize);
-    if (!count || *count == 0) return;
-    // The buffer holds only what the file has; rows beyond it read zeros.
+    const std::optional<int> declared = IndexRowCount(length, recordSize);
+    if (!declared || *declared == 0) return;
+    // The buffer holds only what the file has (its end is logged); a row cut
+    // by the end reads zeros where the file stops, and rows wholly past the
+    // end make no records, so that a few bytes never declare thousands.
     FieldReader in = At(offset);
-    const Bytes buffer = in.Block(static_cast<std::int64_t>(*count) * recordSize);
+    const std::int64_t extent = static_cast<std::int64_t>(*declared) * recordSize;
+    const Bytes buffer = in.Block(extent);
+    const int count = RowsHeld(*declared, buffer.size(), recordSize);
     const std::size_t first = append ? records.size() : 0;
     if (!append) records.clear();
-    records.resize(first + *count);
-    for (int i = 0; i < *count; ++i) {
-        IndexRow row(buffer, static_cast<std::int64_t>(*count) * recordSize, static_cast<std::int64_t>(i) * recordSize,
-                     recordSize);
+    records.resize(first + count);
+    for (int i = 0; i < count; ++i) {
+        IndexRow row(buffer, extent, static_cast<std::int64_t>(i) * recordSize, recordSize);
         Record& record = records[first + i];
         SetTypeFromKey(record, row);
         readRow(record, row);
@@ -405,10 +430,11 @@ void BinaryTypReader::ReadDrawOrder() {
     SortDrawOrder(doc_.DrawOrder);
 }
 
+// Rows wholly past the end of the index bytes the file holds make no records.
 void BinaryTypReader::ReadExtraPoiRows() {
-    const int count = doc_.ExtraPoiCount;
-    if (count < 1) return;
     const int size = doc_.Extra1.ExtraPoiIndexRecordSize;
+    const int count = RowsHeld(doc_.ExtraPoiCount, doc_.ExtraPoiIndexBytes.size(), size);
+    if (count < 1) return;
     doc_.ExtraPois.resize(count);
     for (int i = 0; i < count; ++i) {
         IndexRow row(doc_.ExtraPoiIndexBytes, static_cast<std::int64_t>(doc_.ExtraPoiIndexBytes.size()),
@@ -420,11 +446,6 @@ void BinaryTypReader::ReadExtraPoiRows() {
     }
 }
 
-static std::string ObjectContext(const char* defaultText, const char* key, const std::string& type,
-                                 const std::string& subType) {
-    return LookupText("Main", defaultText, key) + " 0x" + type + "/" + subType;
-}
-
 static std::string TypeAndSubType(const std::string& type, const std::string& subType) {
     return " Type=0x" + type + "   SubType=0x" + subType;
 }
@@ -432,15 +453,16 @@ static std::string TypeAndSubType(const std::string& type, const std::string& su
 void BinaryTypReader::ReadPolygons() {
     const NextOffsetFinder next(doc_.Polygons);
     for (PolygonRecord& polygon : doc_.Polygons) {
-        context_ = ObjectContext("Erreur dans la lecture du polygone", "msgErreurPolygone", polygon.Type,
-                                 polygon.SubType);
+        SetContext("Erreur dans la lecture du polygone", "msgErreurPolygone", polygon.Type, polygon.SubType);
         FieldReader in = At(static_cast<std::int64_t>(doc_.PolygonDataBase) + polygon.Offset);
         ReadPolygonRecord(in, polygon);
         const std::int64_t distance = next.DistanceToNext(polygon.Offset, doc_.Header.PolygonDataLength);
         polygon.Length = static_cast<std::int32_t>(distance);
         if (PolygonRecordLength(polygon) != distance)
-            LogLine(MainText("Erreur dans la longueur du polygone", "msgErreurPolygone2") +
-                    TypeAndSubType(polygon.Type, polygon.SubType));
+            LogLine("msgErreurPolygone2", [&] {
+                return MainText("Erreur dans la longueur du polygone", "msgErreurPolygone2") +
+                       TypeAndSubType(polygon.Type, polygon.SubType);
+            });
     }
 }
 
@@ -448,8 +470,8 @@ void BinaryTypReader::ReadPolygons() {
 void BinaryTypReader::ReadPolylines() {
     if (doc_.PolylineCount >= 1) {
         for (PolylineRecord& polyline : doc_.Polylines) {
-            context_ = ObjectContext("Erreur dans la lecture de la polyligne", "msgErreurPolyligne", polyline.Type,
-                                     polyline.SubType);
+            SetContext("Erreur dans la lecture de la polyligne", "msgErreurPolyligne", polyline.Type,
+                       polyline.SubType);
             FieldReader in = At(static_cast<std::int64_t>(doc_.PolylineDataBase) + polyline.Offset);
             ReadPolylineRecord(in, polyline);
             polyline.Length = PolylineRecordLength(polyline);
@@ -461,7 +483,7 @@ void BinaryTypReader::ReadPolylines() {
 void BinaryTypReader::ReadPois() {
     const NextOffsetFinder next(doc_.Pois);
     for (PoiRecord& poi : doc_.Pois) {
-        context_ = ObjectContext("Erreur dans la lecture du POI", "msgErreurPOI", poi.Type, poi.SubType);
+        SetContext("Erreur dans la lecture du POI", "msgErreurPOI", poi.Type, poi.SubType);
         ReadOnePoi(poi, next);
     }
 }
@@ -497,19 +519,20 @@ void BinaryTypReader::ReadOnePoi(PoiRecord& poi, const NextOffsetFinder& next) {
             day.ForcePalette = true;
             continue;
         }
-        std::string line = MainText("Erreur dans la longueur du POI", "msgErreurPOI2") +
-                           TypeAndSubType(poi.Type, poi.SubType);
-        if ((poi.Flags & 0x02) && poi.Bitmaps[1].ColourCount == 0)
-            line += "  .Le bitmap de nuit n'a pas de palette (0 couleur) et semble corrompu.";
-        LogLine(line);
+        LogLine("msgErreurPOI2", [&] {
+            std::string line = MainText("Erreur dans la longueur du POI", "msgErreurPOI2") +
+                               TypeAndSubType(poi.Type, poi.SubType);
+            if ((poi.Flags & 0x02) && poi.Bitmaps[1].ColourCount == 0)
+                line += "  .Le bitmap de nuit n'a pas de palette (0 couleur) et semble corrompu.";
+            return line;
+        });
         return;
     }
 }
 
 void BinaryTypReader::LogInvalidBitmap(const PoiRecord& poi) {
     const std::string br = kLineBreak;
-    doc_.ReadErrorFlag = true;
-    doc_.ReadErrorLog += MainText("Le bitmap", "msgBitmapInvalide1") + TypeAndSubType(poi.Type, poi.SubType) + " " +
+    log_.Add("msgBitmapInvalide1", [&] { return MainText("Le bitmap", "msgBitmapInvalide1") + TypeAndSubType(poi.Type, poi.SubType) + " " +
                          MainText("est invalide.", "msgBitmapInvalide2") + br +
                          MainText("Détails: le nombre de couleurs du bitmap est 0 (comme s'il s'agissait d'un "
                                   "bitmap TrueColor),",
@@ -521,7 +544,7 @@ void BinaryTypReader::LogInvalidBitmap(const PoiRecord& poi) {
                          br +
                          MainText("Il vaut mieux l'enregistrer en ajoutant une couleur dans la palette.",
                                   "msgBitmapInvalide6") +
-                         br + br + br;
+                         br + br + br; });
 }
 
 void BinaryTypReader::ReadGap() {
@@ -545,6 +568,11 @@ void BinaryTypReader::ReadGap() {
 }
 
 }  // namespace
+
+bool HasTypSignature(const TypHeader& header) {
+    static constexpr char kSignature[] = "GARMIN TYP";
+    return std::equal(header.Signature.begin(), header.Signature.end(), kSignature);
+}
 
 void ReadBinaryTyp(Document& doc, const Bytes& file, const std::string& path) {
     doc.Reset();

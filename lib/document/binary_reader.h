@@ -13,6 +13,10 @@ namespace mirvane {
 // document's path fields and the listing; it is not opened.
 void ReadBinaryTyp(Document& doc, const Bytes& file, const std::string& path = {});
 
+// Whether the header starts with the signature "GARMIN TYP": a file without
+// it is read all the same, but holds no TYP.
+bool HasTypSignature(const TypHeader& header);
+
 // Reads the whole file into memory and then as above. False, with `doc`
 // untouched, when the file cannot be read at all.
 bool OpenBinaryTyp(Document& doc, const std::string& path);

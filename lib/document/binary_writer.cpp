@@ -4,6 +4,8 @@
 
 #include "base/file_io.h"
 #include "document/encoding.h"
+#include "document/file_messages.h"
+#include "document/presentation.h"
 #include "document/run_time_errors.h"
 #include "document/sorts.h"
 #include "document/draw_order_table.h"
@@ -468,23 +470,25 @@ void BinaryTypWriter::WriteRawSections() {
 
 std::optional<SaveFailure> BuildBinaryTyp(Document& doc, Bytes& out, const SaveTime& time) {
     if (const std::optional<MissingIdentity> missing = FindMissingIdentity(doc.Identity))
-        return SaveFailure{0, missing->Text, missing->Title};
+        return SaveFailure{0, missing->Text, missing->Title, WriteStatus::Written, {}};
     std::optional<SaveFailure> failure;
     try {
         out = BinaryTypWriter(doc, time).Write();
     } catch (const SaveError& error) {
-        failure = SaveFailure{error.number, RunTimeDescription(error.number), {}};
+        failure = SaveFailure{error.number, RunTimeDescription(error.number), {}, WriteStatus::Written, {}};
     }
     SortPolygons(doc.Polygons);
     SortPolylinesForDisplay(doc.Polylines);
     return failure;
 }
 
-std::optional<SaveFailure> SaveBinaryTyp(Document& doc, const std::string& path, const SaveTime& time) {
+std::optional<SaveFailure> SaveBinaryTyp(Document& doc, const std::string& path, const SaveTime& time,
+                                         ReadOnlyTarget readOnly) {
     Bytes bytes;
     if (std::optional<SaveFailure> failure = BuildBinaryTyp(doc, bytes, time)) return failure;
-    if (!WriteFileAtomically(PathFromUtf8(path), bytes))
-        return SaveFailure{kErrPathAccess, RunTimeDescription(kErrPathAccess), {}};
+    const WriteResult written = WriteFileAtomically(PathFromUtf8(path), bytes, readOnly);
+    if (!written.Ok())
+        return SaveFailure{kErrPathAccess, RunTimeDescription(kErrPathAccess), {}, written.Status, written.Reason};
     doc.ModifiedFlag = false;
     doc.TextAppliedFlag = false;
     return std::nullopt;
@@ -496,7 +500,8 @@ std::string SaveFailureMessage(const SaveFailure& failure) {
     return LookupText("Main", "Il y a eu une erreur lors de la création du fichier.", "msgErreurCreation") + br + br +
            LookupText("Main", "Erreur numéro", "msgErreurNumero") + "  " + std::to_string(failure.ErrorNumber) + br +
            LookupText("VBErrors", "Description", "Description") + ": " +
-           LookupText("VBErrors", RunTimeDescription(failure.ErrorNumber), "Err" + std::to_string(failure.ErrorNumber));
+           LookupText("VBErrors", RunTimeDescription(failure.ErrorNumber), "Err" + std::to_string(failure.ErrorNumber)) +
+           (failure.Write == WriteStatus::Written ? std::string() : br + WriteFailureText(failure.Write, failure.Reason));
 }
 
 }  // namespace mirvane

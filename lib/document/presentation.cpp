@@ -16,13 +16,7 @@ std::string DateCreationCaption(const TypHeader& h) {
 }
 
 std::string LengthCaption(const std::string& fileLengthText) {
-    const std::string digits = std::to_string(LeadingNumber(fileLengthText));
-    std::string grouped;
-    for (std::size_t i = 0; i < digits.size(); ++i) {
-        if (i > 0 && (digits.size() - i) % 3 == 0) grouped += ' ';
-        grouped += digits[i];
-    }
-    return grouped + " " + LookupText("Main", "octets", "octets");
+    return GroupedNumber(LeadingNumber(fileLengthText)) + " " + LookupText("Main", "octets", "octets");
 }
 
 static std::string Counted(const std::string& caption, const std::string& count) {

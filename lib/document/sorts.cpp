@@ -1,5 +1,6 @@
 #include "document/sorts.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include "document/encoding.h"
@@ -45,8 +46,11 @@ void SortPolylinesForDisplay(std::vector<PolylineRecord>& polylines) {
 
 // Equal types: the later record goes first when its extra key is smaller, or
 // when the earlier one has none. Two regular lines of one type thus swap on
-// every comparison, which only the exchange sort itself reproduces.
+// every comparison. As long as no type holds both kinds of line, this is an
+// order on (type, extra key) whose regular ties swap; a type that mixes them
+// is left to the exchange sort itself.
 void SortPolylinesForWriting(std::vector<PolylineRecord>& polylines) {
+    if (polylines.size() < 2) return;
     struct Key {
         std::int64_t Type;
         int Extra;
@@ -55,20 +59,28 @@ void SortPolylinesForWriting(std::vector<PolylineRecord>& polylines) {
     keys.reserve(polylines.size());
     for (const auto& r : polylines)
         keys.push_back({TypeAndSubTypeKey(r.Type, r.SubType), r.ExtraIndexBytes[0] * 256 + r.ExtraIndexBytes[1]});
-    // Only distinct types may take the fast way: with repeated types the
-    // relation is not an order.
-    std::vector<std::int64_t> typeKeys;
-    typeKeys.reserve(keys.size());
-    for (const auto& k : keys) typeKeys.push_back(k.Type);
-    std::vector<std::int64_t> sortedTypes = typeKeys;
-    std::sort(sortedTypes.begin(), sortedTypes.end());
-    const bool typesDistinct = std::adjacent_find(sortedTypes.begin(), sortedTypes.end()) == sortedTypes.end();
-    auto mustSwap = [](const Key& a, const Key& b) {
+    auto less = [](const Key& a, const Key& b) { return a.Type != b.Type ? a.Type < b.Type : a.Extra < b.Extra; };
+    const std::vector<std::size_t> ranks = DenseRanks(keys, less);
+    const std::size_t rankCount = *std::max_element(ranks.begin(), ranks.end()) + 1;
+    std::vector<std::size_t> representative(rankCount);  // one element of each rank
+    for (std::size_t i = 0; i < keys.size(); ++i) representative[ranks[i]] = i;
+    std::vector<bool> swapsTies(rankCount);
+    bool mixed = false;
+    for (std::size_t r = 0; r < rankCount; ++r) {
+        const Key& key = keys[representative[r]];
+        swapsTies[r] = key.Extra == 0;
+        // Extra keys ascend within a type: regular lines come right before
+        // the first routing line of the same type.
+        if (r > 0 && keys[representative[r - 1]].Type == key.Type && swapsTies[r - 1] != swapsTies[r]) mixed = true;
+    }
+    if (!mixed) {
+        ApplyOrder(polylines, ExchangeSortOrder(ranks, swapsTies));
+        return;
+    }
+    ExchangeSort(polylines, keys, [](const Key& a, const Key& b) {
         if (a.Type != b.Type) return a.Type > b.Type;
         return b.Extra < a.Extra || a.Extra == 0;
-    };
-    if (typesDistinct) SortLikeExchangeSort(polylines, typeKeys);
-    else ExchangeSort(polylines, keys, mustSwap);
+    });
 }
 
 void SortExtraPolylineIndex(std::vector<ExtraPolylineIndexRow>& rows) {

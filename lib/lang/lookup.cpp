@@ -84,6 +84,17 @@ std::string LookupText(std::string_view section, std::string_view defaultText, s
     return CutToCharacters(defaultText, kMaxIniValueLength);
 }
 
+std::string GroupedNumber(std::int64_t value) {
+    const std::string separator = LookupText("Main", " ", "separateurMilliers");
+    const std::string digits = std::to_string(value < 0 ? -static_cast<std::uint64_t>(value) : value);
+    std::string grouped = value < 0 ? "-" : "";
+    for (std::size_t i = 0; i < digits.size(); ++i) {
+        if (i > 0 && (digits.size() - i) % 3 == 0) grouped += separator;
+        grouped += digits[i];
+    }
+    return grouped;
+}
+
 bool LanguageExists(std::string_view name) {
     const auto path = LanguageFilePath(name);
     std::error_code error;

@@ -2,6 +2,7 @@
 // carries its French default, so the program runs without any language file.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +32,10 @@ inline std::string MainText(std::string_view defaultText, std::string_view key) 
 // A caption of a form: the built-in French while the language is French (a
 // stray Francais.lng changes messages only), else looked up.
 std::string FormCaption(std::string_view section, std::string_view defaultText, std::string_view key);
+
+// `value` with its digits in groups of three, parted by the language's
+// thousands separator: "14 452" in French, "14,452" in English.
+std::string GroupedNumber(std::int64_t value);
 
 bool LanguageExists(std::string_view name);
 

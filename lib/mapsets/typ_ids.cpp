@@ -39,7 +39,7 @@ bool WriteTypIds(const std::filesystem::path& typ, TypIds ids) {
     if (!ReadWholeFile(typ, file) || file.size() < kPidOffset + 2) return false;
     PutU16(file, kFidOffset, ids.Fid);
     PutU16(file, kPidOffset, ids.Pid);
-    return WriteFileAtomically(typ, file);
+    return WriteFileAtomically(typ, file).Ok();
 }
 
 }  // namespace mirvane

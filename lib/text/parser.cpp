@@ -247,6 +247,7 @@ ParseResult ParseTypText(Document& doc, std::string_view textBytes, std::optiona
         const std::string_view head = TrimBlanks(ctx.Lines[ctx.I]);
         if (!head.empty() && head.front() == '[') ReadSection(ctx, head);
     }
+    ctx.Log.Finish();
     return Finish(ctx);
 }
 

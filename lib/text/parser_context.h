@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "document/document.h"
+#include "document/error_log.h"
 
 namespace mirvane::textparse {
 
@@ -28,6 +29,7 @@ struct ParseContext {
     // Record written by the last add or reset of each kind (the trap of a
     // section of another kind than the scope's goes there).
     int LastPolygon = 0, LastPolyline = 0, LastPoi = 0;
+    CappedErrorLog Log{Doc};
 
     std::size_t LineCount() const { return Lines.size(); }
     // Line k; reading past the last line fails.
@@ -101,8 +103,9 @@ void ReadTypeKey(std::string_view line, std::string& type, std::string& subType)
 // "subtype=".
 void ReadSubTypeKey(std::string_view line, std::string& subType);
 // A run of "string" lines from the current one into a label block; the
-// current line ends on the last line of the run.
-void ReadLabelRun(ParseContext& ctx, Bytes& labelBytes);
+// current line ends on the last line of the run. False, with the object
+// named in the log, when the labels are too long for a TYP and left out.
+bool ReadLabelRun(ParseContext& ctx, Bytes& labelBytes, const std::string& type, const std::string& subType);
 // "ExtendedLabels=Y": FontStyle and CustomColor from the following lines,
 // read by position; the current line does not move.
 void ReadExtendedLabels(ParseContext& ctx, Bytes& extendedLabelBytes);
@@ -119,8 +122,7 @@ bool ReadSharedKey(ParseContext& ctx, Record& record, std::uint8_t& flags, std::
     } else if (StartsWithNoCase(line, "subtype=")) {
         ReadSubTypeKey(line, record.SubType);
     } else if (StartsWithNoCase(line, "string")) {
-        flags |= labelFlag;
-        ReadLabelRun(ctx, record.LabelBytes);
+        if (ReadLabelRun(ctx, record.LabelBytes, record.Type, record.SubType)) flags |= labelFlag;
     } else if (StartsWithNoCase(line, "extendedlabels=y")) {
         flags |= extendedFlag;
         ReadExtendedLabels(ctx, record.ExtendedLabelBytes);

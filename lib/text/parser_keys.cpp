@@ -20,16 +20,21 @@ void ParseContext::Advance() {
     ++I;
 }
 
+constexpr std::size_t kMaxEchoedLine = 200;
+
 void ParseContext::LogFailure() {
-    Doc.ReadErrorFlag = true;
-    std::string& log = Doc.ReadErrorLog;
-    log += kLineBreak;
-    log += LookupText("Main", "Ligne", "msgLigne");
-    log += ' ';
-    log += std::to_string(I + 1);
-    log += " : \"";
-    if (I < Lines.size()) log += Lines[I];
-    log += '"';
+    Log.Add("msgLigne", [this] {
+        std::string log = kLineBreak;
+        log += LookupText("Main", "Ligne", "msgLigne");
+        log += ' ';
+        log += std::to_string(I + 1);
+        log += " : \"";
+        // A line of thousands of characters is named, not copied whole.
+        if (I < Lines.size())
+            log += Lines[I].size() > kMaxEchoedLine ? Lines[I].substr(0, kMaxEchoedLine) + "..." : Lines[I];
+        log += '"';
+        return log;
+    });
 }
 
 std::string_view Mid(std::string_view text, std::size_t position, std::size_t length) {
@@ -193,11 +198,8 @@ void AppendLabelLine(std::string_view line, std::string& acc) {
     acc += piece;
 }
 
-// A label run too long for the two-byte prefix is refused, not cut.
-Bytes LabelBlockOf(const std::string& acc) {
-    if (acc.size() >= 128 && acc.size() * 4 + 2 > 0xFFFF) throw ParseFailure{};
-    return PrefixedLabelBlock(acc);
-}
+// The most label bytes the two-byte prefix (length * 4 + 2) can count.
+constexpr std::size_t kMaxLabelRunBytes = (0xFFFF - 2) / 4;
 
 // Colour bytes after the first '#': RR into `red`, GG into `red` - 1, BB into `red` - 2.
 void ReadHashColour(std::string_view line, Bytes& block, std::size_t red) {
@@ -217,7 +219,9 @@ std::uint8_t FontStyleCode(std::string_view fiveCharacters) {
 
 }  // namespace
 
-void ReadLabelRun(ParseContext& ctx, Bytes& labelBytes) {
+// A run too long for the prefix is refused, not cut, and the object keeps no
+// label flag: a flag without its block would corrupt the record.
+bool ReadLabelRun(ParseContext& ctx, Bytes& labelBytes, const std::string& type, const std::string& subType) {
     std::string acc;
     std::size_t k = ctx.I;
     for (; ctx.HasLine(k) && StartsWithNoCase(ctx.Lines[k], "string"); ++k) {
@@ -226,7 +230,19 @@ void ReadLabelRun(ParseContext& ctx, Bytes& labelBytes) {
     }
     ctx.I = k - 1;
     if (!ctx.HasLine(k)) ctx.LogFailure();  // the run was read up to the last line and past it
-    ctx.Try([&] { labelBytes = LabelBlockOf(acc); });
+    if (acc.size() > kMaxLabelRunBytes) {
+        ctx.Log.Add("msgLibellesTropLongs", [&] {
+            return kLineBreak + LookupText("Main", "Ligne", "msgLigne") + " " + std::to_string(ctx.I + 1) + " : " +
+                   LookupText("Main", "libellés trop longs pour un TYP, laissés de côté pour l'objet",
+                              "msgLibellesTropLongs") +
+                   " Type=0x" + type + " SubType=0x" + subType + " (" +
+                   GroupedNumber(static_cast<std::int64_t>(acc.size())) + " / " +
+                   GroupedNumber(static_cast<std::int64_t>(kMaxLabelRunBytes)) + ")";
+        });
+        return false;
+    }
+    labelBytes = PrefixedLabelBlock(acc);
+    return true;
 }
 
 void ReadExtendedLabels(ParseContext& ctx, Bytes& block) {

@@ -32,13 +32,13 @@ check "decompile again" 0 "$cli" decompile "$work/again.typ" --no-heading -o "$w
 grep -c '^\[_polygon\]' "$work/again.txt" | grep -qx 16 || { echo "FAIL polygon count after compile"; failures=$((failures + 1)); }
 printf 'GARMIN TYP is not here' >"$work/bad.typ"
 check "damaged file reads with a log" 1 "$cli" info "$work/bad.typ"
-grep -q "corrompu" "$work/err" || { echo "FAIL damaged log text"; failures=$((failures + 1)); }
+grep -q "damaged" "$work/err" || { echo "FAIL damaged log text"; failures=$((failures + 1)); }
 printf '[_polygon]\nType=0x01\n[end]\n' >"$work/noid.txt"
 check "compile without FID fails like the save" 2 "$cli" compile "$work/noid.txt" -o "$work/noid.typ"
 check "compile with FID given" 0 "$cli" compile "$work/noid.txt" -o "$work/noid.typ" --fid 1 --product-code 1
 # FID and product code are 16-bit: a value out of range stops the command and names the range.
 range_named() {  # range_named NAME: the last command's stderr names 0 to 65535
-  grep -q "0 et 65535" "$work/err" ||
+  grep -q "0 and 65535" "$work/err" ||
     { echo "FAIL $1: no range in the message"; cat "$work/err"; failures=$((failures + 1)); }
 }
 check "roundtrip refuses --fid 70000" 2 "$cli" roundtrip "$sample" -o "$work/fid.typ" --fid 70000
@@ -81,4 +81,84 @@ REG
     { echo "FAIL mapsets installed row"; cat "$work/out"; failures=$((failures + 1)); }
   check "mapsets takes no argument" 2 "$cli" mapsets extra
 fi
+
+expect() {  # expect NAME COMMAND...: a check of the state left behind
+  local name=$1
+  shift
+  if "$@"; then echo "ok   $name"; else echo "FAIL $name"; failures=$((failures + 1)); fi
+}
+
+# Numbers follow the language: English unless told otherwise.
+check "info in English" 0 "$cli" info "$sample"
+expect "length with English digit grouping" grep -q "Length:       14,452 bytes" "$work/out"
+check "info in French" 0 "$cli" --language Francais info "$sample"
+expect "length with French digit grouping" grep -q "14 452 octets" "$work/out"
+check "version" 0 "$cli" --version
+
+# Inputs that are no TYP file: each command refuses them with exit 2 and
+# writes nothing, and never waits on a device or a pipe.
+mkdir "$work/folder"
+mkfifo "$work/pipe"
+: >"$work/empty.typ"
+printf 'GARMIN' >"$work/locked.typ"
+chmod 000 "$work/locked.typ"
+truncate -s 257M "$work/huge.typ"  # sparse: takes no disk
+bad_inputs=("$work/folder" /dev/null /dev/zero "$work/pipe" "$work/huge.typ" "$work/empty.typ")
+if ! cat "$work/locked.typ" >/dev/null 2>&1; then bad_inputs+=("$work/locked.typ")
+else echo "skip unreadable input: this user reads files whatever their mode (root)"; fi
+for input in "${bad_inputs[@]}"; do
+  # An empty file is a file: info reads it and reports what it lacks.
+  [ "$input" = "$work/empty.typ" ] && status=1 || status=2
+  check "info $input" $status timeout 10 "$cli" info "$input"
+  check "decompile $input" 2 timeout 10 "$cli" decompile "$input" -o "$work/out.txt"
+  check "roundtrip $input" 2 timeout 10 "$cli" roundtrip "$input" -o "$work/out.typ"
+  check "compile $input" 2 timeout 10 "$cli" compile "$input" -o "$work/out.typ"
+  expect "nothing written from $input" test ! -e "$work/out.txt" -a ! -e "$work/out.typ"
+done
+
+# A read that finds no TYP never replaces an existing output.
+cp "$sample" "$work/good.typ"
+check "empty input keeps the old output" 2 "$cli" roundtrip "$work/empty.typ" -o "$work/good.typ"
+expect "old output intact" cmp -s "$sample" "$work/good.typ"
+
+# Output equal to input, by any name, only with --in-place.
+cp "$sample" "$work/self.typ"
+ln -s self.typ "$work/self-link.typ"
+check "decompile over its input" 2 "$cli" decompile "$work/self.typ" -o "$work/self.typ"
+check "roundtrip over its input through a link" 2 "$cli" roundtrip "$work/self-link.typ" -o "$work/self.typ"
+expect "input intact" cmp -s "$sample" "$work/self.typ"
+check "roundtrip --in-place" 0 "$cli" roundtrip "$work/self.typ" -o "$work/self.typ" --in-place
+check "in-place result reads" 0 "$cli" info "$work/self.typ"
+
+# Targets: devices and folders refused, links followed, modes kept,
+# read-only files refused, no temporary left behind.
+check "output to /dev/null refused" 2 "$cli" roundtrip "$sample" -o /dev/null
+expect "refusal says why" grep -q "not a regular file" "$work/err"
+expect "/dev/null still a device" test -c /dev/null
+check "output to a folder refused" 2 "$cli" roundtrip "$sample" -o "$work/folder"
+expect "folder still empty" test -z "$(ls -A "$work/folder")"
+: >"$work/target.typ"
+chmod 600 "$work/target.typ"
+ln -s target.typ "$work/link.typ"
+check "output through a link" 0 "$cli" roundtrip "$sample" -o "$work/link.typ"
+expect "link still a link" test -L "$work/link.typ"
+expect "file behind the link written" test -s "$work/target.typ"
+expect "mode 600 kept" test "$(stat -c %a "$work/target.typ")" = 600
+printf 'old text' >"$work/ro.txt"
+chmod 444 "$work/ro.txt"
+check "read-only output refused" 2 "$cli" decompile "$sample" -o "$work/ro.txt"
+expect "read-only file intact" test "$(cat "$work/ro.txt")" = "old text"
+expect "no temporary left" test -z "$(find "$work" -name '.*.tmp')"
+
+# Two saves to one target at once: each leaves a whole file.
+"$cli" roundtrip "$sample" -o "$work/a.typ" --fid 1 && "$cli" roundtrip "$sample" -o "$work/b.typ" --fid 2
+for i in 1 2 3 4 5 6 7 8 9 10; do
+  "$cli" roundtrip "$work/a.typ" -o "$work/shared.typ" --fid 1 &
+  "$cli" roundtrip "$work/b.typ" -o "$work/shared.typ" --fid 2 &
+  wait
+  "$cli" info "$work/shared.typ" >/dev/null 2>&1 || { echo "FAIL concurrent saves left a broken file"; failures=$((failures + 1)); }
+done
+expect "no temporary left after concurrent saves" test -z "$(find "$work" -name '.*.tmp')"
+
+echo "$failures failed"
 [ "$failures" -eq 0 ]

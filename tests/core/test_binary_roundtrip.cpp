@@ -218,28 +218,6 @@ TEST(BinaryRoundTrip, NightTrueColourWithoutBitZeroLosesItsPixels) {
     EXPECT_TRUE(back.ReadErrorFlag);
 }
 
-TEST(Sorts, EqualKeysKeepTheExchangeSortOrder) {
-    std::vector<PolylineRecord> lines;
-    for (int i = 0; i < 9; ++i) {
-        PolylineRecord r;
-        r.Type = TypeText(1 + i % 3);
-        r.SubType = "00";
-        r.ExtraIndexBytes = {static_cast<std::uint8_t>(i % 2 ? i : 0), 0};
-        r.Offset = i;
-        lines.push_back(r);
-    }
-    auto literal = lines;
-    for (std::size_t i = 0; i + 1 < literal.size(); ++i) {
-        for (std::size_t j = i + 1; j < literal.size(); ++j) {
-            const int ti = HexValue(literal[i].Type), tj = HexValue(literal[j].Type);
-            const int ei = literal[i].ExtraIndexBytes[0] * 256, ej = literal[j].ExtraIndexBytes[0] * 256;
-            if (ti > tj || (ti == tj && (ej < ei || ei == 0))) std::swap(literal[i], literal[j]);
-        }
-    }
-    SortPolylinesForWriting(lines);
-    for (std::size_t i = 0; i < lines.size(); ++i) EXPECT_EQ(lines[i].Offset, literal[i].Offset) << i;
-}
-
 TEST(AdditionalLabels, BrowserShowsTablesInHexAndTheStrings) {
     Document doc;
     EXPECT_EQ(LabelsBrowserText(doc).Text, "Aucun POI supplémentaire");

@@ -118,7 +118,7 @@ bool InstallTypModel::ChangeInfoFile(MapsetRow& row, bool associate) {
         prompts_.Warn("Mirvane", xmlProblem);
         return false;
     }
-    if (!WriteFileAtomically(info->Path, *changed)) {
+    if (!WriteFileAtomically(info->Path, *changed).Ok()) {
         WarnNotWritten(Utf8FromPath(info->Path));
         return false;
     }
@@ -151,7 +151,7 @@ std::optional<fs::path> InstallTypModel::CopyToMapsetDrive(const fs::path& typ, 
     const auto target = prompts_.ChooseSavePath(title, name, TypFilter());
     if (!target || target->empty()) return std::nullopt;
     Bytes bytes;
-    if (!ReadWholeFile(typ, bytes) || !WriteFileAtomically(PathFromUtf8(*target), bytes)) {
+    if (!ReadWholeFile(typ, bytes) || !WriteFileAtomically(PathFromUtf8(*target), bytes).Ok()) {
         WarnNotWritten(*target);
         return std::nullopt;
     }

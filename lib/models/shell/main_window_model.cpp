@@ -5,6 +5,7 @@
 
 #include "document/binary_reader.h"
 #include "document/binary_writer.h"
+#include "document/file_messages.h"
 #include "document/presentation.h"
 #include "document/draw_order_table.h"
 #include "models/shell/error_list_model.h"
@@ -174,7 +175,10 @@ bool MainWindowModel::LoadDocument(const std::string& path, const DocumentReader
     if (HasDocument()) Close();
     Document loaded;
     if (!reader(loaded, path)) {
-        prompts_.Warn("Mirvane", MainText("Impossible de lire le fichier", "msgLectureImpossible") + " " + path);
+        std::string text = MainText("Impossible de lire le fichier", "msgLectureImpossible") + " " + path;
+        if (const ReadResult problem = InspectInputFile(PathFromUtf8(path)); !problem.Ok())
+            text += kLineBreak + ReadFailureText(problem);
+        prompts_.Warn("Mirvane", text);
         Changed(ChangeSet::Everything());
         return false;
     }
@@ -213,6 +217,36 @@ bool MainWindowModel::ConfirmOverwrite(const std::string& path) {
     return prompts_.AskYesNo(MainText("Ecraser le fichier ?", "msgFichierExiste4"), text, true);
 }
 
+std::optional<MainWindowModel::SaveTarget> MainWindowModel::ChooseSaveTarget(std::string suggested,
+                                                                            const std::string& filter) {
+    for (;;) {
+        auto answer = prompts_.ChooseSavePath(MainText("Enregistrer sous", "dlgEnregistrerSous"), suggested, filter);
+        if (!answer || answer->empty()) return std::nullopt;
+        const std::string& path = *answer;
+        suggested.clear();
+        switch (InspectWriteTarget(PathFromUtf8(path))) {
+        case TargetKind::Missing: return SaveTarget{path};
+        case TargetKind::Writable:
+            if (ConfirmOverwrite(path)) return SaveTarget{path};
+            break;
+        case TargetKind::ReadOnly:
+            if (ConfirmOverwrite(path) && ConfirmReadOnlyReplace(path))
+                return SaveTarget{path, ReadOnlyTarget::Replace};
+            break;
+        case TargetKind::NotRegularFile:
+            prompts_.Inform("Mirvane", path + kLineBreak + WriteFailureText(WriteStatus::NotRegularFile, {}));
+            break;
+        }
+    }
+}
+
+bool MainWindowModel::ConfirmReadOnlyReplace(const std::string& path) {
+    const std::string text = MainText("Le fichier", "msgFichierExiste1") + "   " + path + "   " +
+                             MainText("est en lecture seule.", "msgLectureSeule1") + kLineBreak + kLineBreak +
+                             MainText("Voulez-vous le remplacer quand même ?", "msgLectureSeule2");
+    return prompts_.AskYesNo(MainText("Fichier en lecture seule", "msgLectureSeule3"), text, true);
+}
+
 bool MainWindowModel::SaveTyp() {
     if (!HasDocument() || !InformOfMissingIdentity()) return false;
     std::string suggested = doc_.FileName;
@@ -220,17 +254,10 @@ bool MainWindowModel::SaveTyp() {
         suggested.resize(suggested.size() - 4);
     if (!suggested.empty() && !doc_.FileFolder.empty())
         suggested = (std::filesystem::path(doc_.FileFolder) / suggested).string();
-    std::string target;
-    for (;;) {
-        auto answer = prompts_.ChooseSavePath(MainText("Enregistrer sous", "dlgEnregistrerSous"), suggested,
-                                              TypFilter());
-        if (!answer || answer->empty()) return false;
-        target = *answer;
-        std::error_code ignored;
-        if (!std::filesystem::exists(target, ignored) || ConfirmOverwrite(target)) break;
-        suggested.clear();
-    }
-    if (auto failure = SaveBinaryTyp(doc_, target)) {
+    const std::optional<SaveTarget> chosen = ChooseSaveTarget(suggested, TypFilter());
+    if (!chosen) return false;
+    const std::string& target = chosen->Path;
+    if (auto failure = SaveBinaryTyp(doc_, target, SaveTime::Now(), chosen->ReadOnly)) {
         if (failure->ErrorNumber == 0) prompts_.Inform(failure->Title, failure->Description);
         else prompts_.Warn("Mirvane", SaveFailureMessage(*failure));
         Changed(Change::File);

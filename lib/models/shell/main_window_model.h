@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "base/file_io.h"
 #include "document/document.h"
 #include "models/shell/document_changes.h"
 #include "models/shell/recent_files.h"
@@ -95,6 +96,15 @@ public:
     void MarkModified(ChangeSet what = ChangeSet::Everything());
     // Asks whether the existing file at `path` may be replaced.
     bool ConfirmOverwrite(const std::string& path);
+    // The save dialog until the user cancels or picks a file that may be
+    // written: an existing file only when the user agrees to replace it, a
+    // read-only one only after a second question; a folder or a device is
+    // refused with a message and the dialog shown again.
+    struct SaveTarget {
+        std::string Path;
+        ReadOnlyTarget ReadOnly = ReadOnlyTarget::Refuse;
+    };
+    std::optional<SaveTarget> ChooseSaveTarget(std::string suggested, const std::string& filter);
 
     // --- header fields, as the window shows them; with no document the
     // fields are empty and the combos have no selection.
@@ -125,6 +135,7 @@ private:
     void SetFilePath(const std::string& path);
     // False when the open dialog is cancelled; `chosen` is left alone then.
     bool AskOpenPath(std::string& chosen, const std::string& title, const std::string& filter);
+    bool ConfirmReadOnlyReplace(const std::string& path);
     // Closes the current document, then reads `path` into a fresh one; warns when it cannot be read.
     bool LoadDocument(const std::string& path, const DocumentReader& reader, bool fromText);
 

@@ -1,10 +1,7 @@
 #include "models/textpane/compiler_model.h"
 
-#include <cerrno>
-#include <fstream>
-#include <system_error>
-
 #include "base/file_io.h"
+#include "document/file_messages.h"
 #include "document/records.h"
 #include "lang/lookup.h"
 
@@ -61,11 +58,10 @@ std::optional<std::string> TypPathFor(const std::string& textPath) {
 }
 
 bool TruncateFile(const std::string& path, std::string& reason) {
-    errno = 0;
-    std::ofstream file(PathFromUtf8(path), std::ios::out | std::ios::trunc | std::ios::binary);
-    if (file) return true;
-    const int error = errno;
-    reason = error ? std::generic_category().message(error) : std::string("error");
+    const WriteResult written = WriteFileAtomically(PathFromUtf8(path), std::string_view());
+    if (written.Ok()) return true;
+    reason = WriteFailureText(written.Status, written.Reason);
+    if (reason.empty()) reason = "error";
     return false;
 }
 

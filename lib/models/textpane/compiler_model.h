@@ -90,7 +90,8 @@ private:
     std::string typPath_;
 };
 
-// Creates the file or empties it; false with the reason when it cannot.
+// Creates the file or empties it, through the one save path, so that a bad
+// target fails before the compiler runs; false with the reason when it cannot.
 bool TruncateFile(const std::string& path, std::string& reason);
 
 }  // namespace mirvane

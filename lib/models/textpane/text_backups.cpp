@@ -1,7 +1,6 @@
 #include "models/textpane/text_backups.h"
 
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 
 #include "base/file_io.h"
@@ -50,22 +49,13 @@ std::string BackupFileEntry(std::string_view fileName, std::size_t number, std::
 
 bool AppendBackupEntry(const std::string& folder, std::string_view entry) {
     const fs::path path = BackupPath(folder);
+    std::string content;
     std::error_code error;
-    const bool exists = fs::exists(path, error);
-    std::uintmax_t length = exists ? fs::file_size(path, error) : 0;
-    if (error) return false;
-
-    std::fstream file;
-    if (exists)
-        file.open(path, std::ios::in | std::ios::out | std::ios::binary);
-    else
-        file.open(path, std::ios::out | std::ios::binary);
-    if (!file) return false;
+    if (fs::exists(path, error) && !ReadWholeFile(path, content)) return false;
     // Put at the file's length counted from 1: on its last byte.
-    const std::uintmax_t position = length > 0 ? length - 1 : 0;
-    file.seekp(static_cast<std::streamoff>(position));
-    file.write(entry.data(), static_cast<std::streamsize>(entry.size()));
-    return static_cast<bool>(file);
+    if (!content.empty()) content.pop_back();
+    content += entry;
+    return WriteFileAtomically(path, content).Ok();
 }
 
 void sauvegardertexte(TextBackups& backups, std::string paneText, bool autoBackupOn, const std::string& folder,

@@ -1,8 +1,8 @@
 #include "models/textpane/text_pane_session.h"
 
 #include <filesystem>
-#include <fstream>
 
+#include "document/file_messages.h"
 #include "document/presentation.h"
 #include "base/codepage.h"
 #include "lang/lookup.h"
@@ -112,22 +112,13 @@ void TextPaneSession::Apply(const std::string& paneBytes, bool autoBackupOn) {
 
 bool TextPaneSession::SaveText(const std::string& paneBytes) {
     if (!model_.HasDocument()) return false;
-    std::string suggested = SuggestedTextPath(model_.Doc());
-    std::string target;
-    for (;;) {
-        auto answer = prompts_.ChooseSavePath(MainText("Enregistrer sous", "dlgEnregistrerSous"), suggested,
-                                              MainText("Fichiers texte", "msgFiltreTxt") + " (*.txt)");
-        if (!answer || answer->empty()) return false;
-        target = *answer;
-        std::error_code ignored;
-        if (!std::filesystem::exists(target, ignored) || model_.ConfirmOverwrite(target)) break;
-        suggested.clear();
-    }
-    std::ofstream out(target, std::ios::binary | std::ios::trunc);
-    out.write(paneBytes.data(), static_cast<std::streamsize>(paneBytes.size()));
-    out.close();
-    if (!out) {
-        prompts_.Warn("Mirvane", MainText("Impossible d'écrire le fichier", "msgEcritureImpossible") + " " + target);
+    const auto target = model_.ChooseSaveTarget(SuggestedTextPath(model_.Doc()),
+                                                MainText("Fichiers texte", "msgFiltreTxt") + " (*.txt)");
+    if (!target) return false;
+    const WriteResult written = WriteFileAtomically(PathFromUtf8(target->Path), paneBytes, target->ReadOnly);
+    if (!written.Ok()) {
+        prompts_.Warn("Mirvane", MainText("Impossible d'écrire le fichier", "msgEcritureImpossible") + " " +
+                                     target->Path + kLineBreak + WriteFailureText(written.Status, written.Reason));
         return false;
     }
     return true;
