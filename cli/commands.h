@@ -16,6 +16,9 @@ int RoundtripCommand(const Arguments& args);
 int DecompileCommand(const Arguments& args);
 int CompileCommand(const Arguments& args);
 int MapsetsCommand(const Arguments& args);
+// Their own statuses: 0 same drawing or clean, 1 differences or findings, 2 failure.
+int DiffCommand(const Arguments& args);
+int LintCommand(const Arguments& args);
 
 // True when the arguments ask for help.
 bool WantsHelp(const Arguments& args);
