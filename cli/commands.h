@@ -17,6 +17,9 @@ int RoundtripCommand(const Arguments& args);
 int DecompileCommand(const Arguments& args);
 int CompileCommand(const Arguments& args);
 int MapsetsCommand(const Arguments& args);
+// Their own statuses: 0 same drawing or clean, 1 differences or findings, 2 failure.
+int DiffCommand(const Arguments& args);
+int LintCommand(const Arguments& args);
 
 // Runs `command` with a last-resort handler: whatever escapes it becomes a
 // message on stderr and exit status 2, never an abort.

@@ -18,11 +18,14 @@ const char* const kUsage =
     "  roundtrip IN.typ -o OUT.typ        read a binary TYP and write it back\n"
     "  decompile IN.typ [-o OUT.txt]      write the text form of a binary TYP\n"
     "  compile IN.txt -o OUT.typ          compile a text TYP to a binary TYP\n"
+    "  diff A B                           what two TYP files (.typ or .txt) draw differently\n"
+    "  lint FILE                          what in a TYP file the GPS or other decoders stumble on\n"
     "  mapsets                            list the Garmin mapsets installed on this machine\n"
     "\n"
     "Messages and numbers are in English unless --language names another file of\n"
     "Langues (Francais is built in). Each command takes --help.\n"
-    "Exit status: 0 ok, 1 read with logged errors, 2 usage or I/O failure.\n";
+    "Exit status: 0 ok, 1 read with logged errors (diff: differences, lint: findings),\n"
+    "2 usage or I/O failure.\n";
 
 // English unless the user names another language; without English.lng the
 // built-in French remains.
@@ -51,6 +54,8 @@ int Run(const Arguments& commandLine) {
         {"decompile", DecompileCommand},
         {"compile", CompileCommand},
         {"mapsets", MapsetsCommand},
+        {"diff", DiffCommand},
+        {"lint", LintCommand},
     };
     const auto command = commands.find(args[0]);
     if (command == commands.end()) {

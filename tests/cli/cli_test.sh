@@ -30,6 +30,22 @@ check "decompile" 0 "$cli" decompile "$sample" -o "$work/sample.txt"
 check "compile" 0 "$cli" compile "$work/sample.txt" -o "$work/again.typ"
 check "decompile again" 0 "$cli" decompile "$work/again.typ" --no-heading -o "$work/again.txt"
 grep -c '^\[_polygon\]' "$work/again.txt" | grep -qx 16 || { echo "FAIL polygon count after compile"; failures=$((failures + 1)); }
+# diff: the same drawing through a text and back is 0, a changed colour 1, a
+# missing file 2; lint: the sample is clean, a text without draw order is not.
+check "diff of a file with itself" 0 "$cli" diff "$sample" "$sample"
+check "diff binary against its compiled listing" 0 "$cli" diff "$sample" "$work/again.typ"
+check "diff binary against its text" 0 "$cli" diff "$sample" "$work/sample.txt"
+sed '0,/^"1 c #[0-9A-Fa-f]\{6\}"/s//"1 c #123456"/' "$work/sample.txt" >"$work/recoloured.txt"
+check "diff finds a changed colour" 1 "$cli" diff "$work/sample.txt" "$work/recoloured.txt"
+grep -q "#123456" "$work/out" || { echo "FAIL diff names the new colour"; cat "$work/out"; failures=$((failures + 1)); }
+check "diff with one file is a usage error" 2 "$cli" diff "$sample"
+check "diff of a missing file" 2 "$cli" diff "$sample" "$work/none.typ"
+check "lint of the sample" 0 "$cli" lint "$sample"
+printf '[_id]\nFID=0\nProductCode=1\n[end]\n[_polygon]\nType=0x01\nXpm="0 0 1 0"\n"a c #FF0000"\n[end]\n' >"$work/lint.txt"
+check "lint finds problems" 1 "$cli" lint "$work/lint.txt"
+grep -q "^FID: " "$work/out" && grep -q "not in the draw order" "$work/out" ||
+  { echo "FAIL lint findings"; cat "$work/out"; failures=$((failures + 1)); }
+check "lint of a missing file" 2 "$cli" lint "$work/none.typ"
 printf 'GARMIN TYP is not here' >"$work/bad.typ"
 check "damaged file reads with a log" 1 "$cli" info "$work/bad.typ"
 grep -q "damaged" "$work/err" || { echo "FAIL damaged log text"; failures=$((failures + 1)); }
