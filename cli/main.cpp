@@ -19,6 +19,8 @@ const char* const kUsage =
     "  decompile IN.typ [-o OUT.txt]      write the text form of a binary TYP\n"
     "  compile IN.txt -o OUT.typ          compile a text TYP to a binary TYP\n"
     "  mapsets                            list the Garmin mapsets installed on this machine\n"
+    "  special --kind K --from T --to T -o OUT.typ\n"
+    "                                     a TYP that labels each object with its own type\n"
     "\n"
     "Each command takes --help. Exit status: 0 ok, 1 read with logged errors, 2 usage or I/O failure.\n";
 
@@ -39,6 +41,7 @@ int main(int argc, char** argv) {
         {"decompile", DecompileCommand},
         {"compile", CompileCommand},
         {"mapsets", MapsetsCommand},
+        {"special", SpecialCommand},
     };
     const auto command = commands.find(args[0]);
     if (command == commands.end()) {
