@@ -59,13 +59,6 @@ std::vector<Identified> IdentifiedObjects(const IdentificationRange& range, std:
     return objects;
 }
 
-std::string UpperHex(int value, int digits) {
-    static constexpr char kDigits[] = "0123456789ABCDEF";
-    std::string text(static_cast<std::size_t>(digits), '0');
-    for (int k = digits - 1; k >= 0; --k, value >>= 4) text[static_cast<std::size_t>(k)] = kDigits[value & 0x0F];
-    return text;
-}
-
 Bytes LabelOf(const Identified& object, bool withSubTypes) {
     return EncodeLabelBlock({{kFrenchLanguage, IdentificationLabelText(object.Type, object.SubType, withSubTypes)}});
 }
@@ -141,6 +134,13 @@ std::vector<DrawOrderEntry> DrawOrderOf(const std::vector<Identified>& objects) 
 
 }  // namespace
 
+std::string UpperHexDigits(int value, int digits) {
+    static constexpr char kDigits[] = "0123456789ABCDEF";
+    std::string text(static_cast<std::size_t>(digits), '0');
+    for (int k = digits - 1; k >= 0; --k, value >>= 4) text[static_cast<std::size_t>(k)] = kDigits[value & 0x0F];
+    return text;
+}
+
 IdentificationRange IdentificationRangeAt(int row) {
     if (row <= 0) return {0, kTypesWithoutSubTypes - 1, false};
     const int first = (row - 1) * kTypesPerRange;
@@ -156,8 +156,8 @@ std::optional<int> IdentificationRangeRow(int firstType, int lastType) {
 }
 
 std::string IdentificationLabelText(int type, int subType, bool withSubTypes) {
-    if (!withSubTypes) return "  " + UpperHex(type, 2) + "/00";
-    return " " + UpperHex(type, 3) + "/" + UpperHex(subType, 2);
+    if (!withSubTypes) return "  " + UpperHexDigits(type, 2) + "/00";
+    return " " + UpperHexDigits(type, 3) + "/" + UpperHexDigits(subType, 2);
 }
 
 Document BuildIdentificationTyp(ObjectKind kind, int rangeRow, std::uint32_t seed) {

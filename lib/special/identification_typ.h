@@ -26,6 +26,9 @@ IdentificationRange IdentificationRangeAt(int row);
 // The row whose range runs exactly from `firstType` to `lastType`.
 std::optional<int> IdentificationRangeRow(int firstType, int lastType);
 
+// `value` in `digits` upper-case hexadecimal digits, cut to the rightmost.
+std::string UpperHexDigits(int value, int digits);
+
 // The label text, " 01A/1F" with subtypes and "  1A/00" without.
 std::string IdentificationLabelText(int type, int subType, bool withSubTypes);
 
