@@ -2,6 +2,8 @@
 // 0 success with an empty log, 1 success with logged errors, 2 usage or I/O failure.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +19,7 @@ int RoundtripCommand(const Arguments& args);
 int DecompileCommand(const Arguments& args);
 int CompileCommand(const Arguments& args);
 int MapsetsCommand(const Arguments& args);
+int SpecialCommand(const Arguments& args);
 // Their own statuses: 0 same drawing or clean, 1 differences or findings, 2 failure.
 int DiffCommand(const Arguments& args);
 int LintCommand(const Arguments& args);
@@ -53,6 +56,9 @@ namespace mirvane::cli {
 
 // Sets the header size from a command-line value; false when it is no number.
 bool ApplyHeaderSizeOption(TypIdentity& identity, const std::string& value);
+
+// --fid and --product-code: false, after saying why, for a value out of range.
+bool ApplyIdentityOption(std::optional<std::uint16_t>& field, const char* option, const std::string& value);
 
 // Saves like the program's save command and reports a failure on stderr.
 int SaveAndReport(Document& doc, const std::string& path);

@@ -21,6 +21,8 @@ const char* const kUsage =
     "  diff A B                           what two TYP files (.typ or .txt) draw differently\n"
     "  lint FILE                          what in a TYP file the GPS or other decoders stumble on\n"
     "  mapsets                            list the Garmin mapsets installed on this machine\n"
+    "  special --kind K --from T --to T -o OUT.typ\n"
+    "                                     a TYP that labels each object with its own type\n"
     "\n"
     "Messages and numbers are in English unless --language names another file of\n"
     "Langues (Francais is built in). Each command takes --help.\n"
@@ -56,6 +58,7 @@ int Run(const Arguments& commandLine) {
         {"mapsets", MapsetsCommand},
         {"diff", DiffCommand},
         {"lint", LintCommand},
+        {"special", SpecialCommand},
     };
     const auto command = commands.find(args[0]);
     if (command == commands.end()) {

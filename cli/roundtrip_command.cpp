@@ -20,15 +20,14 @@ const char* const kHelp =
     "The header size, FID and product code default to those of the file read.\n"
     "OUT may be IN only with --in-place.\n";
 
-// --fid and --product-code: a value out of range stops the command rather
-// than being saved as some other number.
+}  // namespace
+
+// A value out of range stops the command rather than being saved as some other number.
 bool ApplyIdentityOption(std::optional<std::uint16_t>& field, const char* option, const std::string& value) {
     field = ParseIdentityNumber(value);
     if (!field) std::cerr << "mirvane-cli: " << option << " " << value << ": " << IdentityRangeMessage() << "\n";
     return field.has_value();
 }
-
-}  // namespace
 
 
 bool ApplyHeaderSizeOption(TypIdentity& identity, const std::string& value) {

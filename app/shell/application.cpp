@@ -17,6 +17,7 @@
 #include "models/shell/startup.h"
 #include "app/lang/change_language.h"
 #include "app/mapsets/mapsets_window.h"
+#include "app/special/special_typ_window.h"
 #include "app/poi/import_bitmap_window.h"
 #include "lang/lookup.h"
 #include "app/shell/dialog_prompts.h"
@@ -83,6 +84,7 @@ bool TakeOption(QStringList& args, const QString& name, QString& value) {
 // A window other than the main one, drawn on its own; none for an unknown name.
 std::unique_ptr<QWidget> ScreenshotWindow(const QString& name, UserPrompts& prompts, const QString& picture) {
     if (name == "frmImporterBitmap") return ImportBitmapWindowWithPicture(prompts, picture);
+    if (name == "frmTypSpeciaux") return std::make_unique<SpecialTypWindow>(prompts);
     if (name == "frmMapsets") {
         auto window = std::make_unique<MapsetsWindow>(LocalMapsetEnvironment(), prompts, nullptr, false);
         // The offscreen screen is 800 pixels wide, narrower than the window would make itself.
@@ -136,7 +138,7 @@ int RunMirvane(const QStringList& arguments) {
         QString out, windowName, picture, language;
         if (!TakeOption(args, "--screenshot", out) || !TakeOption(args, "--window", windowName) ||
             !TakeOption(args, "--picture", picture) || !TakeOption(args, "--language", language) || out.isEmpty()) {
-            std::fprintf(stderr, "usage: mirvane --screenshot OUT.png [--window frmMapsets | frmImporterBitmap --picture PICTURE] "
+            std::fprintf(stderr, "usage: mirvane --screenshot OUT.png [--window frmMapsets | frmTypSpeciaux | frmImporterBitmap --picture PICTURE] "
                                  "[--language NAME] [FILE]\n");
             return 2;
         }

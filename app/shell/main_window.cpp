@@ -33,6 +33,7 @@
 #include "app/shell/labels_window.h"
 #include "app/lang/change_language.h"
 #include "app/mapsets/mapsets_window.h"
+#include "app/special/special_typ_window.h"
 #include "app/preview/icons_view.h"
 #include "app/preview/preview_frame.h"
 #include "app/common/texts.h"
@@ -220,7 +221,6 @@ void MainWindow::BuildMenus() {
     mnuSauvegardeAuto_->setCheckable(true);
     mnuSauvegardeAuto_->setChecked(true);
     mnuTypSpeciaux_ = MakeAction(this, "mnuTypSpeciaux");
-    mnuTypSpeciaux_->setEnabled(false);
     mnuInstallerTyp_ = MakeAction(this, "mnuInstallerTyp");
     mnuEffacerCache_ = MakeAction(this, "mnuEffacerCache");
     tools->addActions({mnuSauvegardeAuto_, mnuTypSpeciaux_, mnuInstallerTyp_, mnuEffacerCache_});
@@ -257,6 +257,7 @@ void MainWindow::BuildMenus() {
         if (CommitIdentityEdits()) ShowMapsetsWindow(this, model_, true);
     });
     connect(mnuInstallerTyp_, &QAction::triggered, this, [this] { ShowMapsetsWindow(this, model_, false); });
+    connect(mnuTypSpeciaux_, &QAction::triggered, this, [this] { ShowSpecialTypWindow(this, model_); });
     connect(mnuEffacerCache_, &QAction::triggered, this, [this] { ClearMapCaches(model_.Prompts()); });
 }
 

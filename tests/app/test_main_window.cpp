@@ -57,7 +57,7 @@ private slots:
         QVERIFY(!Action("mnufermer")->isEnabled());
         QVERIFY(!Action("mnuEnregistrerTyp")->isEnabled());
         QVERIFY(Action("mnuOuvrirTYP")->isEnabled());
-        QVERIFY(!Action("mnuTypSpeciaux")->isEnabled());
+        QVERIFY(Action("mnuTypSpeciaux")->isEnabled());  // it starts a new document
         QVERIFY(!Find<QLineEdit>("txtFID")->isEnabled());
         QVERIFY(Find<QPlainTextEdit>("BoxVisualisation")->isReadOnly());
         QCOMPARE(Caption("fraPolygone"), QString("Liste des polygones"));

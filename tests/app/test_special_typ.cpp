@@ -1,0 +1,82 @@
+// frmTypSpeciaux: the window asks for what it needs, and what it builds is
+// byte for byte what mirvane-cli special writes with the same seed.
+#include <QComboBox>
+#include <QFile>
+#include <QProcess>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "app/special/special_typ_window.h"
+#include "document/binary_writer.h"
+#include "scripted_prompts.h"
+
+using mirvane::app::SpecialTypWindow;
+
+namespace {
+
+template <typename T>
+T* Find(QObject* parent, const char* name) {
+    T* found = parent->findChild<T*>(QString::fromUtf8(name));
+    if (!found) qFatal("no widget %s", name);
+    return found;
+}
+
+// The file without bytes 14 to 20 of its header, the date of the save.
+QByteArray WithoutDate(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    QByteArray bytes = file.readAll();
+    return bytes.left(14) + bytes.mid(21);
+}
+
+}  // namespace
+
+class SpecialTypTest : public QObject {
+    Q_OBJECT
+private slots:
+    void OkTellsWhatIsMissing() {
+        ScriptedPrompts prompts;
+        SpecialTypWindow window(prompts, [] { return 1u; });
+        QCOMPARE(Find<QComboBox>(&window, "cbbPlage")->count(), 19);
+        QCOMPARE(Find<QComboBox>(&window, "cbbPlage")->itemText(18), QString("0x11000  à  0x11F1F"));
+        Find<QPushButton>(&window, "cmdOK")->click();
+        Find<QRadioButton>(&window, "optPOI")->setChecked(true);
+        Find<QPushButton>(&window, "cmdOK")->click();
+        QCOMPARE(prompts.Log.size(), std::size_t{2});
+        QVERIFY(!window.Result().has_value());
+        Find<QComboBox>(&window, "cbbPlage")->setCurrentIndex(0);
+        Find<QPushButton>(&window, "cmdOK")->click();
+        QVERIFY(window.Result().has_value());
+        QCOMPARE(window.Result()->PoiCount(), 256);
+        QCOMPARE(prompts.Log.size(), std::size_t{2});
+    }
+
+    void WindowAndCommandLineWriteTheSameFile() {
+        QTemporaryDir folder;
+        const QString fromWindow = folder.filePath("window.typ"), fromCli = folder.filePath("cli.typ");
+        ScriptedPrompts prompts;
+        SpecialTypWindow window(prompts, [] { return 42u; });
+        Find<QRadioButton>(&window, "optPolygone")->setChecked(true);
+        Find<QComboBox>(&window, "cbbPlage")->setCurrentIndex(18);
+        Find<QPushButton>(&window, "cmdOK")->click();
+        QVERIFY(window.Result().has_value());
+        mirvane::Document& doc = *window.Result();
+        doc.Identity.Fid = 1;
+        doc.Identity.ProductCode = 1;
+        QVERIFY(!mirvane::SaveBinaryTyp(doc, fromWindow.toStdString()).has_value());
+
+        QProcess cli;
+        cli.start(MIRVANE_CLI, {"special", "--kind", "polygon", "--from", "0x110", "--to", "0x11f", "--seed", "42",
+                                "-o", fromCli});
+        QVERIFY(cli.waitForFinished(60000));
+        QCOMPARE(cli.exitCode(), 0);
+        const QByteArray windowBytes = WithoutDate(fromWindow);
+        QVERIFY(windowBytes.size() > 1000);
+        QCOMPARE(WithoutDate(fromCli), windowBytes);
+    }
+};
+
+QTEST_MAIN(SpecialTypTest)
+#include "test_special_typ.moc"
