@@ -1,0 +1,330 @@
+// The polygon editor's model, its tools and clipboard, the shared label rows
+// and the draw order editor, without widgets.
+#include <gtest/gtest.h>
+
+#include "corpus.h"
+#include "document/binary_reader.h"
+#include "document/encoding.h"
+#include "models/draworder/draw_order_model.h"
+#include "models/pattern/polygon_editor_model.h"
+#include "scripted_prompts.h"
+
+namespace mirvane {
+namespace {
+
+PolygonRecord Polygon(const std::string& type, const std::string& subType) {
+    PolygonRecord r;
+    r.Type = type;
+    r.SubType = subType;
+    r.Flags = 0x06;  // one colour, both backgrounds clear
+    r.ColourBytes = {0x10, 0x20, 0x30};
+    r.Length = PolygonRecordLength(r);
+    return r;
+}
+
+Document TwoPolygons() {
+    Document doc;
+    doc.Polygons = {Polygon("001", "00"), Polygon("003", "00")};
+    doc.DrawOrder = {{1, 0x001, 0}, {2, 0x003, 0}};
+    return doc;
+}
+
+TEST(LabelStringsModel, BlocksAsTheEditorsStoreThem) {
+    LabelStringsModel labels;
+    labels.SetEnabled(true);
+    labels.SetText(0, "ab");
+    EXPECT_EQ(labels.LabelBytes(), (Bytes{0x09, 0x01, 'a', 'b', 0x00}));
+    labels.AddRow();  // an empty row still stores its code and terminator
+    EXPECT_EQ(labels.LabelBytes(), (Bytes{0x0D, 0x01, 'a', 'b', 0x00, 0x01, 0x00}));
+
+    labels.RemoveRow(1);
+    labels.RemoveRow(0);  // the last row gone switches the labels off
+    EXPECT_FALSE(labels.Enabled());
+    EXPECT_TRUE(labels.LabelBytes().empty());
+
+    // A stored block without rows comes back as it was.
+    labels.LoadLabels({0x01});
+    EXPECT_EQ(labels.LabelBytes(), Bytes{0x01});
+
+    labels.SetExtendedEnabled(true);
+    labels.Extended() = {.FontStyle = 2, .CustomColor = 2, .NightColour = 0x332211};
+    EXPECT_EQ(labels.ExtendedLabelBytes(), (Bytes{0x12, 0x33, 0x22, 0x11}));
+}
+
+TEST(PatternEditorFields, ChecksAndTheirMessages) {
+    EXPECT_FALSE(CheckTypeText("1FF"));
+    EXPECT_FALSE(CheckTypeText("01a"));
+    for (const char* bad : {"200", "", "G1"}) {
+        const auto message = CheckTypeText(bad);
+        ASSERT_TRUE(message) << bad;
+        EXPECT_EQ(message->Text, "Il faut rentrer une valeur héxadécimale  comprise entre 0x000 et 0x1FF");
+        EXPECT_EQ(message->Title, "Erreur de saisie dans le champ  \"Type\"");
+    }
+    EXPECT_FALSE(CheckSubTypeText("1f"));
+    EXPECT_TRUE(CheckSubTypeText("20"));
+    EXPECT_FALSE(CheckLevelText(""));
+    EXPECT_FALSE(CheckLevelText("12"));
+    ASSERT_TRUE(CheckLevelText("0"));
+    EXPECT_EQ(CheckLevelText("0")->Text, "Il faut rentrer un nombre entier supérieur à 0");
+    EXPECT_TRUE(CheckColourText("#12345"));
+    EXPECT_TRUE(CheckColourText("123456 "));
+    EXPECT_TRUE(CheckColourText("#12345G"));
+    EXPECT_EQ(ParseColourText("#a0B1c2"), 0xC2B1A0u);
+    EXPECT_EQ(ColourText(0x0A0B0C), "#0C0B0A");
+}
+
+TEST(PatternEditorFields, CheckBoxesDecideFlagsAndShownColours) {
+    struct Case {
+        bool night, dayClear, nightClear;
+        std::uint8_t flags;
+        std::vector<ColourField> shown;
+    };
+    using enum ColourField;
+    const Case cases[] = {
+        {false, false, false, 0x08, {Day1, Day2}},
+        {true, false, false, 0x09, {Day1, Day2, Night1, Night2}},
+        {true, true, false, 0x0B, {Day1, Night1, Night2}},
+        {true, false, true, 0x0D, {Day1, Day2, Night1}},
+        {false, true, true, 0x0E, {Day1}},
+        {true, true, true, 0x0F, {Day1, Night1}},
+    };
+    for (const Case& c : cases) {
+        PolygonEditorModel model;
+        model.Type = "010";
+        model.SubType = "00";
+        model.SetNightColours(c.night);
+        model.SetDayClear(c.dayClear);
+        model.SetNightClear(c.nightClear);
+        EXPECT_EQ(model.VisibleColourFields(), c.shown) << int(c.flags);
+        const PolygonRecord record = model.BuildRecord();
+        EXPECT_EQ(record.Flags & 0x0F, c.flags);
+        EXPECT_EQ(record.ColourBytes.size(), c.shown.size() * 3);
+        EXPECT_EQ(record.Length, PolygonRecordLength(record));
+    }
+    // Without night colours the night follows the day.
+    PolygonEditorModel model;
+    model.SetNightColours(false);
+    model.SetDayClear(true);
+    EXPECT_TRUE(model.NightClear());
+    model.SetBitmap(false);
+    EXPECT_EQ(model.BuildRecord().Flags & 0x0F, 0x06);
+}
+
+TEST(PatternTools, WholePatternCommands) {
+    PolygonEditorModel model;
+    model.PasteFromClipboard();  // never written: an empty pattern
+    model.Press({3, 1}, MouseButton::Left);
+    model.Release({3, 1});
+    const BitGrid dot = model.Pattern();
+
+    for (int i = 0; i < 32; ++i) model.Run(PatternCommand::ShiftRight);
+    EXPECT_EQ(model.Pattern(), dot);
+    model.Run(PatternCommand::ShiftLeft);
+    EXPECT_EQ(model.Pattern().At({2, 1}), 1);
+    model.Run(PatternCommand::ShiftUp);
+    model.Run(PatternCommand::ShiftUp);
+    EXPECT_EQ(model.Pattern().At({2, 31}), 1);  // wrapped to the bottom
+    model.Run(PatternCommand::ShiftDown);
+    model.Run(PatternCommand::ShiftDown);
+    model.Run(PatternCommand::ShiftRight);
+    EXPECT_EQ(model.Pattern(), dot);
+
+    model.Run(PatternCommand::RotateClockwise);
+    EXPECT_EQ(model.Pattern().At({30, 3}), 1);
+    for (int i = 0; i < 3; ++i) model.Run(PatternCommand::RotateClockwise);
+    EXPECT_EQ(model.Pattern(), dot);
+    model.Run(PatternCommand::RotateCounterClockwise);
+    EXPECT_EQ(model.Pattern().At({1, 28}), 1);
+    model.Run(PatternCommand::RotateClockwise);
+
+    model.Run(PatternCommand::FlipHorizontal);
+    EXPECT_EQ(model.Pattern().At({28, 1}), 1);
+    model.Run(PatternCommand::FlipHorizontal);
+    model.Run(PatternCommand::FlipVertical);
+    EXPECT_EQ(model.Pattern().At({3, 30}), 1);
+    model.Run(PatternCommand::FlipVertical);
+
+    model.RepeatIndexH = kRepeatItems - 1;  // "no repeat"
+    model.Run(PatternCommand::RepeatColumns);
+    EXPECT_EQ(model.Pattern(), dot);
+    model.RepeatIndexH = 1;  // 4 pixels
+    model.Run(PatternCommand::RepeatColumns);
+    for (int x = 3; x < 32; x += 4) EXPECT_EQ(model.Pattern().At({x, 1}), 1) << x;
+    EXPECT_EQ(model.Pattern().At({3, 2}), 0);
+
+    model.Run(PatternCommand::Invert);
+    EXPECT_EQ(model.Pattern().At({3, 1}), 0);
+    EXPECT_EQ(model.Pattern().At({0, 0}), 1);
+}
+
+TEST(PatternTools, StrokesAutoRepeatFillAndUndo) {
+    PolygonEditorModel model;
+    model.PasteFromClipboard();
+    const BitGrid empty = model.Pattern();
+
+    // A fast drag leaves no gaps, and is one undo step.
+    model.Press({0, 0}, MouseButton::Left);
+    model.Move({10, 0});
+    model.Release({10, 0});
+    for (int x = 0; x <= 10; ++x) EXPECT_EQ(model.Pattern().At({x, 0}), 1);
+    model.Undo();
+    EXPECT_EQ(model.Pattern(), empty);
+    model.Redo();
+    EXPECT_EQ(model.Pattern().At({5, 0}), 1);
+
+    // Auto repeat paints every span, before and after the cell.
+    model.AutoRepeat = true;
+    model.RepeatIndexH = 2;  // 8 pixels
+    model.RepeatIndexV = kRepeatItems - 1;
+    model.Press({13, 5}, MouseButton::Left);
+    model.Release({13, 5});
+    for (int x = 5; x < 32; x += 8) EXPECT_EQ(model.Pattern().At({x, 5}), 1) << x;
+    EXPECT_EQ(model.Pattern().At({5, 13}), 0);
+
+    // The paint pot fills the connected region and counts as one step with
+    // the drag that follows it, which draws as the pen.
+    const BitGrid beforeFill = model.Pattern();
+    model.AutoRepeat = false;
+    model.SetTool(PatternToolKind::Fill);
+    model.Press({0, 10}, MouseButton::Left);
+    model.Move({0, 12});
+    model.Release({0, 12});
+    EXPECT_EQ(model.Pattern(), BitGrid(32, 32, 1));
+    model.Undo();
+    EXPECT_EQ(model.Pattern(), beforeFill);
+    model.ToggleChosenColour();  // the second colour under the left button
+    model.Press({0, 0}, MouseButton::Left);  // fills the drawn line back
+    model.Release({0, 0});
+    EXPECT_EQ(model.Pattern().At({10, 0}), 0);
+    EXPECT_EQ(model.Pattern().At({5, 5}), 1);
+    while (model.CanUndo()) model.Undo();
+    EXPECT_EQ(model.Pattern(), empty);
+}
+
+TEST(PatternClipboard, PolygonCopyAndPaste) {
+    PolygonClipboard() = PatternClipboard{};
+    PolygonEditorModel fresh;
+    fresh.SetNightColours(false);
+    fresh.SetBitmap(false);
+    fresh.PasteFromClipboard();  // never written
+    EXPECT_TRUE(fresh.NightColours());
+    EXPECT_TRUE(fresh.Bitmap());
+    EXPECT_FALSE(fresh.DayClear());
+    for (int f = 0; f < kObjectColourFields; ++f) EXPECT_EQ(fresh.Colour(ColourField(f)), 0u);
+
+    Document doc = TwoPolygons();
+    PolygonEditorModel source;
+    source.Load(doc, 0);
+    source.SetBitmap(true);
+    source.SetDayClear(false);
+    source.SetColour(ColourField::Day2, 0x445566);
+    source.CopyToClipboard();
+    PolygonEditorModel target;
+    target.Load(doc, 1);
+    target.PasteFromClipboard();
+    EXPECT_EQ(target.Layout(), source.Layout());
+    EXPECT_EQ(target.Colour(ColourField::Day1), 0x102030u);
+    EXPECT_EQ(target.Colour(ColourField::Day2), 0x445566u);
+    PolygonClipboard() = PatternClipboard{};
+}
+
+TEST(PolygonEditorCommit, MessagesKeepTheDocument) {
+    Document doc = TwoPolygons();
+    ScriptedPrompts prompts;
+    PolygonEditorModel model;
+    model.LoadNew(doc);
+    model.Type = "";
+    EXPECT_FALSE(model.Commit(doc, prompts));
+    model.Type = "3";
+    model.SubType = "0";
+    EXPECT_FALSE(model.Commit(doc, prompts));
+    ASSERT_EQ(prompts.Log.size(), 2u);
+    EXPECT_EQ(prompts.Log[0].Title, "Type absent");
+    EXPECT_EQ(prompts.Log[1].Text, "Il existe déjà un polygone de type 0x003 et de subtype 0x00");
+    EXPECT_EQ(doc.Polygons.size(), 2u);
+
+    // Its own type and subtype are allowed when modifying.
+    PolygonEditorModel modify;
+    modify.Load(doc, 1);
+    modify.SubType = "0";
+    EXPECT_EQ(modify.Commit(doc, prompts), 1);
+    EXPECT_EQ(doc.Polygons[1].SubType, "0");  // the text as typed
+}
+
+TEST(PolygonEditorCommit, NewAndChangedObjectsKeepTheDrawOrderInStep) {
+    Document doc = TwoPolygons();
+    ScriptedPrompts prompts;
+    PolygonEditorModel added;
+    added.LoadNew(doc);
+    added.Type = "2";
+    added.SubType = "1";
+    added.DrawOrderLevel = "3";
+    EXPECT_EQ(added.Commit(doc, prompts), 1);  // sorted between 0x001 and 0x003
+    EXPECT_EQ(doc.DrawOrder, (std::vector<DrawOrderEntry>{{1, 1, 0}, {2, 3, 0}, {3, 2, 1}}));
+
+    PolygonEditorModel changed;
+    changed.Load(doc, 2);
+    EXPECT_EQ(changed.DrawOrderLevel, "2");
+    changed.DrawOrderLevel = "";
+    changed.Commit(doc, prompts);
+    EXPECT_EQ(doc.DrawOrder, (std::vector<DrawOrderEntry>{{1, 1, 0}, {3, 2, 1}}));
+    EXPECT_TRUE(prompts.Log.empty());
+}
+
+TEST(PolygonEditorCommit, UnchangedCorpusPolygonsGiveBackTheirBytes) {
+    MIRVANE_REQUIRE_CORPUS();
+    for (const auto& path : testing::CorpusFiles("binary", ".typ")) {
+        Document doc;
+        ASSERT_TRUE(OpenBinaryTyp(doc, path.string())) << path;
+        for (int row = 0; row < doc.PolygonCount(); ++row) {
+            PolygonEditorModel model;
+            model.Load(doc, row);
+            // A stroke undone is no change either.
+            model.Press({1, 1}, MouseButton::Left);
+            model.Release({4, 4});
+            model.Undo();
+            const PolygonRecord& before = doc.Polygons[row];
+            const PolygonRecord after = model.BuildRecord();
+            SCOPED_TRACE(path.filename().string() + " polygon " + before.Type + "/" + before.SubType);
+            if (DecodePolygon(before).Status != DecodeStatus::Ok) continue;
+            EXPECT_EQ(after.Flags, before.Flags);
+            EXPECT_EQ(after.ColourBytes, before.ColourBytes);
+            if (before.Flags & 0x08) {
+                EXPECT_EQ(after.PatternBytes, before.PatternBytes);
+            }
+            if (before.Flags & 0x10) {
+                EXPECT_EQ(after.LabelBytes, before.LabelBytes);
+            }
+            if (before.Flags & 0x20) {
+                EXPECT_EQ(after.ExtendedLabelBytes, before.ExtendedLabelBytes);
+            }
+            EXPECT_EQ(after.Length, before.Length);
+        }
+    }
+}
+
+TEST(DrawOrderModel, MovesChecksAndEntries) {
+    DrawOrderModel model({{1, 0x001, 0}, {1, 0x003, 0}, {2, 0x10f, 1}});
+    model.MoveToLevel(1, 2);
+    EXPECT_EQ(model.Entries(), (std::vector<DrawOrderEntry>{{1, 1, 0}, {2, 3, 0}, {2, 0x10f, 1}}));
+    model.MoveToNewLevel(0, 2);  // into the gap between levels 1 and 2
+    EXPECT_EQ(model.Entries(), (std::vector<DrawOrderEntry>{{2, 1, 0}, {3, 3, 0}, {3, 0x10f, 1}}));
+    ASSERT_EQ(model.Levels().size(), 2u);
+    EXPECT_EQ(model.Levels()[1].Rows, (std::vector<int>{1, 2}));
+
+    model.Rows()[2].Kept = false;
+    model.AddRow();  // an empty row is dropped
+    model.Rows().push_back({"0", "0", "0", true});  // all zero too
+    model.Rows().push_back({"3", "1", "00", true});  // duplicates stay
+    EXPECT_EQ(model.Entries(), (std::vector<DrawOrderEntry>{{2, 1, 0}, {3, 1, 0}, {3, 3, 0}}));
+    model.SetAllKept(false);
+    EXPECT_TRUE(model.Entries().empty());
+
+    EXPECT_FALSE(CheckDrawOrderType(""));
+    ASSERT_TRUE(CheckDrawOrderLevel("0"));
+    EXPECT_EQ(CheckDrawOrderLevel("0")->Title, "Erreur de saisie dans le champ \"Niveau\"");
+    EXPECT_TRUE(CheckDrawOrderSubType("3F"));
+}
+
+}  // namespace
+}  // namespace mirvane
