@@ -63,7 +63,8 @@ void PoiEditorModel::LoadNew() {
     loaded_.Flags = kBitmapFlag;
     Type.clear();
     SubType.clear();
-    history_.Reset({WorkingBitmap::Blank(kNewPoiSide, kNewPoiSide), std::nullopt, false});
+    history_.Reset({WorkingBitmap::Blank(kNewPoiSide, kNewPoiSide), std::nullopt});
+    nightShown_ = false;
     Paint = PoiPaint{};
 }
 
@@ -76,13 +77,13 @@ void PoiEditorModel::Load(const PoiRecord& record) {
     if (record.Flags & kNightFlag)
         state.Night = WorkingBitmap::FromRecord(record.Bitmaps[1], record.Width, record.Height);
     history_.Reset(std::move(state));
+    nightShown_ = false;
     Paint = PoiPaint{};
     if (Shown().HasPalette()) PickEntry(0);
 }
 
 const WorkingBitmap& PoiEditorModel::Shown() const {
-    const State& s = Current();
-    return s.NightShown && s.Night ? *s.Night : s.Day;
+    return NightShown() ? *Current().Night : Current().Day;
 }
 
 void PoiEditorModel::PickEntry(int index) {
@@ -103,7 +104,7 @@ void PoiEditorModel::Commit(State state) {
 
 void PoiEditorModel::CommitShown(WorkingBitmap bitmap) {
     State state = Current();
-    (state.NightShown && state.Night ? *state.Night : state.Day) = std::move(bitmap);
+    (NightShown() ? *state.Night : state.Day) = std::move(bitmap);
     Commit(std::move(state));
 }
 
@@ -180,19 +181,12 @@ void PoiEditorModel::Paste() {
     if (Shown().HasPalette()) PickEntry(0);
 }
 
-void PoiEditorModel::ShowNight(bool night) {
-    State state = Current();
-    if (night && !state.Night) return;
-    state.NightShown = night;
-    Commit(std::move(state));
-}
-
 void PoiEditorModel::SetNightBitmap(bool different) {
     State state = Current();
     if (different && !state.Night) state.Night = state.Day;
     if (!different) {
         state.Night.reset();
-        state.NightShown = false;
+        nightShown_ = false;
     }
     Commit(std::move(state));
 }

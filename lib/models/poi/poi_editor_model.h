@@ -39,7 +39,6 @@ public:
     struct State {
         WorkingBitmap Day;
         std::optional<WorkingBitmap> Night;  // chkBitmapNuit
-        bool NightShown = false;             // optBitmap(1)
         bool operator==(const State&) const = default;
     };
     const State& Current() const { return history_.Current(); }
@@ -64,7 +63,9 @@ public:
     void Copy();                           // cmdCopier
     bool CanPaste() const { return clipboard_.Bitmap.has_value(); }
     void Paste();                          // cmdColler
-    void ShowNight(bool night);            // optBitmap
+    // optBitmap; which bitmap is in view is not an edit, so it takes no undo step.
+    void ShowNight(bool night) { nightShown_ = night; }
+    bool NightShown() const { return nightShown_ && Current().Night; }
     void SetNightBitmap(bool different);   // chkBitmapNuit
 
     // cbbColorMode by list index (0, 1, 2 for modes 0, 16, 32); false when
@@ -98,6 +99,7 @@ private:
     History<State> history_;
     std::optional<WorkingBitmap> stroke_;  // the bitmap being drawn on
     PenTool<PoiPaint> pen_;
+    bool nightShown_ = false;
 };
 
 }  // namespace mirvane
