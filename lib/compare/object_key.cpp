@@ -48,13 +48,6 @@ std::string ObjectName(const ObjectKey& key) {
     return text;
 }
 
-std::string ColourText(std::uint32_t bgr) {
-    char text[8];
-    std::snprintf(text, sizeof text, "#%02X%02X%02X", static_cast<unsigned>(bgr & 0xFF),
-                  static_cast<unsigned>((bgr >> 8) & 0xFF), static_cast<unsigned>((bgr >> 16) & 0xFF));
-    return text;
-}
-
 bool DrawOrderRowCovers(const DrawOrderEntry& row, int type, int subType) {
     if (row.Type != type) return false;
     return type < 0x100 || row.SubType == subType;

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "colour/palette.h"
 #include "document/document.h"
 
 namespace mirvane {
@@ -19,9 +20,6 @@ ObjectKey KeyOf(const Document& doc, ObjectRef object);
 
 // "polygon 0x003,0x00", "line 0x10f,0x01", "POI 0x2f,0x06".
 std::string ObjectName(const ObjectKey& key);
-
-// "#RRGGBB" from 0x00BBGGRR.
-std::string ColourText(std::uint32_t bgr);
 
 // The draw order row a polygon is drawn by: below type 0x100 the row names
 // the type alone, as the binary draw order stores no subtype there.

@@ -60,27 +60,29 @@ inline void ExpectSameBitmap(const PoiBitmap& x, const PoiBitmap& y) {
     EXPECT_EQ(x.ForcePalette, y.ForcePalette);
 }
 
+inline void ExpectSamePoi(const PoiRecord& x, const PoiRecord& y) {
+    EXPECT_EQ(x.Type, y.Type);
+    EXPECT_EQ(x.SubType, y.SubType);
+    EXPECT_EQ(x.Flags, y.Flags);
+    EXPECT_EQ(x.Width, y.Width);
+    EXPECT_EQ(x.Height, y.Height);
+    {
+        SCOPED_TRACE("day");
+        ExpectSameBitmap(x.Bitmaps[0], y.Bitmaps[0]);
+    }
+    if (x.Flags & 0x02) {
+        SCOPED_TRACE("night");
+        ExpectSameBitmap(x.Bitmaps[1], y.Bitmaps[1]);
+    }
+    EXPECT_EQ(x.LabelBytes, y.LabelBytes);
+    EXPECT_EQ(x.ExtendedLabelBytes, y.ExtendedLabelBytes);
+}
+
 inline void ExpectSamePois(const Document& a, const Document& b) {
     ASSERT_EQ(a.Pois.size(), b.Pois.size());
     for (std::size_t i = 0; i < a.Pois.size(); ++i) {
-        const auto& x = a.Pois[i];
-        const auto& y = b.Pois[i];
-        SCOPED_TRACE(Describe("POI", i, x.Type, x.SubType));
-        EXPECT_EQ(x.Type, y.Type);
-        EXPECT_EQ(x.SubType, y.SubType);
-        EXPECT_EQ(x.Flags, y.Flags);
-        EXPECT_EQ(x.Width, y.Width);
-        EXPECT_EQ(x.Height, y.Height);
-        {
-            SCOPED_TRACE("day");
-            ExpectSameBitmap(x.Bitmaps[0], y.Bitmaps[0]);
-        }
-        if (x.Flags & 0x02) {
-            SCOPED_TRACE("night");
-            ExpectSameBitmap(x.Bitmaps[1], y.Bitmaps[1]);
-        }
-        EXPECT_EQ(x.LabelBytes, y.LabelBytes);
-        EXPECT_EQ(x.ExtendedLabelBytes, y.ExtendedLabelBytes);
+        SCOPED_TRACE(Describe("POI", i, a.Pois[i].Type, a.Pois[i].SubType));
+        ExpectSamePoi(a.Pois[i], b.Pois[i]);
     }
 }
 

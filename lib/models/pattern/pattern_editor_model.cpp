@@ -44,12 +44,6 @@ std::optional<EditorMessage> CheckHexRange(std::string_view text, int limit, con
 
 }  // namespace
 
-std::string ColourText(std::uint32_t colour) {
-    char text[8];
-    std::snprintf(text, sizeof text, "#%02X%02X%02X", colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
-    return text;
-}
-
 std::optional<std::uint32_t> ParseColourText(std::string_view text) {
     if (text.size() != 7 || text[0] != '#') return std::nullopt;
     const auto rgb = HexNumber(text.substr(1));

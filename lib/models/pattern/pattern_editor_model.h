@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "colour/palette.h"
 #include "document/object_codec.h"
 #include "models/editing/history.h"
 #include "models/labels/label_strings_model.h"
@@ -25,9 +26,6 @@ struct EditorMessage {
     bool operator==(const EditorMessage&) const = default;
 };
 
-// "#RRGGBB" for a colour 0x00BBGGRR, and back; no value for a text that is
-// not "#" and six hexadecimal digits.
-std::string ColourText(std::uint32_t colour);
 std::optional<std::uint32_t> ParseColourText(std::string_view text);
 
 // The checks made on leaving a field; no value when the text is accepted.

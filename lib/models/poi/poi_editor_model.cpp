@@ -1,0 +1,398 @@
+#include "models/poi/poi_editor_model.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "colour/bitmap_import.h"
+#include "colour/palette.h"
+#include "document/encoding.h"
+#include "document/sorts.h"
+#include "graphics/flood_fill.h"
+#include "lang/lookup.h"
+
+namespace mirvane {
+
+namespace {
+
+constexpr int kNewPoiSide = 16;
+constexpr std::uint8_t kNightFlag = 0x02;
+constexpr std::uint8_t kBitmapFlag = 0x01;
+
+std::string EditText(std::string_view defaultText, std::string_view key) {
+    return LookupText("Editer", defaultText, key);
+}
+
+std::optional<int> HexValue(const std::string& text) {
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, 16);
+    if (text.empty() || error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    return value;
+}
+
+// The colours shown, transparent pixels as one value of their own, as the
+// paint pot compares them.
+Grid<std::optional<std::uint32_t>> ShownColours(const WorkingBitmap& b) {
+    Grid<std::optional<std::uint32_t>> colours(b.Width, b.Height);
+    for (int y = 0; y < b.Height; ++y)
+        for (int x = 0; x < b.Width; ++x) colours.Set({x, y}, b.ShownColour({x, y}));
+    return colours;
+}
+
+}  // namespace
+
+// What the pen draws on: the bitmap of the stroke, through its own Paint.
+class PoiEditorModel::Canvas : public EditTarget<PoiPaint> {
+public:
+    explicit Canvas(WorkingBitmap& bitmap, const PoiPaint& paint) : bitmap_(bitmap) {
+        primary = paint;
+        secondary = paint;  // both buttons draw alike
+    }
+    bool Paint(Cell cell, const PoiPaint& value) override { return bitmap_.Paint(cell, value); }
+
+private:
+    WorkingBitmap& bitmap_;
+};
+
+PoiEditorModel::PoiEditorModel(UserPrompts& prompts, PoiClipboard& clipboard)
+    : prompts_(prompts), clipboard_(clipboard) {
+    LoadNew();
+}
+
+void PoiEditorModel::LoadNew() {
+    loaded_ = PoiRecord{};
+    loaded_.Flags = kBitmapFlag;
+    Type.clear();
+    SubType.clear();
+    history_.Reset({WorkingBitmap::Blank(kNewPoiSide, kNewPoiSide), std::nullopt});
+    nightShown_ = false;
+    Paint = PoiPaint{};
+}
+
+void PoiEditorModel::Load(const PoiRecord& record) {
+    loaded_ = record;
+    Type = record.Type;
+    SubType = record.SubType;
+    State state;
+    state.Day = WorkingBitmap::FromRecord(record.Bitmaps[0], record.Width, record.Height);
+    if (record.Flags & kNightFlag)
+        state.Night = WorkingBitmap::FromRecord(record.Bitmaps[1], record.Width, record.Height);
+    history_.Reset(std::move(state));
+    nightShown_ = false;
+    Paint = PoiPaint{};
+    if (Shown().HasPalette()) PickEntry(0);
+}
+
+const WorkingBitmap& PoiEditorModel::Shown() const {
+    return NightShown() ? *Current().Night : Current().Day;
+}
+
+void PoiEditorModel::PickEntry(int index) {
+    const WorkingBitmap& b = Shown();
+    if (index < 0 || index >= b.ColourCount()) return;
+    const PaletteEntry& entry = b.Bitmap.Palette[static_cast<std::size_t>(index)];
+    Paint = {false, static_cast<std::uint8_t>(index), entry.Colour, entry.Alpha};
+}
+
+void PoiEditorModel::PickTransparent() {
+    if (Shown().Bitmap.ColourMode == 32) return;  // alpha does it in that mode
+    Paint.Transparent = true;
+}
+
+void PoiEditorModel::Commit(State state) {
+    if (!(state == history_.Current())) history_.Commit(std::move(state));
+}
+
+void PoiEditorModel::CommitShown(WorkingBitmap bitmap) {
+    State state = Current();
+    (NightShown() ? *state.Night : state.Day) = std::move(bitmap);
+    Commit(std::move(state));
+}
+
+void PoiEditorModel::Press(Cell cell, MouseButton button) {
+    const WorkingBitmap& shown = Shown();
+    if (!shown.Contains(cell)) return;
+    if (Tool == PoiTool::Pipette) {
+        Paint = shown.PaintAt(cell);
+        Tool = PoiTool::Pen;  // the pipette lasts one sample
+        return;
+    }
+    WorkingBitmap bitmap = shown;
+    if (Tool == PoiTool::Fill) {
+        for (const Cell& c : RegionAt(ShownColours(bitmap), cell)) bitmap.Paint(c, Paint);
+        CommitShown(std::move(bitmap));
+        return;
+    }
+    stroke_ = std::move(bitmap);
+    Canvas canvas(*stroke_, Paint);
+    pen_.Press(canvas, cell, button);
+}
+
+void PoiEditorModel::Move(Cell cell) {
+    if (!stroke_) return;
+    Canvas canvas(*stroke_, Paint);
+    pen_.Move(canvas, cell);
+}
+
+void PoiEditorModel::Release(Cell cell) {
+    if (!stroke_) return;
+    Canvas canvas(*stroke_, Paint);
+    if (pen_.Release(canvas, cell)) CommitShown(std::move(*stroke_));
+    stroke_.reset();
+}
+
+void PoiEditorModel::EraseAll() {
+    WorkingBitmap b = Shown();
+    FillAll(b, Paint);
+    CommitShown(std::move(b));
+}
+
+void PoiEditorModel::Invert() {
+    WorkingBitmap b = Shown();
+    InvertColours(b);
+    if (b.HasPalette() && !Paint.Transparent) Paint.Colour = 0xFFFFFF - (Paint.Colour & 0xFFFFFF);
+    CommitShown(std::move(b));
+}
+
+void PoiEditorModel::Rotate(Turn turn) {
+    WorkingBitmap b = Shown();
+    Turn90(b, turn);
+    CommitShown(std::move(b));
+}
+
+void PoiEditorModel::Flip(bool horizontal) {
+    WorkingBitmap b = Shown();
+    Mirror(b, horizontal);
+    CommitShown(std::move(b));
+}
+
+void PoiEditorModel::ShiftBy(int dx, int dy) {
+    WorkingBitmap b = Shown();
+    ShiftByOne(b, dx, dy);
+    CommitShown(std::move(b));
+}
+
+void PoiEditorModel::Copy() {
+    if (CheckWritable(Shown())) clipboard_.Bitmap = Shown();
+}
+
+void PoiEditorModel::Paste() {
+    if (!clipboard_.Bitmap) return;
+    CommitShown(*clipboard_.Bitmap);
+    if (Shown().HasPalette()) PickEntry(0);
+}
+
+void PoiEditorModel::SetNightBitmap(bool different) {
+    State state = Current();
+    if (different && !state.Night) state.Night = state.Day;
+    if (!different) {
+        state.Night.reset();
+        nightShown_ = false;
+    }
+    Commit(std::move(state));
+}
+
+bool PoiEditorModel::Ask(const std::string& title, std::initializer_list<std::string_view> lines) const {
+    std::string text;
+    for (std::string_view line : lines) text += (text.empty() ? "" : "\r\n") + std::string(line);
+    return prompts_.AskYesNo(title, text, false);
+}
+
+bool PoiEditorModel::SetColourMode(int modeIndex) {
+    WorkingBitmap b = Shown();
+    const int from = b.Bitmap.ColourMode, to = modeIndex * 16;
+    if (modeIndex < 0 || modeIndex > 2 || from == to) return false;
+    DecodedBitmap& d = b.Bitmap;
+    const auto answerYes = [&](std::string_view a, std::string_view ak, std::string_view bt, std::string_view bk,
+                               std::string_view c, std::string_view ck) {
+        return Ask(EditText("Problème de transparence", "msgConvertir2e"),
+                   {EditText(a, ak), EditText(bt, bk), EditText(c, ck), EditText("Voulez-vous continuer?", "msgConvertir2d")});
+    };
+    if (from == 16 && to == 0 && b.HasTransparentPixel()) {
+        prompts_.Inform(EditText("Conversion impossible", "msgConvertir1d"),
+                        EditText("Impossible de convertir ce bitmap en colormode 00 ,", "msgConvertir1a") + "\r\n" +
+                            EditText("car il contient des pixels transparents ,", "msgConvertir1b") + "\r\n" +
+                            EditText("et ce mode de couleur ne permet pas la transparence.", "msgConvertir1c"));
+        return false;
+    }
+    if (from == 32 && to == 0 &&
+        !answerYes("Vous allez convertir ce bitmap en mode couleur 00 ,", "msgConvertir2a",
+                   "mais ce mode ne permet pas la transparence.", "msgConvertir2b",
+                   "Vous allez donc perdre tous les effets de transparence.", "msgConvertir2c"))
+        return false;
+    if (from == 32 && to == 16 &&
+        !answerYes("Vous allez convertir ce bitmap en mode couleur 10 ,", "msgConvertir3a",
+                   "mais ce mode ne permet pas la transparence la transparence partielle.", "msgConvertir3b",
+                   "Vous allez donc perdre tous les effets de transparence partielle, seule la transparence "
+                   "totale sera conservée.",
+                   "msgConvertir3c"))
+        return false;
+
+    const int oldTransparent = b.TransparentIndex();
+    std::vector<Cell> fullyTransparent;  // alpha 15, which stays transparent in mode 16
+    for (int y = 0; y < b.Height; ++y)
+        for (int x = 0; x < b.Width; ++x)
+            if (!b.ShownColour({x, y})) fullyTransparent.push_back({x, y});
+    if (from == 16 && to == 32 && b.HasPalette()) {
+        d.Palette.push_back({0x000000, kTransparentAlpha});  // the entry transparent pixels take
+    }
+    if (!b.HasPalette() && to == 32 && d.Alpha.Empty()) d.Alpha = AlphaGrid(b.Width, b.Height, kOpaqueAlpha);
+    d.ColourMode = static_cast<std::uint8_t>(to);
+    if (from == 32 && to == 16 && !b.HasPalette()) d.KeyColour = UnusedKeyColour(b);
+    if (!b.HasPalette() && to != 32) d.Alpha = AlphaGrid();
+    if (from == 0 && to == 16 && !b.HasPalette()) d.KeyColour = UnusedKeyColour(b);
+    RepadIndices(b, oldTransparent);
+    for (const Cell& c : fullyTransparent) {
+        if (to == 16) b.Paint(c, PoiPaint{.Transparent = true});
+        else if (to == 32 && b.HasPalette()) b.Paint(c, PoiPaint{.Index = static_cast<std::uint8_t>(b.ColourCount() - 1)});
+        else if (to == 32) d.Alpha.Set(c, kTransparentAlpha);
+    }
+    CommitShown(std::move(b));
+    return true;
+}
+
+bool PoiEditorModel::SetColourCount(int count) {
+    WorkingBitmap b = Shown();
+    const int previous = b.ColourCount();
+    if (count < 0 || count > kMaxPaletteColours || count == previous) return false;
+    DecodedBitmap& d = b.Bitmap;
+    const int oldTransparent = b.TransparentIndex();
+    if (count == 0) {
+        if (!Ask("Mirvane",
+                 {EditText("Attention, vous allez convertir un bitmap avec palette en un bitmap sans palette.",
+                           "msgConvertir4a"),
+                  EditText("Cette transformation est irréversible.", "msgConvertir4b"),
+                  EditText("Voulez-vous continuer?", "msgConvertir2d")}))
+            return false;
+        WorkingBitmap truth{b.Width, b.Height, {}};
+        truth.Bitmap.ColourMode = d.ColourMode;
+        truth.Bitmap.Colours = ColourGrid(b.Width, b.Height);
+        if (d.ColourMode == 32) truth.Bitmap.Alpha = AlphaGrid(b.Width, b.Height);
+        truth.Bitmap.KeyColour = UnusedKeyColour(b);
+        for (int y = 0; y < b.Height; ++y)
+            for (int x = 0; x < b.Width; ++x) {
+                const std::uint8_t index = d.Indices.At({x, y});
+                PoiPaint paint{.Transparent = index >= previous};
+                if (index < previous) paint = {false, 0, d.Palette[index].Colour, d.Palette[index].Alpha};
+                truth.Paint({x, y}, paint);
+            }
+        Paint = PoiPaint{};
+        CommitShown(std::move(truth));
+        return true;
+    }
+    if (previous == 0) {
+        prompts_.Inform("Mirvane", EditText("Ce bitmap n'a pas de palette.(True colors)", "lblInfosTrueColors1"));
+        return false;
+    }
+    if (count > previous) {
+        d.Palette.resize(static_cast<std::size_t>(count), PaletteEntry{0xFFFFFF, kOpaqueAlpha});
+        RepadIndices(b, oldTransparent);
+        CommitShown(std::move(b));
+        return true;
+    }
+    if (!Ask(EditText("Suppression de couleurs", "msgDiminuerNombreCouleurs4"),
+             {EditText("Attention,vous allez diminuer le nombre de couleurs du bitmap.", "msgDiminuerNombreCouleurs1"),
+              EditText("Les pixels dont la couleur va être supprimée, vont prendre la couleur la plus proche parmi "
+                       "celles qui restent.",
+                       "msgDiminuerNombreCouleurs2"),
+              EditText("Voulez-vous continuer?", "msgDiminuerNombreCouleurs3")}))
+        return false;
+    std::vector<Colour> kept;
+    for (const PaletteEntry& entry : d.Palette) kept.push_back(entry.Colour);
+    ThinColourList(kept, static_cast<std::int16_t>(count));
+    std::vector<PaletteEntry> palette;
+    for (Colour colour : kept) {
+        const auto same = std::ranges::find(d.Palette, colour, &PaletteEntry::Colour);
+        palette.push_back({colour, same->Alpha});
+    }
+    IndexGrid indices = d.Indices;
+    for (int y = 0; y < b.Height; ++y)
+        for (int x = 0; x < b.Width; ++x)
+            if (const std::uint8_t index = d.Indices.At({x, y}); index < previous)
+                indices.Set({x, y}, static_cast<std::uint8_t>(NearestColourIndex(d.Palette[index].Colour, kept)));
+    d.Palette = std::move(palette);
+    d.Indices = std::move(indices);
+    RepadIndices(b, oldTransparent);
+    PickEntry(0);
+    CommitShown(std::move(b));
+    return true;
+}
+
+bool PoiEditorModel::CheckWritable(const WorkingBitmap& b) const {
+    if (!b.HasPalette() || b.Bitmap.ColourMode == 16 || !b.HasTransparentPixel()) return true;
+    bool outOfPalette = false;
+    for (int y = 0; y < b.Height; ++y)
+        for (int x = 0; x < b.Width; ++x) outOfPalette |= b.Bitmap.Indices.At({x, y}) >= b.ColourCount();
+    if (!outOfPalette) return true;  // alpha 15 entries in mode 32
+    if (b.Bitmap.ColourMode == 0)
+        prompts_.Warn("Mirvane", EditText("Le bitmap ne peut pas être sauvegardé en colormode 00, car il contient "
+                                          "des pixels transparents.",
+                                          "msgBitmapErreur1") +
+                                     "\r\n" +
+                                     EditText("Veuillez l'enregistrer en colormode 10 , ou bien supprimer les pixels "
+                                              "transparents",
+                                              "msgBitmapErreur2"));
+    else
+        prompts_.Warn("Mirvane",
+                      EditText("Le bitmap ne peut pas être sauvegardé en colormode 32, car il contient des pixels "
+                               "transparents.",
+                               "msgBitmapErreur3") +
+                          "\r\n" +
+                          EditText("Veuillez affecter une couleur à ces pixels puis enregistrer le bitmap en "
+                                   "colormode 32,",
+                                   "msgBitmapErreur4") +
+                          "\r\n" +
+                          EditText("en leur attribuant un canal alpha égal à 15 pour rendre cette couleur "
+                                   "transparente.",
+                                   "msgBitmapErreur5"));
+    return false;
+}
+
+std::optional<PoiRecord> PoiEditorModel::BuildRecord() const {
+    for (const auto& [field, key] : {std::pair{&Type, "Type"}, std::pair{&SubType, "SubType"}}) {
+        if (!field->empty()) continue;
+        const std::string name = EditText(key, key);
+        prompts_.Inform(name + " " + EditText("absent", "msgAbsent"),
+                        EditText("Il faut indiquer le ", "msgEntrer") + " " + name + ".");
+        return std::nullopt;
+    }
+    const State& s = Current();
+    if (!CheckWritable(s.Day) || (s.Night && !CheckWritable(*s.Night))) return std::nullopt;
+    if (s.Night && (s.Night->Width != s.Day.Width || s.Night->Height != s.Day.Height)) {
+        prompts_.Inform("Mirvane", EditText("Le bitmap de jour et le bitmap de nuit doivent avoir la même hauteur "
+                                            "et la même largeur",
+                                            "msgMemeTaille"));
+        return std::nullopt;
+    }
+    PoiRecord record = loaded_;
+    record.Type = Type;
+    record.SubType = SubType;
+    record.Width = static_cast<std::uint8_t>(s.Day.Width);
+    record.Height = static_cast<std::uint8_t>(s.Day.Height);
+    record.Bitmaps[0] = s.Day.ToRecord();
+    record.Bitmaps[1] = s.Night ? s.Night->ToRecord() : PoiBitmap{};
+    record.Flags = static_cast<std::uint8_t>((record.Flags & ~kNightFlag) | (s.Night ? kNightFlag : 0));
+    return record;
+}
+
+std::optional<int> PoiEditorModel::Save(Document& doc, std::optional<int> replacing) const {
+    auto record = BuildRecord();
+    if (!record) return std::nullopt;
+    const auto type = HexValue(record->Type), subType = HexValue(record->SubType);
+    for (int i = 0; i < doc.PoiCount(); ++i) {
+        const PoiRecord& other = doc.Pois[static_cast<std::size_t>(i)];
+        if (i == replacing || HexValue(other.Type) != type || HexValue(other.SubType) != subType) continue;
+        prompts_.Inform(EditText("Erreur de choix du Type et/ou du SubType", "msgErreurchoixType"),
+                        EditText("Il existe déjà un POI de type 0x", "msgPOIExiste1") + TypeText(type.value_or(0)) +
+                            " " + EditText("et de subtype 0x", "msgPolygoneExiste2") + SubTypeText(subType.value_or(0)));
+        return std::nullopt;
+    }
+    if (replacing) doc.Pois[static_cast<std::size_t>(*replacing)] = *record;
+    else doc.Pois.push_back(*record);
+    SortPois(doc.Pois);
+    const auto stored = std::ranges::find_if(doc.Pois, [&](const PoiRecord& r) {
+        return HexValue(r.Type) == type && HexValue(r.SubType) == subType;
+    });
+    return static_cast<int>(stored - doc.Pois.begin());
+}
+
+}  // namespace mirvane
