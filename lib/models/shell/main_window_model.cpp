@@ -187,7 +187,7 @@ bool MainWindowModel::LoadDocument(const std::string& path, const DocumentReader
         doc_.FromText = true;
         if (doc_.State == DocumentState::None) doc_.State = DocumentState::Loaded;
     }
-    SetFilePath(path);
+    doc_.SetPath(path);
     newDocumentFlag_ = false;
     AddRecent(path);
     Changed(ChangeSet::Everything());
@@ -263,7 +263,7 @@ bool MainWindowModel::SaveTyp() {
         Changed(Change::File);
         return false;
     }
-    SetFilePath(target);
+    doc_.SetPath(target);
     std::error_code error;
     const auto size = std::filesystem::file_size(target, error);
     if (!error) doc_.FileLengthText = std::to_string(size);
@@ -435,13 +435,6 @@ bool MainWindowModel::InformOfMissingIdentity() {
 void MainWindowModel::AddRecent(const std::string& path) {
     recent_.Add(path);
     recent_.Store(settings_);
-}
-
-void MainWindowModel::SetFilePath(const std::string& path) {
-    const std::filesystem::path p(path);
-    doc_.FilePath = path;
-    doc_.FileName = p.filename().string();
-    doc_.FileFolder = p.parent_path().string();
 }
 
 }  // namespace mirvane

@@ -132,7 +132,6 @@ private:
     // The box of a save refused for a missing FID or product code; false when shown.
     bool InformOfMissingIdentity();
     void AddRecent(const std::string& path);
-    void SetFilePath(const std::string& path);
     // False when the open dialog is cancelled; `chosen` is left alone then.
     bool AskOpenPath(std::string& chosen, const std::string& title, const std::string& filter);
     bool ConfirmReadOnlyReplace(const std::string& path);
