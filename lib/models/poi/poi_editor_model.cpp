@@ -302,7 +302,7 @@ bool PoiEditorModel::SetColourCount(int count) {
     std::vector<PaletteEntry> palette;
     for (Colour colour : kept) {
         const auto same = std::ranges::find(d.Palette, colour, &PaletteEntry::Colour);
-        palette.push_back({colour, same->Alpha});
+        palette.push_back({static_cast<std::uint32_t>(colour), same->Alpha});
     }
     IndexGrid indices = d.Indices;
     for (int y = 0; y < b.Height; ++y)
