@@ -106,13 +106,6 @@ private slots:
         QCOMPARE(Find<QMenu>("mnuFichier")->title(), QString("&File"));
     }
 
-    void theSameLanguageChangesNothing() {
-        ChooseLanguage(QString::fromUtf8("Français"));
-        QVERIFY(!settings_->Get("Paramètres", "Langue"));
-        QVERIFY(prompts_->Log.empty());
-        QCOMPARE(Find<QMenu>("mnuFichier")->title(), QString("&Fichier"));
-    }
-
     void everyDialogTakesItsCaptionsFromTheLanguageFile() {
         SetLanguageName("English");
         QPlainTextEdit pane;
