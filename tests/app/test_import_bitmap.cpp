@@ -131,21 +131,10 @@ private slots:
         QCOMPARE(bitmap.Alpha.At({7, 7}), kFullyTransparent);
     }
 
-    void aJpegPhotographAsksForGarminColours() {
+    void aJpegPhotographOpensAtTheProposedSize() {
         OpenPicture(Save(Photograph(200, 100), "photo.jpg", "JPG"));
         QCOMPARE(Size(), QString("64x32"));
-        prompts_.Answers = {false};
-        Click("cmdImporterBitmap");
-        QVERIFY(window_->isVisible());
-        QVERIFY(!window_->Model().Result());
-        QCOMPARE(prompts_.Texts("ask").size(), std::size_t(1));
-
-        prompts_.Answers = {true};
-        Click("cmdImporterBitmap");
-        QCOMPARE(window_->result(), int(QDialog::Accepted));
-        const ImportedBitmap& bitmap = *window_->Model().Result();
-        QVERIFY(bitmap.GarminColours);
-        QVERIFY(bitmap.ColourCount() <= kMaxPaletteColours);
+        QVERIFY(prompts_.Log.empty());
     }
 
     void theCombosChooseTheSizeOfABmp() {
@@ -192,30 +181,6 @@ private slots:
         QCOMPARE(Size(), QString("40x10"));
         QCOMPARE(Text("lblLargeur"), QString("Largeur : 40"));
         QCOMPARE(Control<app::RasterPicture>("Picture2(1)")->Image(), shown);
-    }
-
-    void nothingToImportBeforeAPictureIsOpen() {
-        QVERIFY(!Control<QPushButton>("cmdImporterBitmap")->isEnabled());
-        Click("cmdOuvrir");
-        QCOMPARE(prompts_.Texts("inform"),
-                 std::vector<std::string>{"Chemin absent|Il faut entrer le chemin d'un fichier image."});
-        Click("cmdAnnuler");
-        QCOMPARE(window_->result(), int(QDialog::Rejected));
-        QVERIFY(!window_->Model().Result());
-    }
-
-    void theViewsZoomTheBitmap() {
-        OpenPicture(Save(BlueSquareOnNothing(8, 8), "small.png"));
-        const QImage real = Control<app::RasterPicture>("Picture2(1)")->Image();
-        for (int i = 0; i < 3; ++i) Click("cmdZoomIn(1)");
-        QCOMPARE(window_->Model().Zoom(ImportView::Bitmap), 4);
-        // The blue square, 4 pixels across, is 16 screen pixels wide at zoom 4.
-        const QImage zoomed = Control<app::RasterPicture>("Picture2(1)")->Image();
-        QCOMPARE(zoomed.pixelColor(135 - 8, 135 + 7), QColor(0, 0, 255));
-        QVERIFY(zoomed.pixelColor(135 - 9, 135) != QColor(0, 0, 255));
-        Click("cmdTailleReelle(1)");
-        QCOMPARE(Control<app::RasterPicture>("Picture2(1)")->Image(), real);
-        QCOMPARE(window_->Model().Zoom(ImportView::Source), 1);
     }
 
     void theClipboardGivesItsPictureAsAFileWould() {

@@ -105,27 +105,6 @@ private slots:
         QVERIFY(ReadTypIds(typ) == (TypIds{1000, 2}));
     }
 
-    void removingTakesTheEntryOutOfTheInfoFile() {
-        OpenWindow();
-        SelectRow(mapsets_.get(), "Pyrenees.gmap");
-        QCOMPARE(Column(mapsets_.get(), "Pyrenees.gmap", 3), QString("pyr.typ"));
-        Click(mapsets_.get(), "cmdSupprimer");
-        QCOMPARE(Column(mapsets_.get(), "Pyrenees.gmap", 3), QString());
-        const std::string info = FakeGarminInstall::Read(install_->InstalledFolder("Pyrenees.gmap") / "info.xml");
-        QVERIFY(InfoTypEntry(info, InfoFormat::V1).empty());
-        QVERIFY(registry_->Changes.empty());
-    }
-
-    void clearingTheCacheKeepsFilesOutside() {
-        OpenWindow();
-        const auto cache = install_->DriveC() / "users/tester/AppData/Roaming/GARMIN/MapSource/TileCache";
-        Click(mapsets_.get(), "cmdEffacerCache");
-        QVERIFY(!std::filesystem::exists(cache / "a.tile"));
-        QVERIFY(std::filesystem::is_directory(cache / "12"));
-        QCOMPARE(install_->OutsideFiles(), (std::vector<std::string>{"keep.txt=keep", "keep2.txt=keep"}));
-        QVERIFY(prompts_->Log.empty());
-    }
-
     // From the main window: the prefix of $WINEPREFIX, only opening offered,
     // and the TYP loads into the document.
     void theFileMenuOpensAMapsetsTypInTheMainWindow() {

@@ -64,15 +64,6 @@ class PaletteDialogTest : public QObject {
     }
 
 private slots:
-    void okLeavesTheClickedColour() {
-        auto dialog = Open(Rgb(0x393020));
-        ClickSquare(dialog.get(), 100);
-        ClickSquare(dialog.get(), 7);
-        QTest::mouseClick(Child<QPushButton>(dialog.get(), "cmdOK"), Qt::LeftButton);
-        QCOMPARE(dialog->result(), int(QDialog::Accepted));
-        QCOMPARE(dialog->Model().ChosenColour(), *PaletteSquareColour(7));
-    }
-
     void cancelGivesBackTheCurrentColourAndThePreviewFollowsLive() {
         std::vector<Colour> previews;
         auto dialog = Open(Rgb(0x393020), PaletteCaller::PreviewBackground, [&](Colour c) { previews.push_back(c); });

@@ -248,28 +248,3 @@ TEST(HeaderExtensions, SizeOf164LosesTheUnknownBytesAndKeepsLabels) {
     EXPECT_EQ(saved[156], 0);
     EXPECT_EQ(saved[0], 164);
 }
-
-TEST(Sorts, RandomDuplicatesMatchTheLiteralExchangeSort) {
-    std::uint32_t seed = 12345;
-    auto next = [&seed](int bound) {
-        seed = seed * 1103515245u + 12345u;
-        return static_cast<int>((seed >> 16) % static_cast<std::uint32_t>(bound));
-    };
-    for (int round = 0; round < 50; ++round) {
-        std::vector<PolygonRecord> polygons;
-        for (int i = 0; i < 30; ++i) {
-            PolygonRecord r;
-            r.Type = TypeText(next(4));
-            r.SubType = SubTypeText(next(2));
-            r.Offset = i;
-            polygons.push_back(r);
-        }
-        auto literal = polygons;
-        for (std::size_t i = 0; i + 1 < literal.size(); ++i)
-            for (std::size_t j = i + 1; j < literal.size(); ++j)
-                if (TypeKey(literal[i].Type, literal[i].SubType) > TypeKey(literal[j].Type, literal[j].SubType))
-                    std::swap(literal[i], literal[j]);
-        SortPolygons(polygons);
-        for (std::size_t i = 0; i < polygons.size(); ++i) ASSERT_EQ(polygons[i].Offset, literal[i].Offset);
-    }
-}
