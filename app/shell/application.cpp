@@ -9,10 +9,12 @@
 #include <QTimer>
 #include <cstdio>
 #include <memory>
+#include <optional>
 
 #include "base/file_io.h"
 #include "document/document.h"
 #include "document/file_messages.h"
+#include "document/object_lookup.h"
 #include "models/shell/main_window_model.h"
 #include "models/shell/startup.h"
 #include "app/lang/change_language.h"
@@ -81,9 +83,20 @@ bool TakeOption(QStringList& args, const QString& name, QString& value) {
     return true;
 }
 
+// What a screenshot of a window other than the main one is drawn from.
+struct ScreenshotScene {
+    QString WindowName, Picture;
+    std::optional<ObjectRef> Object;  // from --object, in the opened file
+    Document& Doc;
+    MainWindowModel& Model;
+    UserPrompts& Prompts;
+};
+
 // A window other than the main one, drawn on its own; none for an unknown name.
-std::unique_ptr<QWidget> ScreenshotWindow(const QString& name, UserPrompts& prompts, const QString& picture) {
-    if (name == "frmImporterBitmap") return ImportBitmapWindowWithPicture(prompts, picture);
+std::unique_ptr<QWidget> ScreenshotWindow(const ScreenshotScene& scene) {
+    const QString& name = scene.WindowName;
+    UserPrompts& prompts = scene.Prompts;
+    if (name == "frmImporterBitmap") return ImportBitmapWindowWithPicture(prompts, scene.Picture);
     if (name == "frmTypSpeciaux") return std::make_unique<SpecialTypWindow>(prompts);
     if (name == "frmMapsets") {
         auto window = std::make_unique<MapsetsWindow>(LocalMapsetEnvironment(), prompts, nullptr, false);
@@ -94,7 +107,8 @@ std::unique_ptr<QWidget> ScreenshotWindow(const QString& name, UserPrompts& prom
     return nullptr;
 }
 
-int TakeScreenshot(const QString& out, const QString& file, const QString& windowName, const QString& picture) {
+int TakeScreenshot(const QString& out, const QString& file, const QString& windowName, const QString& picture,
+                   const QString& objectName) {
     MemorySettingsStore settings;  // leaves the user's settings alone
     SilentPrompts prompts;
     Document doc;
@@ -103,8 +117,18 @@ int TakeScreenshot(const QString& out, const QString& file, const QString& windo
     ConnectTextRoute(window, model);
     window.resize(1280, 800);
     if (!file.isEmpty()) model.OpenAny(CommandLinePath(file.toStdString()));
+    std::optional<ObjectRef> object;
+    if (!objectName.isEmpty()) {
+        const std::optional<ObjectName> named = ParseObjectName(objectName.toStdString());
+        if (!named || !(object = FindObject(doc, *named))) {
+            std::fprintf(stderr, "mirvane: no object %s in the file\n", qPrintable(objectName));
+            return 2;
+        }
+        model.Select(*object);
+    }
     std::unique_ptr<QWidget> other;
-    if (!windowName.isEmpty() && !(other = ScreenshotWindow(windowName, prompts, picture))) {
+    if (!windowName.isEmpty() &&
+        !(other = ScreenshotWindow({windowName, picture, object, doc, model, prompts}))) {
         std::fprintf(stderr, "mirvane: no window %s to draw\n", qPrintable(windowName));
         return 2;
     }
@@ -135,15 +159,16 @@ int RunMirvane(const QStringList& arguments) {
 
     QStringList args = arguments;
     if (args.contains("--screenshot")) {
-        QString out, windowName, picture, language;
+        QString out, windowName, picture, language, objectName;
         if (!TakeOption(args, "--screenshot", out) || !TakeOption(args, "--window", windowName) ||
-            !TakeOption(args, "--picture", picture) || !TakeOption(args, "--language", language) || out.isEmpty()) {
+            !TakeOption(args, "--picture", picture) || !TakeOption(args, "--language", language) ||
+            !TakeOption(args, "--object", objectName) || out.isEmpty()) {
             std::fprintf(stderr, "usage: mirvane --screenshot OUT.png [--window frmMapsets | frmTypSpeciaux | frmImporterBitmap --picture PICTURE] "
-                                 "[--language NAME] [FILE]\n");
+                                 "[--object polygon|line|poi:TYPE[:SUBTYPE]] [--language NAME] [FILE]\n");
             return 2;
         }
         if (LanguageExists(language.toStdString())) SetLanguageName(language.toStdString());
-        return TakeScreenshot(out, args.value(0), windowName, picture);
+        return TakeScreenshot(out, args.value(0), windowName, picture, objectName);
     }
 
     QtSettingsStore settings;
