@@ -166,7 +166,7 @@ void MainWindow::RetranslateUi() {
         add->setText(MainCaption("Ajouter", "cmdAjouter"));
     for (QPushButton* edit : {cmdModifierPolygone_, cmdModifierPolyline_, cmdModifierPOI_})
         edit->setText(MainCaption("Modifier", "cmdModifier"));
-    for (ObjectKind kind : kObjectKinds) DeleteButtonOf(kind)->setText(MainCaption("Supprimer", "cmdSupprimer"));
+    for (ObjectKind kind : kObjectKinds) ButtonsOf(kind).Delete->setText(MainCaption("Supprimer", "cmdSupprimer"));
     cmdAddPolygone_->setToolTip(MainCaption("", "cmdAddPolygoneTip"));
     cmdModifierPolygone_->setToolTip(MainCaption("", "cmdModifierPolygoneTip"));
     cmdSupprimerPolygone_->setToolTip(MainCaption("", "cmdSupprimerPolygoneTip"));
@@ -315,7 +315,8 @@ QWidget* MainWindow::BuildHeaderPanel() {
     cmdDraworder_ = MakeButton(header, "cmdDraworder");
     cmdIcones_ = MakeButton(header, "cmdIcones");
     cmdLabels_ = MakeButton(header, "cmdLabels");
-    notYetBuilt_ << cmdDraworder_ << cmdIcones_;
+    connect(cmdDraworder_, &QPushButton::clicked, this, [this] { RunEditor(EditorWindow::DrawOrder, std::nullopt); });
+    connect(cmdIcones_, &QPushButton::clicked, this, [this] { RunEditor(EditorWindow::Icons, std::nullopt); });
     connect(cmdLabels_, &QPushButton::clicked, this, [this] {
         auto* labels = new LabelsWindow(model_.Doc(), this);
         labels->setAttribute(Qt::WA_DeleteOnClose);
@@ -369,10 +370,12 @@ QGroupBox* MainWindow::BuildObjectFrame(const char* frameName, const char* listN
     if (kind == ObjectKind::Polygon) cmdAddPolygone_ = add, cmdModifierPolygone_ = edit;
     if (kind == ObjectKind::Polyline) cmdAddPolyline_ = add, cmdModifierPolyline_ = edit;
     if (kind == ObjectKind::Poi) cmdAddPOI_ = add, cmdModifierPOI_ = edit;
-    notYetBuilt_ << add << edit;
+    connect(add, &QPushButton::clicked, this, [this, kind] { RunEditor(EditorOf(kind), std::nullopt); });
+    connect(edit, &QPushButton::clicked, this, [this, kind] { EditSelected(kind); });
     connect(remove, &QPushButton::clicked, this, [this, kind] { DeleteSelected(kind); });
     // Picking a row shows that object's text; so do the arrow keys (eventFilter).
     connect(list, &QListWidget::itemClicked, this, [this, kind, list] { PickObject(kind, list->currentRow()); });
+    connect(list, &QListWidget::itemDoubleClicked, this, [this, kind] { EditSelected(kind); });
     list->installEventFilter(this);
 
     auto* buttons = new QHBoxLayout;
@@ -543,8 +546,16 @@ void MainWindow::RefreshRecentMenu() {
 
 void MainWindow::RefreshEnables() {
     const EnableState state = model_.Enables();
-    for (ObjectKind kind : kObjectKinds) DeleteButtonOf(kind)->setEnabled(state.ObjectCommands);
-    for (QPushButton* button : notYetBuilt_) button->setEnabled(false);
+    for (ObjectKind kind : kObjectKinds) {
+        const ObjectButtons buttons = ButtonsOf(kind);
+        const bool built = EditorBuilt(EditorOf(kind));
+        buttons.Add->setEnabled(state.ObjectCommands && built);
+        buttons.Edit->setEnabled(state.ObjectCommands && built);
+        buttons.Delete->setEnabled(state.ObjectCommands);
+    }
+    cmdDraworder_->setEnabled(state.DrawOrder && EditorBuilt(EditorWindow::DrawOrder));
+    cmdIcones_->setEnabled(model_.HasDocument() && model_.Doc().Identity.HeaderSize >= 110 &&
+                           EditorBuilt(EditorWindow::Icons));
     txtFID_->setEnabled(state.IdentityFields);
     txtProductCode_->setEnabled(state.IdentityFields);
     cbbCodepage_->setEnabled(state.Combos);
@@ -604,20 +615,32 @@ QListWidget* MainWindow::ListOf(ObjectKind kind) const {
     return ListPOI_;
 }
 
-QPushButton* MainWindow::DeleteButtonOf(ObjectKind kind) const {
+MainWindow::ObjectButtons MainWindow::ButtonsOf(ObjectKind kind) const {
     switch (kind) {
-        case ObjectKind::Polygon: return cmdSupprimerPolygone_;
-        case ObjectKind::Polyline: return cmdSupprimerPolyline_;
+        case ObjectKind::Polygon: return {cmdAddPolygone_, cmdModifierPolygone_, cmdSupprimerPolygone_};
+        case ObjectKind::Polyline: return {cmdAddPolyline_, cmdModifierPolyline_, cmdSupprimerPolyline_};
         case ObjectKind::Poi: break;
     }
-    return cmdSupprimerPOI_;
+    return {cmdAddPOI_, cmdModifierPOI_, cmdSupprimerPOI_};
 }
 
-void MainWindow::DeleteSelected(ObjectKind kind) {
+std::optional<int> MainWindow::SelectedRow(ObjectKind kind) const {
     QListWidget* list = ListOf(kind);
-    const int row = list->currentItem() && list->currentItem()->isSelected() ? list->currentRow() : -1;
-    model_.DeleteObject(kind, row);
+    if (!list->currentItem() || !list->currentItem()->isSelected()) return std::nullopt;
+    return list->currentRow();
 }
+
+// A command with no selection in its list does nothing.
+void MainWindow::EditSelected(ObjectKind kind) {
+    if (!ButtonsOf(kind).Edit->isEnabled()) return;
+    if (const std::optional<int> row = SelectedRow(kind)) RunEditor(EditorOf(kind), ObjectRef{kind, *row});
+}
+
+void MainWindow::RunEditor(EditorWindow window, std::optional<ObjectRef> object) {
+    if (CommitIdentityEdits()) OpenEditor(window, model_, this, object);
+}
+
+void MainWindow::DeleteSelected(ObjectKind kind) { model_.DeleteObject(kind, SelectedRow(kind).value_or(-1)); }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QMainWindow::eventFilter(watched, event);
@@ -626,7 +649,11 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
         QListWidget* list = ListOf(kind);
         if (watched != list) continue;
         if (key->matches(QKeySequence::Delete)) {
-            if (DeleteButtonOf(kind)->isEnabled()) DeleteSelected(kind);
+            if (ButtonsOf(kind).Delete->isEnabled()) DeleteSelected(kind);
+            return true;
+        }
+        if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+            EditSelected(kind);
             return true;
         }
         // Moving through the list shows each object, once the list has moved. Only

@@ -3,11 +3,13 @@
 
 #include <QMainWindow>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "document/document.h"
 #include "models/shell/main_window_model.h"
 #include "text/listing_text.h"
+#include "app/shell/editor_launch.h"
 
 class QAction;
 class QComboBox;
@@ -78,9 +80,15 @@ private:
     bool FinishIdentityField(QLineEdit* field, bool fid);
     // Takes the identity fields' text before a command; false when refused.
     bool CommitIdentityEdits();
+    struct ObjectButtons {
+        QPushButton *Add, *Edit, *Delete;
+    };
     void DeleteSelected(ObjectKind kind);
+    void EditSelected(ObjectKind kind);
+    void RunEditor(EditorWindow window, std::optional<ObjectRef> object);
+    std::optional<int> SelectedRow(ObjectKind kind) const;
     QListWidget* ListOf(ObjectKind kind) const;
-    QPushButton* DeleteButtonOf(ObjectKind kind) const;
+    ObjectButtons ButtonsOf(ObjectKind kind) const;
 
     MainWindowModel& model_;
     ListingFunction listing_;
@@ -105,7 +113,6 @@ private:
     QPushButton *cmdAddPolygone_, *cmdModifierPolygone_, *cmdSupprimerPolygone_;
     QPushButton *cmdAddPolyline_, *cmdModifierPolyline_, *cmdSupprimerPolyline_;
     QPushButton *cmdAddPOI_, *cmdModifierPOI_, *cmdSupprimerPOI_;
-    QList<QPushButton*> notYetBuilt_;
     QPlainTextEdit* BoxVisualisation_;
     QPushButton *cmdvoirtxt_, *cmdEnregistrer_, *cmdAppliquerModif_;
     TextPane* textPane_;

@@ -1,0 +1,37 @@
+#include "app/shell/editor_launch.h"
+
+#include "models/shell/main_window_model.h"
+
+namespace mirvane::app {
+
+EditorWindow EditorOf(ObjectKind kind) {
+    switch (kind) {
+        case ObjectKind::Polygon: return EditorWindow::Polygon;
+        case ObjectKind::Polyline: return EditorWindow::Polyline;
+        case ObjectKind::Poi: break;
+    }
+    return EditorWindow::Poi;
+}
+
+bool EditorBuilt(EditorWindow window) {
+    switch (window) {
+        case EditorWindow::Polygon: return false;
+        case EditorWindow::Polyline: return false;
+        case EditorWindow::Poi: return false;
+        case EditorWindow::DrawOrder: return false;
+        case EditorWindow::Icons: return false;
+    }
+    return false;
+}
+
+void OpenEditor(EditorWindow window, MainWindowModel& model, QWidget* parent, std::optional<ObjectRef> object) {
+    switch (window) {
+        case EditorWindow::Polygon: break;
+        case EditorWindow::Polyline: break;
+        case EditorWindow::Poi: break;
+        case EditorWindow::DrawOrder: break;
+        case EditorWindow::Icons: break;
+    }
+}
+
+}  // namespace mirvane::app
