@@ -34,4 +34,6 @@ void OpenEditor(EditorWindow window, MainWindowModel& model, QWidget* parent, st
     }
 }
 
+bool OpenExtraPoiEditor(MainWindowModel& model, QWidget* parent, int group, int subIcon) { return false; }
+
 }  // namespace mirvane::app

@@ -28,4 +28,9 @@ bool EditorBuilt(EditorWindow window);
 // has written the document and told the model what changed.
 void OpenEditor(EditorWindow window, MainWindowModel& model, QWidget* parent, std::optional<ObjectRef> object);
 
+// The POI editor on sub-icon `subIcon` of the additional POI group `group`
+// (a row of Document::ExtraPois), from the additional POI browser; true when
+// OK changed the document.
+bool OpenExtraPoiEditor(MainWindowModel& model, QWidget* parent, int group, int subIcon);
+
 }  // namespace mirvane::app

@@ -53,6 +53,11 @@ private:
     WorkingBitmap& bitmap_;
 };
 
+PoiClipboard& SharedPoiClipboard() {
+    static PoiClipboard clipboard;
+    return clipboard;
+}
+
 PoiEditorModel::PoiEditorModel(UserPrompts& prompts, PoiClipboard& clipboard)
     : prompts_(prompts), clipboard_(clipboard) {
     LoadNew();

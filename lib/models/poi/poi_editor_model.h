@@ -22,6 +22,8 @@ namespace mirvane {
 struct PoiClipboard {
     std::optional<WorkingBitmap> Bitmap;
 };
+// The one every POI editor and the additional POI browser of the run share.
+PoiClipboard& SharedPoiClipboard();
 
 enum class PoiTool { Pen, Fill, Pipette };  // optPinceau, optPot, optPipette
 
