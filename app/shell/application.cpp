@@ -4,12 +4,15 @@
 #include <QBuffer>
 #include <QByteArray>
 #include <QDir>
+#include <QLocale>
 #include <QFileInfo>
 #include <QPixmap>
 #include <QTimer>
 #include <cstdio>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "base/file_io.h"
 #include "document/document.h"
@@ -92,6 +95,13 @@ struct ScreenshotScene {
     UserPrompts& Prompts;
 };
 
+// The names a language file for the system's locale may have, in the order tried.
+std::vector<std::string> SystemLanguageNames() {
+    const QLocale locale = QLocale::system();
+    const QString code = locale.name().section('_', 0, 0);
+    return LanguageFileNames(code.toStdString(), QLocale::languageToString(locale.language()).toStdString());
+}
+
 // A window other than the main one, drawn on its own; none for an unknown name.
 std::unique_ptr<QWidget> ScreenshotWindow(const ScreenshotScene& scene) {
     const QString& name = scene.WindowName;
@@ -172,7 +182,7 @@ int RunMirvane(const QStringList& arguments) {
     }
 
     QtSettingsStore settings;
-    SettleLanguage(settings);
+    SettleLanguage(settings, SystemLanguageNames());
     const bool checkForUpdate = SettleUpdateCheck(settings);
     RemoveLeftOverBackup(BackupFolder().toStdString());
 

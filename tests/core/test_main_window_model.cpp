@@ -5,6 +5,7 @@
 
 #include "temp_folder.h"
 #include "corpus.h"
+#include "language_folder_test.h"
 #include "document/binary_reader.h"
 #include "models/shell/main_window_model.h"
 #include "models/shell/recent_files.h"
@@ -54,6 +55,23 @@ TEST(Startup, FirstRunStoresDefaults) {
     store.Set(kSettingsSection, "Langue", "Klingon");  // its file is gone
     EXPECT_EQ(SettleLanguage(store), "Francais");
     EXPECT_EQ(store.GetOr(kSettingsSection, "Langue", ""), "Francais");
+}
+
+class FirstRunLanguage : public LanguageFolderTest {};
+
+TEST_F(FirstRunLanguage, TakesTheLocalesLanguageElseEnglishAndKeepsAStoredChoice) {
+    WriteLanguage("English", "[Main]\n");
+    WriteLanguage("Deutsch", "[Main]\n");
+    const auto settle = [](const std::string& stored, const std::vector<std::string>& system) {
+        MemorySettingsStore store;
+        if (!stored.empty()) store.Set(kSettingsSection, "Langue", stored);
+        return SettleLanguage(store, system);
+    };
+    EXPECT_EQ(settle("", LanguageFileNames("de", "German")), "Deutsch");
+    EXPECT_EQ(settle("", LanguageFileNames("fr", "French")), "Francais");
+    EXPECT_EQ(settle("", LanguageFileNames("ja", "Japanese")), "English");
+    EXPECT_EQ(settle("Francais", LanguageFileNames("de", "German")), "Francais");
+    EXPECT_EQ(settle("Klingon", LanguageFileNames("de", "German")), "Deutsch");
 }
 
 TEST(Startup, QuotedCommandLinePathAndLeftOverBackup) {

@@ -11,14 +11,44 @@ std::string AppVersionText(int major, int minor, int revision) {
     return "v" + std::to_string(major) + "." + std::to_string(minor) + "." + std::to_string(revision);
 }
 
-std::string SettleLanguage(SettingsStore& store) {
+namespace {
+
+bool ProgramHasLanguage(const std::string& name) {
+    return name == kBuiltInLanguage || (!name.empty() && LanguageExists(name));
+}
+
+std::string FirstRunLanguage(const std::vector<std::string>& systemLanguages) {
+    for (const std::string& name : systemLanguages)
+        if (ProgramHasLanguage(name)) return name;
+    return LanguageExists("English") ? "English" : kBuiltInLanguage;
+}
+
+}  // namespace
+
+std::string SettleLanguage(SettingsStore& store, const std::vector<std::string>& systemLanguages) {
     std::string language = store.GetOr(kSettingsSection, "Langue", "");
-    if (language.empty() || !LanguageExists(language)) {
-        language = kBuiltInLanguage;
+    if (!ProgramHasLanguage(language)) {
+        language = FirstRunLanguage(systemLanguages);
         store.Set(kSettingsSection, "Langue", language);
     }
     SetLanguageName(language);
     return language;
+}
+
+std::vector<std::string> LanguageFileNames(const std::string& isoCode, const std::string& englishName) {
+    // The names language files go by in their own language, without accents.
+    static const std::pair<const char*, const char*> kOwnNames[] = {
+        {"fr", "Francais"},  {"en", "English"},   {"de", "Deutsch"},  {"es", "Espanol"},   {"it", "Italiano"},
+        {"nl", "Nederlands"}, {"pt", "Portugues"}, {"pl", "Polski"},   {"cs", "Cesky"},     {"sk", "Slovensky"},
+        {"hu", "Magyar"},    {"da", "Dansk"},     {"sv", "Svenska"},  {"no", "Norsk"},     {"nb", "Norsk"},
+        {"fi", "Suomi"},     {"ru", "Russian"},   {"el", "Greek"},    {"tr", "Turkish"},   {"sl", "Slovenski"},
+        {"hr", "Hrvatski"},  {"ro", "Romana"},    {"ca", "Catala"},   {"ja", "Japanese"},  {"zh", "Chinese"},
+    };
+    std::vector<std::string> names;
+    for (const auto& [code, name] : kOwnNames)
+        if (isoCode == code) names.emplace_back(name);
+    if (!englishName.empty()) names.push_back(englishName);
+    return names;
 }
 
 bool SettleUpdateCheck(SettingsStore& store) {

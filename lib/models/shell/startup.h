@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "models/shell/settings_store.h"
 
@@ -11,9 +12,17 @@ namespace mirvane {
 // "v" and the three version numbers joined by ".": "v0.1.0".
 std::string AppVersionText(int major, int minor, int revision);
 
-// The interface language: the stored "Langue" when its file exists in the
-// language folder, else the built-in French, which is then stored.
-std::string SettleLanguage(SettingsStore& store);
+// The interface language, stored: the stored "Langue" when the program has it
+// (the built-in French, or a file in the language folder). Otherwise, on a
+// first run or when that file is gone, the first of `systemLanguages` (the
+// names the system's locale goes by) that the program has, else English,
+// else French.
+std::string SettleLanguage(SettingsStore& store, const std::vector<std::string>& systemLanguages = {});
+
+// The names a language file of the locale's language may have: "fr" gives
+// "Francais", "de" "Deutsch", then `englishName` ("German"). `isoCode` is the
+// two- or three-letter code in front of a locale name such as "de_AT".
+std::vector<std::string> LanguageFileNames(const std::string& isoCode, const std::string& englishName);
 
 // "MajAuto" is "1" when the user wants the update check; anything else is
 // stored back as "0".
