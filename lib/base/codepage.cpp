@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <unordered_map>
 
 #include "base/codepage_tables.h"
@@ -119,32 +120,53 @@ std::string DecodeCodePage(std::string_view bytes, int codePage) {
     return out;
 }
 
+namespace {
+
+// UTF-8 -> bytes in an 8-bit `codePage`; `missing(pos, length)` is told of
+// each character (or invalid byte, length 0) the code page lacks and gives
+// the byte to write, or false to stop.
+template <typename Missing>
+bool EncodeToTable(std::string_view utf8, int codePage, std::string& out, Missing&& missing) {
+    const ReverseTable& reverse = ReverseTableOf(TableIndex(codePage));
+    out.reserve(utf8.size());
+    char32_t codePoint = 0;
+    for (std::size_t pos = 0; pos < utf8.size();) {
+        const std::size_t length = DecodeUtf8At(utf8, pos, codePoint);
+        const auto found = length == 0 ? reverse.end() : reverse.find(codePoint);
+        if (length != 0 && codePoint < 0x80) out.push_back(static_cast<char>(codePoint));
+        else if (found != reverse.end()) out.push_back(found->second);
+        else if (!missing(pos, length)) return false;
+        pos += length == 0 ? 1 : length;
+    }
+    return true;
+}
+
+}  // namespace
+
 std::string EncodeCodePage(std::string_view utf8, int codePage, bool* lossless) {
     bool allKept = true;
     std::string out;
     if (codePage == kUtf8CodePage) {
         out = std::string(utf8);
     } else {
-        const ReverseTable& reverse = ReverseTableOf(TableIndex(codePage));
-        out.reserve(utf8.size());
-        char32_t codePoint = 0;
-        for (std::size_t pos = 0; pos < utf8.size();) {
-            const std::size_t length = DecodeUtf8At(utf8, pos, codePoint);
-            pos += length == 0 ? 1 : length;
-            if (length != 0 && codePoint < 0x80) {
-                out.push_back(static_cast<char>(codePoint));
-                continue;
-            }
-            const auto found = length == 0 ? reverse.end() : reverse.find(codePoint);
-            if (found != reverse.end()) {
-                out.push_back(found->second);
-            } else {
-                out.push_back('?');
-                allKept = false;
-            }
-        }
+        EncodeToTable(utf8, codePage, out, [&](std::size_t, std::size_t) {
+            out.push_back('?');
+            allKept = false;
+            return true;
+        });
     }
     if (lossless) *lossless = allKept;
+    return out;
+}
+
+std::optional<std::string> EncodeCodePageExactly(std::string_view utf8, int codePage, std::string& missing) {
+    std::string out;
+    if (codePage == kUtf8CodePage) return std::string(utf8);
+    const bool whole = EncodeToTable(utf8, codePage, out, [&](std::size_t pos, std::size_t length) {
+        missing = std::string(utf8.substr(pos, length == 0 ? 1 : length));
+        return false;
+    });
+    if (!whole) return std::nullopt;
     return out;
 }
 

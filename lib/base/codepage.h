@@ -3,6 +3,7 @@
 // these are only for showing and entering text.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -28,6 +29,11 @@ std::string DecodeDocumentBytes(std::string_view bytes, int codePage);
 // is not valid UTF-8, becomes '?' and sets *lossless to false (else true).
 // 65001 gives the text as it stands.
 std::string EncodeCodePage(std::string_view utf8, int codePage, bool* lossless = nullptr);
+
+// UTF-8 -> bytes in `codePage`, all or nothing: no value when a character is
+// missing from the code page (or a byte is not valid UTF-8); `missing` then
+// holds that character as it stands in `utf8`.
+std::optional<std::string> EncodeCodePageExactly(std::string_view utf8, int codePage, std::string& missing);
 
 bool IsValidUtf8(std::string_view text);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/codepage.h"
 #include "document/encoding.h"
 #include "document/error_log.h"
 #include "document/presentation.h"
@@ -182,8 +183,8 @@ void BinaryTypReader::FillIdentity() {
     id.ProductCode = static_cast<std::uint16_t>(h.ProductCode);
     id.HeaderSize = h.HeaderSize;
     // A code page the program does not list is logged and kept; a file
-    // without one is saved with the default.
-    if (!IsListedCodePage(h.CodePage)) LogRunTimeError(kErrInvalidPropertyValue);
+    // without one is saved with the default. UTF-8 files are valid.
+    if (!IsListedCodePage(h.CodePage) && h.CodePage != kUtf8CodePage) LogRunTimeError(kErrInvalidPropertyValue);
     if (h.CodePage != 0) id.CodePage = h.CodePage;
 }
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "document/sorts.h"
+#include "base/codepage.h"
 #include "base/file_io.h"
 #include "base/numbers.h"
 #include "document/draw_order_table.h"
@@ -33,9 +34,13 @@ void PrepareLine(std::string& line) {
     line = std::string(kept);
 }
 
-// CR LF and LF end a line, a tab is a blank. The last piece is left as it
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// CR LF and LF end a line, a tab is a blank. A UTF-8 byte order mark at the
+// start of a line goes (texts joined from several files hold one after their
+// first comment lines) and sets `byteOrderMark`. The last piece is left as it
 // stands: the outer loop never looks at it.
-std::vector<std::string> PrepareLines(std::string_view text) {
+std::vector<std::string> PrepareLines(std::string_view text, bool& byteOrderMark) {
     std::vector<std::string> lines;
     std::string current;
     for (std::size_t k = 0; k < text.size(); ++k) {
@@ -44,6 +49,9 @@ std::vector<std::string> PrepareLines(std::string_view text) {
         if (c == '\n') {
             lines.push_back(std::move(current));
             current.clear();
+        } else if (current.empty() && text.substr(k, 3) == kByteOrderMark) {
+            byteOrderMark = true;
+            k += 2;
         } else {
             current += c == '\t' ? ' ' : c;
         }
@@ -51,6 +59,30 @@ std::vector<std::string> PrepareLines(std::string_view text) {
     lines.push_back(std::move(current));
     for (std::size_t k = 0; k + 1 < lines.size(); ++k) PrepareLine(lines[k]);
     return lines;
+}
+
+bool IsUtf8WithNonAscii(std::string_view text) {
+    const bool nonAscii = std::any_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; });
+    return nonAscii && IsValidUtf8(text);
+}
+
+// Labels of a UTF-8 text go to the 8-bit code page the text declares (the
+// document's when it declares none), as map makers' texts expect.
+int LabelCodePage(const ParseContext& ctx, bool utf8) {
+    if (!utf8) return 0;
+    int codePage = ctx.Doc.Identity.CodePage;
+    for (const std::string& line : ctx.Lines)
+        if (const auto value = KeyValue(line, "codepage")) {
+            codePage = static_cast<int>(LeadingNumber(*value));
+            break;
+        }
+    return IsListedCodePage(codePage) ? codePage : 0;
+}
+
+// Comment text has no place to report a missing character: it gets a '?'.
+void ConvertComments(Bytes& comments, int codePage) {
+    const std::string text = EncodeCodePage(std::string(comments.begin(), comments.end()), codePage);
+    comments.assign(text.begin(), text.end());
 }
 
 // Runs `eachLine` on every line of a section up to its closing line; a
@@ -68,33 +100,30 @@ void ReadSectionLines(ParseContext& ctx, EachLine&& eachLine) {
     }
 }
 
-// The value at its fixed place: "0x" and hexadecimal digits, or decimal.
-// Empty, it leaves the field not given.
-std::optional<std::uint16_t> IdentityValue(std::string_view line, std::size_t valuePosition) {
-    const std::string_view value = Mid(line, valuePosition);
+// "0x" and hexadecimal digits, or decimal. Empty, it leaves the field not given.
+std::optional<std::uint16_t> IdentityValue(std::string_view value) {
     if (value.empty()) return std::nullopt;
-    if (Mid(line, valuePosition, 2) != "0x") {
+    if (!StartsWithNoCase(value, "0x")) {
         if (const std::optional<std::uint16_t> number = ParseIdentityNumber(value)) return number;
         throw IdentityOutOfRange{};
     }
-    const std::uint32_t hex = TolerantHex(Mid(line, valuePosition + 2));
+    const std::uint32_t hex = TolerantHex(value.substr(2));
     if (hex > 0xFFFF) throw IdentityOutOfRange{};
     return static_cast<std::uint16_t>(hex);
 }
 
-void ReadCodePage(TypIdentity& identity, std::string_view line) {
-    const double number = StrictNumber(Mid(line, 10));
+// 65001 is kept like the listed ones; any other is reported and left out.
+void ReadCodePage(TypIdentity& identity, std::string_view value) {
+    const double number = StrictNumber(value);
     const bool whole = number >= 1 && number <= 65535 && number == static_cast<int>(number);
-    // One the program does not list (65001, say) is reported, and kept for the save.
-    if (whole) identity.CodePage = static_cast<int>(number);
-    if (!whole || !IsListedCodePage(identity.CodePage)) throw ParseFailure{};
+    if (!whole || !(IsListedCodePage(static_cast<int>(number)) || number == kUtf8CodePage)) throw ParseFailure{};
+    identity.CodePage = static_cast<int>(number);
 }
 
-void ReadIdentityLine(TypIdentity& identity, std::string_view rawLine) {
-    const std::string_view line = TrimBlanks(rawLine);
-    if (StartsWithNoCase(line, "productcode")) identity.ProductCode = IdentityValue(line, 13);
-    else if (StartsWithNoCase(line, "fid")) identity.Fid = IdentityValue(line, 5);
-    else if (StartsWithNoCase(line, "codepage")) ReadCodePage(identity, line);
+void ReadIdentityLine(TypIdentity& identity, std::string_view line) {
+    if (const auto productCode = KeyValue(line, "productcode")) identity.ProductCode = IdentityValue(*productCode);
+    else if (const auto fid = KeyValue(line, "fid")) identity.Fid = IdentityValue(*fid);
+    else if (const auto codePage = KeyValue(line, "codepage")) ReadCodePage(identity, *codePage);
 }
 
 // A value out of range is logged with the range, so that the user knows why
@@ -116,22 +145,18 @@ void ReadCommentLine(Document& doc, std::string_view line) {
     text.insert(text.end(), line.begin(), line.end());
 }
 
-// "Type=0x10e01,3" is type 10e, subtype 01, level 3; a key of any other
-// length is a type alone, its last three digits ("Type=0x3,1").
+// "Type=0x10e01,3" is type 10e, subtype 01, level 3; "Type=0x2f06,1" type
+// 02f, subtype 06; up to three digits are a type alone ("Type=0x3,1").
 void ReadDrawOrderLine(Document& doc, std::string_view line) {
     if (line.empty()) return;
     const auto fields = SplitAt(line, ',');
-    if (fields.size() < 2) throw ParseFailure{};
-    const std::string_view key = fields[0];
+    const auto key = KeyValue(fields[0], "type");
+    if (fields.size() < 2 || !key) throw ParseFailure{};
+    const TypeAndSubType code = SplitTypeDigits(*key);
     DrawOrderEntry entry;
     entry.Level = static_cast<int>(LeadingNumber(fields[1]));
-    if (key.size() == 12) {
-        entry.Type = HexValue(Mid(key, 8, 3));
-        entry.SubType = HexValue(Mid(key, 11));
-    } else {
-        const std::string digits = "000" + std::string(Mid(key, 8));
-        entry.Type = HexValue(std::string_view(digits).substr(digits.size() - 3));
-    }
+    entry.Type = HexValue(code.Type);
+    if (code.SubType) entry.SubType = HexValue(*code.SubType);
     doc.DrawOrder.push_back(entry);
 }
 
@@ -240,14 +265,17 @@ ParseResult ParseTypText(Document& doc, std::string_view textBytes, std::optiona
     using namespace textparse;
     // A single object's text holds no comment section: applying it keeps the comment.
     if (!target) doc.HeaderGapBytes.clear();
-    if (textBytes.substr(0, 3) == "\xEF\xBB\xBF") textBytes.remove_prefix(3);  // UTF-8 byte order mark
-    ParseContext ctx{doc, PrepareLines(textBytes)};
+    bool byteOrderMark = false;
+    ParseContext ctx{doc, PrepareLines(textBytes, byteOrderMark)};
     ctx.Target = target;
+    ctx.LabelCodePage = LabelCodePage(ctx, byteOrderMark || IsUtf8WithNonAscii(textBytes));
     for (ctx.I = 0; ctx.I + 1 < ctx.LineCount(); ++ctx.I) {
         const std::string_view head = TrimBlanks(ctx.Lines[ctx.I]);
         if (!head.empty() && head.front() == '[') ReadSection(ctx, head);
     }
     ctx.Log.Finish();
+    if (ctx.LabelCodePage != 0 && !target)
+        ConvertComments(doc.HeaderGapBytes, ctx.LabelCodePage);
     return Finish(ctx);
 }
 

@@ -29,6 +29,9 @@ struct ParseContext {
     // Record written by the last add or reset of each kind (the trap of a
     // section of another kind than the scope's goes there).
     int LastPolygon = 0, LastPolyline = 0, LastPoi = 0;
+    // The 8-bit code page that labels of a UTF-8 text are converted to; 0
+    // when they are kept as they stand.
+    int LabelCodePage = 0;
     CappedErrorLog Log{Doc};
 
     std::size_t LineCount() const { return Lines.size(); }
@@ -80,7 +83,13 @@ double StrictNumber(std::string_view text);
 
 // --- shared key readers -----------------------------------------------------
 
-// The text between the first two double quotes of an Xpm line and its fields.
+// The value of a line "key=value" whose key, in any case and with blanks
+// around the separator, is `lowerKey`; no value for another key.
+std::optional<std::string_view> KeyValue(std::string_view line, std::string_view lowerKey,
+                                         std::string_view separators = "=");
+
+// The header of an Xpm line: the text behind its first double quote, up to
+// the next one or the end of the line, and its fields at runs of blanks.
 struct XpmHeader {
     std::string_view Text;
     std::vector<std::string_view> Fields;
@@ -91,45 +100,77 @@ XpmHeader ReadXpmHeader(std::string_view line);
 // A colour 0x00BBGGRR from two hexadecimal digits each of red (at 1-based
 // `position`), green and blue, each read as far as it is hexadecimal.
 std::uint32_t ColourDigitsAt(std::string_view line, std::size_t position);
-// The colour of a colour line, by the position of its first lower-case `c`.
-std::uint32_t LineColour(std::string_view line);
-// "none" two places after the first lower-case `c`, in any case.
-bool PassesCTest(std::string_view line);
-// "none" at position 6 of the line as given.
-bool PassesFixedTest(std::string_view line);
 
-// "type=": Type and SubType of the record.
+// A palette line: `"`, a code of `cpp` characters, `c`, a colour `#RRGGBB`
+// or `none`, `"`, and what follows (the alpha of mode 32). Blanks between
+// the parts may be any number; the code may itself be a `c` or blanks.
+struct ColourLine {
+    std::string Code;
+    bool Transparent = false;
+    std::uint32_t Colour = 0;  // 0x00BBGGRR
+    std::string_view Behind;   // the text behind the closing quote
+};
+// Fails on a line of another form.
+ColourLine ReadColourLine(std::string_view line, std::size_t cpp);
+// Moves onto the next line as a colour line; fails, without moving, when it
+// is a closing line, so a palette shorter than its header stays in its body.
+const std::string& AdvanceToColourLine(ParseContext& ctx);
+
+struct TypeAndSubType {
+    std::string Type;                    // three digits
+    std::optional<std::string> SubType;  // two digits, when the value holds one
+};
+// A type value: up to three digits are a type; four are a type and a
+// subtype ("0x2f06"), as are five ("0x10e01"). More fail.
+TypeAndSubType SplitTypeDigits(std::string_view value);
+
+// "type=": Type and SubType of the record. Up to three digits are a type;
+// four are a type and a subtype ("0x2f06"), as are five ("0x10e01").
 void ReadTypeKey(std::string_view line, std::string& type, std::string& subType);
 // "subtype=".
 void ReadSubTypeKey(std::string_view line, std::string& subType);
-// A run of "string" lines from the current one into a label block; the
-// current line ends on the last line of the run. False, with the object
-// named in the log, when the labels are too long for a TYP and left out.
-bool ReadLabelRun(ParseContext& ctx, Bytes& labelBytes, const std::string& type, const std::string& subType);
-// "ExtendedLabels=Y": FontStyle and CustomColor from the following lines,
-// read by position; the current line does not move.
-void ReadExtendedLabels(ParseContext& ctx, Bytes& extendedLabelBytes);
 
-// The keys every section reads alike: "type=", "subtype=", "string..." and
-// "extendedlabels=y". The last two set `labelFlag` or `extendedFlag` in
-// `flags`. False when the current line is none of them.
+// Labels and extended label keys of one body. They may stand anywhere in it
+// (every label line adds a label; a repeated extended label key replaces the
+// earlier) and become the record's blocks when the body ends.
+struct LabelWork {
+    struct Label {
+        std::uint8_t Code = 0;
+        std::string Text;
+        std::size_t Line = 0;  // for the log
+    };
+    std::vector<Label> Labels;
+    bool Extended = false;
+    std::optional<int> Font;
+    std::optional<int> CustomColor;  // 0 No .. 3 DayAndNight
+    std::optional<std::uint32_t> DayColour, NightColour;
+};
+// A "string", "extendedlabels", "fontstyle", "customcolor", "daycustomcolor"
+// or "nightcustomcolor" line into `work`; false for any other line.
+bool ReadLabelKey(ParseContext& ctx, LabelWork& work);
+// Packs `work` into the record's blocks. Labels too long for a TYP are left
+// out, and so is a label the code page cannot hold, each named in the log.
+// Sets `labelFlag` and `extendedFlag` in `flags` for what was given.
+void FinishLabels(ParseContext& ctx, const LabelWork& work, Bytes& labelBytes, Bytes& extendedLabelBytes,
+                  std::uint8_t& flags, std::uint8_t labelFlag, std::uint8_t extendedFlag,
+                  const std::string& type, const std::string& subType);
+
+// The keys every section reads alike: "type=", "subtype=" and the label keys.
+// False when the current line is none of them.
 template <typename Record>
-bool ReadSharedKey(ParseContext& ctx, Record& record, std::uint8_t& flags, std::uint8_t labelFlag,
-                   std::uint8_t extendedFlag) {
+bool ReadSharedKey(ParseContext& ctx, Record& record, LabelWork& labels) {
     const std::string& line = ctx.Current();
-    if (StartsWithNoCase(line, "type=")) {
-        ReadTypeKey(line, record.Type, record.SubType);
-    } else if (StartsWithNoCase(line, "subtype=")) {
-        ReadSubTypeKey(line, record.SubType);
-    } else if (StartsWithNoCase(line, "string")) {
-        if (ReadLabelRun(ctx, record.LabelBytes, record.Type, record.SubType)) flags |= labelFlag;
-    } else if (StartsWithNoCase(line, "extendedlabels=y")) {
-        flags |= extendedFlag;
-        ReadExtendedLabels(ctx, record.ExtendedLabelBytes);
-    } else {
-        return false;
-    }
+    if (StartsWithNoCase(line, "type")) ReadTypeKey(line, record.Type, record.SubType);
+    else if (StartsWithNoCase(line, "subtype")) ReadSubTypeKey(line, record.SubType);
+    else return ReadLabelKey(ctx, labels);
     return true;
+}
+
+template <typename Record>
+void FinishRecordLabels(ParseContext& ctx, const LabelWork& work, Record& record, std::uint8_t& flags,
+                        std::uint8_t labelFlag, std::uint8_t extendedFlag) {
+    FinishLabels(ctx, work, record.LabelBytes, record.ExtendedLabelBytes, flags, labelFlag, extendedFlag,
+                 record.Type, record.SubType);
 }
 
 // Body loop: each line is a key line; the body stops when the line after it

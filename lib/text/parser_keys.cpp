@@ -1,4 +1,6 @@
 // Text helpers of the parser and the keys shared by all three object bodies.
+#include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <string>
 
@@ -6,6 +8,7 @@
 #include "labels/label_block.h"
 #include "lang/lookup.h"
 #include "base/ascii.h"
+#include "base/codepage.h"
 #include "text/parser_context.h"
 
 namespace mirvane::textparse {
@@ -118,14 +121,24 @@ std::string_view XpmHeader::Field(std::size_t k) const {
     return Fields[k];
 }
 
+std::optional<std::string_view> KeyValue(std::string_view line, std::string_view lowerKey,
+                                         std::string_view separators) {
+    const auto separator = line.find_first_of(separators);
+    if (separator == std::string_view::npos) return std::nullopt;
+    const std::string_view key = TrimBlanks(line.substr(0, separator));
+    if (key.size() != lowerKey.size() || !StartsWithNoCase(key, lowerKey)) return std::nullopt;
+    return TrimBlanks(line.substr(separator + 1));
+}
+
+// Existing texts leave out the closing quote ("Xpm="32 32 2 1") and put
+// more than one blank between the fields.
 XpmHeader ReadXpmHeader(std::string_view line) {
     const auto open = line.find('"');
     if (open == std::string_view::npos) throw ParseFailure{};
-    const auto close = line.find('"', open + 1);
-    if (close == std::string_view::npos) throw ParseFailure{};
     XpmHeader header;
-    header.Text = line.substr(open + 1, close - open - 1);
-    header.Fields = SplitAt(header.Text, ' ');
+    header.Text = line.substr(open + 1, line.find('"', open + 1) - open - 1);
+    for (std::string_view field : SplitAt(header.Text, ' '))
+        if (!field.empty()) header.Fields.push_back(field);
     return header;
 }
 
@@ -134,33 +147,74 @@ std::uint32_t ColourDigitsAt(std::string_view line, std::size_t position) {
     return digits(position) | (digits(position + 2) << 8) | (digits(position + 4) << 16);
 }
 
-std::uint32_t LineColour(std::string_view line) { return ColourDigitsAt(line, PositionOf(line, 'c') + 3); }
-
-bool PassesCTest(std::string_view line) {
-    return Lower(Mid(line, PositionOf(line, 'c') + 2, 4)) == "none";
+ColourLine ReadColourLine(std::string_view line, std::size_t cpp) {
+    if (line.empty() || line.front() != '"') throw ParseFailure{};
+    ColourLine colour;
+    colour.Code = std::string(Mid(line, 2, cpp));
+    const std::string_view rest = line.substr(std::min(line.size(), 1 + cpp));
+    const auto close = rest.find('"');
+    if (close != std::string_view::npos) colour.Behind = rest.substr(close + 1);
+    std::vector<std::string_view> words;
+    for (std::string_view word : SplitAt(rest.substr(0, close), ' '))
+        if (!word.empty()) words.push_back(word);
+    // The last "c" with a word behind it: the code before it may be a "c" too.
+    std::size_t c = words.size();
+    for (std::size_t k = words.size(); k-- > 1;)
+        if (Lower(words[k - 1]) == "c") {
+            c = k - 1;
+            break;
+        }
+    if (c == words.size()) throw ParseFailure{};
+    const std::string value = Lower(words[c + 1]);
+    colour.Transparent = value == "none";
+    if (!colour.Transparent) {
+        if (value.front() != '#') throw ParseFailure{};
+        colour.Colour = ColourDigitsAt(value, 2);
+    }
+    return colour;
 }
 
-bool PassesFixedTest(std::string_view line) { return Mid(line, 6, 4) == "none"; }
+const std::string& AdvanceToColourLine(ParseContext& ctx) {
+    if (IsEndLine(ctx.Line(ctx.I + 1))) throw ParseFailure{};
+    ctx.Advance();
+    return ctx.Current();
+}
 
-static std::string PaddedRight(std::string_view digits, std::size_t count) {
-    std::string text = std::string(count, '0') + std::string(digits);
+namespace {
+
+// The digits of a type after "0x", as far as they are hexadecimal.
+std::string_view TypeDigits(std::string_view value) {
+    if (StartsWithNoCase(value, "0x")) value.remove_prefix(2);
+    std::size_t end = 0;
+    while (end < value.size() && std::isxdigit(static_cast<unsigned char>(value[end]))) ++end;
+    return value.substr(0, end);
+}
+
+std::string PaddedRight(std::string_view digits, std::size_t count) {
+    std::string text = std::string(count, '0') + Lower(digits);
     return text.substr(text.size() - count);
 }
 
+}  // namespace
+
+TypeAndSubType SplitTypeDigits(std::string_view value) {
+    const std::string_view digits = TypeDigits(value);
+    if (digits.size() > 5) throw ParseFailure{};
+    if (digits.size() <= 3) return {PaddedRight(digits, 3), std::nullopt};
+    const std::size_t typeLength = digits.size() - 2;
+    return {PaddedRight(digits.substr(0, typeLength), 3), PaddedRight(digits.substr(typeLength), 2)};
+}
+
 void ReadTypeKey(std::string_view line, std::string& type, std::string& subType) {
-    const std::string key = Lower(ReplaceAll(std::string(line), "0x", ""));
-    if (key.size() == 10) {
-        type = key.substr(5, 3);
-        subType = key.substr(8, 2);
-    } else {
-        type = PaddedRight(Mid(key, 6), 3);
-        subType = "00";
-    }
+    const auto value = KeyValue(line, "type");
+    if (!value) return;
+    TypeAndSubType code = SplitTypeDigits(*value);
+    type = std::move(code.Type);
+    subType = code.SubType.value_or("00");
 }
 
 void ReadSubTypeKey(std::string_view line, std::string& subType) {
-    const std::string key = Lower(ReplaceAll(std::string(line), "0x", ""));
-    subType = PaddedRight(Mid(key, 9), 2);
+    if (const auto value = KeyValue(line, "subtype")) subType = PaddedRight(TypeDigits(*value), 2);
 }
 
 namespace {
@@ -173,43 +227,56 @@ bool IsDecimalNumber(std::string_view text) {
     return true;
 }
 
-char CodeCharacter(std::string_view hexDigits) {
-    const std::uint32_t code = TolerantHex(hexDigits);
-    if (code > 255) throw ParseFailure{};
-    return static_cast<char>(code);
+std::string_view WithoutHexPrefix(std::string_view text) {
+    return StartsWithNoCase(text, "0x") ? text.substr(2) : text;
 }
 
-// One "String<N>=" line into the run's text: language code, label, zero.
-void AppendLabelLine(std::string_view line, std::string& acc) {
-    const auto fields = SplitAt(line, '=');
-    if (fields.size() < 2) throw ParseFailure{};
-    const std::string field = ReplaceAll(std::string(fields[1]), "0x", "");
-    std::string piece;
-    if (line.find(',') == std::string_view::npos) {
-        if (IsDecimalNumber(field)) piece += CodeCharacter(field);
-        else piece += '\0' + field;
-    } else {
-        const auto comma = field.find(',');
-        if (comma == std::string::npos) throw ParseFailure{};
-        piece += CodeCharacter(std::string_view(field).substr(0, comma));
-        piece.append(field, comma + 1, std::string::npos);
+// A language code: hexadecimal, with or without "0x", up to 0xFF; no value
+// for a text that is no such number.
+std::optional<std::uint8_t> LanguageCode(std::string_view text) {
+    text = WithoutHexPrefix(TrimBlanks(text));
+    if (text.empty()) return std::nullopt;
+    for (char c : text)
+        if (!std::isxdigit(static_cast<unsigned char>(c))) return std::nullopt;
+    const std::uint32_t code = TolerantHex(text);
+    if (code > 0xFF) return std::nullopt;
+    return static_cast<std::uint8_t>(code);
+}
+
+// "String<N>=code,label": the label is all behind the first comma, '=' and
+// "0x" included. Without a code ("String=Parking, covered") the whole value
+// is a label of code 0; digits alone are a code with an empty label.
+LabelWork::Label ReadLabelLine(std::string_view value) {
+    LabelWork::Label label;
+    const auto comma = value.find(',');
+    if (comma != std::string_view::npos) {
+        if (const auto code = LanguageCode(value.substr(0, comma))) {
+            label.Code = *code;
+            label.Text = std::string(value.substr(comma + 1));
+            return label;
+        }
+    } else if (IsDecimalNumber(WithoutHexPrefix(value))) {
+        const auto code = LanguageCode(value);
+        if (!code) throw ParseFailure{};
+        label.Code = *code;
+        return label;
     }
-    piece += '\0';
-    acc += piece;
+    label.Text = std::string(value);
+    return label;
 }
 
 // The most label bytes the two-byte prefix (length * 4 + 2) can count.
 constexpr std::size_t kMaxLabelRunBytes = (0xFFFF - 2) / 4;
 
-// Colour bytes after the first '#': RR into `red`, GG into `red` - 1, BB into `red` - 2.
-void ReadHashColour(std::string_view line, Bytes& block, std::size_t red) {
-    const std::size_t hash = PositionOf(line, '#');
-    for (std::size_t k = 0; k < 3; ++k)
-        block[red - k] = static_cast<std::uint8_t>(TolerantHex(Mid(line, hash + 1 + 2 * k, 2)));
+// The colour behind the first '#': 0x00BBGGRR.
+std::uint32_t HashColour(std::string_view value) {
+    const auto hash = value.find('#');
+    if (hash == std::string_view::npos) throw ParseFailure{};
+    return ColourDigitsAt(value, hash + 2);
 }
 
-std::uint8_t FontStyleCode(std::string_view fiveCharacters) {
-    const std::string font = Lower(fiveCharacters);
+int FontStyleCode(std::string_view value) {
+    const std::string font = Lower(value.substr(0, 5));
     if (font == "nolab") return 1;
     if (font == "small") return 2;
     if (font == "norma") return 3;
@@ -217,47 +284,117 @@ std::uint8_t FontStyleCode(std::string_view fiveCharacters) {
     return 0;
 }
 
+int CustomColorCode(std::string_view value) {
+    const std::string choice = Lower(value);
+    if (choice == "day") return 1;
+    if (choice == "night") return 2;
+    if (choice == "dayandnight") return 3;
+    return 0;
+}
+
+std::string LogLineStart(const ParseContext& ctx, std::size_t line) {
+    return kLineBreak + LookupText("Main", "Ligne", "msgLigne") + " " + std::to_string(line + 1) + " : ";
+}
+
+std::string ObjectName(const std::string& type, const std::string& subType) {
+    return " Type=0x" + type + " SubType=0x" + subType;
+}
+
+// The labels in the document's code page; a label with a character the code
+// page lacks is left out and named.
+std::vector<LabelText> EncodedLabels(ParseContext& ctx, const LabelWork& work, const std::string& type,
+                                     const std::string& subType) {
+    std::vector<LabelText> texts;
+    for (const auto& label : work.Labels) {
+        if (ctx.LabelCodePage == 0) {
+            texts.push_back({label.Code, label.Text});
+            continue;
+        }
+        std::string missing;
+        if (auto encoded = EncodeCodePageExactly(label.Text, ctx.LabelCodePage, missing)) {
+            texts.push_back({label.Code, std::move(*encoded)});
+            continue;
+        }
+        ctx.Log.Add("msgCaractereHorsPage", [&] {
+            return LogLineStart(ctx, label.Line) + "\"" + missing + "\" " +
+                   LookupText("Main", "absent de la page de code", "msgCaractereHorsPage") + " " +
+                   std::to_string(ctx.LabelCodePage) + ", " +
+                   LookupText("Main", "libellé laissé de côté pour l'objet", "msgLibelleLaisse") +
+                   ObjectName(type, subType);
+        });
+    }
+    return texts;
+}
+
+std::size_t PayloadSize(const std::vector<LabelText>& texts) {
+    std::size_t size = 0;
+    for (const auto& text : texts) size += text.Text.size() + 2;
+    return size;
+}
+
+Bytes ExtendedLabelBlock(const LabelWork& work) {
+    ExtendedLabelStyle style;
+    style.FontStyle = work.Font.value_or(0);
+    style.CustomColor = work.CustomColor.value_or((work.DayColour ? 1 : 0) | (work.NightColour ? 2 : 0));
+    style.DayColour = work.DayColour.value_or(0);
+    style.NightColour = work.NightColour.value_or(0);
+    return EncodeExtendedLabelBlock(style);
+}
+
 }  // namespace
 
-// A run too long for the prefix is refused, not cut, and the object keeps no
-// label flag: a flag without its block would corrupt the record.
-bool ReadLabelRun(ParseContext& ctx, Bytes& labelBytes, const std::string& type, const std::string& subType) {
-    std::string acc;
-    std::size_t k = ctx.I;
-    for (; ctx.HasLine(k) && StartsWithNoCase(ctx.Lines[k], "string"); ++k) {
-        ctx.I = k;
-        ctx.Try([&] { AppendLabelLine(ctx.Lines[k], acc); });
-    }
-    ctx.I = k - 1;
-    if (!ctx.HasLine(k)) ctx.LogFailure();  // the run was read up to the last line and past it
-    if (acc.size() > kMaxLabelRunBytes) {
-        ctx.Log.Add("msgLibellesTropLongs", [&] {
-            return kLineBreak + LookupText("Main", "Ligne", "msgLigne") + " " + std::to_string(ctx.I + 1) + " : " +
-                   LookupText("Main", "libellés trop longs pour un TYP, laissés de côté pour l'objet",
-                              "msgLibellesTropLongs") +
-                   " Type=0x" + type + " SubType=0x" + subType + " (" +
-                   GroupedNumber(static_cast<std::int64_t>(acc.size())) + " / " +
-                   GroupedNumber(static_cast<std::int64_t>(kMaxLabelRunBytes)) + ")";
-        });
+// Texts made for mkgmap give the extended label keys without
+// "ExtendedLabels=Y" and in any order.
+bool ReadLabelKey(ParseContext& ctx, LabelWork& work) {
+    const std::string& line = ctx.Current();
+    if (StartsWithNoCase(line, "string")) {
+        const auto equals = line.find('=');
+        if (equals == std::string::npos) return false;
+        const std::string_view index = TrimBlanks(std::string_view(line).substr(6, equals - 6));
+        if (!index.empty() && !IsDecimalNumber(index)) return false;
+        LabelWork::Label label = ReadLabelLine(TrimBlanks(std::string_view(line).substr(equals + 1)));
+        label.Line = ctx.I;
+        work.Labels.push_back(std::move(label));
+    } else if (const auto extended = KeyValue(line, "extendedlabels")) {
+        if (StartsWithNoCase(*extended, "y")) work.Extended = true;
+    } else if (const auto font = KeyValue(line, "fontstyle")) {
+        work.Font = FontStyleCode(*font);
+    } else if (const auto choice = KeyValue(line, "customcolor")) {
+        work.CustomColor = CustomColorCode(*choice);
+    } else if (const auto day = KeyValue(line, "daycustomcolor", ":=")) {
+        work.DayColour = HashColour(*day);
+    } else if (const auto night = KeyValue(line, "nightcustomcolor", ":=")) {
+        work.NightColour = HashColour(*night);
+    } else {
         return false;
     }
-    labelBytes = PrefixedLabelBlock(acc);
     return true;
 }
 
-void ReadExtendedLabels(ParseContext& ctx, Bytes& block) {
-    block.assign(1, FontStyleCode(Mid(ctx.Line(ctx.I + 1), 11, 5)));
-    if (!ctx.HasLine(ctx.I + 2)) return;
-    const std::string colourChoice = Lower(Mid(ctx.Lines[ctx.I + 2], 13));
-    if (colourChoice == "day" || colourChoice == "night") {
-        block[0] = static_cast<std::uint8_t>(block[0] + (colourChoice == "day" ? 8 : 16));
-        block.resize(4, 0);
-        ReadHashColour(ctx.Line(ctx.I + 3), block, 3);
-    } else if (colourChoice == "dayandnight") {
-        block[0] = static_cast<std::uint8_t>(block[0] + 24);
-        block.resize(7, 0);
-        ReadHashColour(ctx.Line(ctx.I + 3), block, 3);
-        ReadHashColour(ctx.Line(ctx.I + 4), block, 6);
+// A run too long for the prefix is refused, not cut, and the object keeps no
+// label flag: a flag without its block would corrupt the record.
+void FinishLabels(ParseContext& ctx, const LabelWork& work, Bytes& labelBytes, Bytes& extendedLabelBytes,
+                  std::uint8_t& flags, std::uint8_t labelFlag, std::uint8_t extendedFlag,
+                  const std::string& type, const std::string& subType) {
+    if (!work.Labels.empty()) {
+        const std::vector<LabelText> texts = EncodedLabels(ctx, work, type, subType);
+        const std::size_t size = PayloadSize(texts);
+        if (size > kMaxLabelRunBytes) {
+            ctx.Log.Add("msgLibellesTropLongs", [&] {
+                return LogLineStart(ctx, work.Labels.back().Line) +
+                       LookupText("Main", "libellés trop longs pour un TYP, laissés de côté pour l'objet",
+                                  "msgLibellesTropLongs") +
+                       ObjectName(type, subType) + " (" + GroupedNumber(static_cast<std::int64_t>(size)) +
+                       " / " + GroupedNumber(static_cast<std::int64_t>(kMaxLabelRunBytes)) + ")";
+            });
+        } else if (!texts.empty()) {
+            labelBytes = EncodeLabelBlock(texts);
+            flags |= labelFlag;
+        }
+    }
+    if (work.Extended || work.Font || work.CustomColor || work.DayColour || work.NightColour) {
+        extendedLabelBytes = ExtendedLabelBlock(work);
+        flags |= extendedFlag;
     }
 }
 

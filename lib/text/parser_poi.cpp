@@ -137,8 +137,10 @@ void ReadMode32Palette(ParseContext& ctx, std::vector<PaletteEntry>& palette, st
         const std::string& line = ctx.Line(ctx.I + 1 + k);
         codes[k] = std::string(Mid(line, 2, cpp));
         ctx.Try([&] {
-            const std::string_view digits = Mid(line, PositionOf(line, 'c') + 3, 6);
-            palette[k] = Mode32Entry(digits, FieldAfterEquals(TextBehindSecondQuote(line)));
+            const ColourLine colour = ReadColourLine(line, cpp);
+            if (colour.Transparent) throw ParseFailure{};
+            const std::uint8_t alpha = StrictByte(FieldAfterEquals(colour.Behind)) & 0x0F;
+            palette[k] = {colour.Colour, alpha};
         });
     }
 }
@@ -146,7 +148,7 @@ void ReadMode32Palette(ParseContext& ctx, std::vector<PaletteEntry>& palette, st
 // The transparent line may stand anywhere: it takes the index one past the
 // last real colour, which is the value the listing looks for.
 void ReadTransparentPaletteLine(PoiBitmap& bitmap, std::vector<PaletteEntry>& palette, std::vector<std::string>& codes,
-                                std::string_view line, std::size_t cpp) {
+                                const ColourLine& line) {
     if (bitmap.ColourCount == 0) throw ParseFailure{};
     --bitmap.ColourCount;
     if (bitmap.ColourCount > 0) {
@@ -155,7 +157,7 @@ void ReadTransparentPaletteLine(PoiBitmap& bitmap, std::vector<PaletteEntry>& pa
     } else {
         bitmap.ForcePalette = true;
     }
-    codes.at(bitmap.ColourCount) = std::string(Mid(line, 2, cpp));
+    codes.at(bitmap.ColourCount) = line.Code;
 }
 
 void ReadColourPalette(ParseContext& ctx, PoiBitmap& bitmap, std::vector<PaletteEntry>& palette,
@@ -163,17 +165,17 @@ void ReadColourPalette(ParseContext& ctx, PoiBitmap& bitmap, std::vector<Palette
     palette.assign(codes.size(), PaletteEntry{});
     std::size_t skipped = 0;
     for (std::size_t k = 0; k < codes.size(); ++k) {
-        const std::string& line = ctx.Line(ctx.I + 1 + k);
         ctx.Try([&] {
-            if (PassesCTest(line)) {
-                ReadTransparentPaletteLine(bitmap, palette, codes, line, cpp);
+            const ColourLine line = ReadColourLine(ctx.Line(ctx.I + 1 + k), cpp);
+            if (line.Transparent) {
+                ReadTransparentPaletteLine(bitmap, palette, codes, line);
                 skipped = 1;
                 return;
             }
             const std::size_t entry = k - skipped;
-            codes.at(entry) = std::string(Mid(line, 2, cpp));
+            codes.at(entry) = line.Code;
             if (entry >= palette.size()) throw ParseFailure{};
-            palette[entry].Colour = LineColour(line);
+            palette[entry].Colour = line.Colour;
         });
     }
 }
@@ -229,8 +231,8 @@ void ReadPoiBitmap(ParseContext& ctx, PoiRecord& record, PoiBitmap& bitmap, std:
     else ReadPaletteBitmap(ctx, record, bitmap, cpp, header);
 }
 
-void ReadPoiKeyLine(ParseContext& ctx, PoiRecord& record, std::size_t& cpp) {
-    if (ReadSharedKey(ctx, record, record.Flags, 0x04, 0x08)) return;
+void ReadPoiKeyLine(ParseContext& ctx, PoiRecord& record, std::size_t& cpp, LabelWork& labels) {
+    if (ReadSharedKey(ctx, record, labels)) return;
     const std::string& line = ctx.Current();
     if (StartsWithNoCase(line, "xpm=") || StartsWithNoCase(line, "dayxpm=")) {
         record.Flags |= 0x01;
@@ -245,7 +247,9 @@ void ReadPoiKeyLine(ParseContext& ctx, PoiRecord& record, std::size_t& cpp) {
 
 void ReadPoiBody(ParseContext& ctx, PoiRecord& record) {
     std::size_t cpp = 0;  // characters per code, kept from one bitmap to the next
-    ReadBody(ctx, [&] { ReadPoiKeyLine(ctx, record, cpp); });
+    LabelWork labels;
+    ReadBody(ctx, [&] { ReadPoiKeyLine(ctx, record, cpp, labels); });
+    FinishRecordLabels(ctx, labels, record, record.Flags, 0x04, 0x08);
     ctx.Try([&] { record.Length = PoiRecordLength(record); });
 }
 

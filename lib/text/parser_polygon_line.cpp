@@ -14,9 +14,10 @@ namespace {
 // Working values of one body.
 struct PatternWork {
     std::string Letter;   // code of the first real colour; only it sets a pattern bit
-    std::size_t Cpp = 0;  // characters per pixel (polygons)
+    std::size_t Cpp = 1;  // characters per pixel; lines have one
     std::uint8_t LineWidth = 0;
     int BorderWidth = 255;  // 255: none was given
+    LabelWork Labels;
 };
 
 // The colour table as an Xpm line builds it. It has no value until the
@@ -24,26 +25,45 @@ struct PatternWork {
 // the record's table as it was.
 using ColourList = std::optional<std::vector<std::uint32_t>>;
 
-void AddLineColour(ColourList& colours, std::string_view line) { colours->push_back(LineColour(line)); }
-
 void StoreColours(const ColourList& colours, Bytes& colourBytes) {
     if (colours) colourBytes = EncodeColourTable(*colours);
 }
 
-bool HeaderIsSolidTwoColours(const XpmHeader& header) { return header.Text.substr(0, 5) == "0 0 2"; }
+bool HeaderIsSolidTwoColours(const XpmHeader& header) {
+    return header.Fields.size() >= 3 && header.Fields[0] == "0" && header.Fields[1] == "0" &&
+           header.Fields[2] == "2";
+}
 
-// The two colours after a transparent first one in a four-colour header.
-void ReadColoursAfterTransparentFirst(ParseContext& ctx, ColourList& colours, std::uint8_t& flags) {
-    ctx.Advance();
-    if (PassesCTest(ctx.Current())) {
+double ColourCount(const XpmHeader& header) { return StrictNumber(header.Field(2)); }
+
+ColourLine NextColourLine(ParseContext& ctx, std::size_t cpp) { return ReadColourLine(AdvanceToColourLine(ctx), cpp); }
+
+// The colours after a transparent first one: the first real colour, whose
+// code sets the pattern bits, and with a four-colour header the night ones.
+void ReadColoursAfterTransparentFirst(ParseContext& ctx, const XpmHeader& header, PatternWork& work,
+                                      ColourList& colours, std::uint8_t& flags) {
+    const ColourLine day = NextColourLine(ctx, work.Cpp);
+    work.Letter = day.Code;
+    colours->push_back(day.Colour);
+    if (ColourCount(header) != 4) return;
+    const ColourLine night = NextColourLine(ctx, work.Cpp);
+    if (night.Transparent) {
         flags |= 0x04;
-        ctx.Advance();
-        AddLineColour(colours, ctx.Current());
+        colours->push_back(NextColourLine(ctx, work.Cpp).Colour);
     } else {
-        AddLineColour(colours, ctx.Current());
-        ctx.Advance();
-        AddLineColour(colours, ctx.Current());
+        colours->push_back(night.Colour);
+        colours->push_back(NextColourLine(ctx, work.Cpp).Colour);
     }
+}
+
+// The night colours of a four-colour header: the third is stored, the fourth
+// when it is not transparent.
+void ReadNightColours(ParseContext& ctx, const PatternWork& work, ColourList& colours, std::uint8_t& flags,
+                      bool clearWithoutPattern) {
+    colours->push_back(NextColourLine(ctx, work.Cpp).Colour);
+    const ColourLine last = NextColourLine(ctx, work.Cpp);
+    if (last.Transparent || clearWithoutPattern) flags |= 0x04;
+    else colours->push_back(last.Colour);
 }
 
 void ReadPatternRowsInto(ParseContext& ctx, BitGrid& pattern, const std::string& letter, std::size_t cpp) {
@@ -72,50 +92,36 @@ void ReadPatternRows(ParseContext& ctx, Bytes& patternBytes, int rows, const std
 
 void ReadPolygonColours(ParseContext& ctx, std::uint8_t& flags, const XpmHeader& header, PatternWork& work,
                         ColourList& colours) {
-    ctx.Advance();
-    const bool sized = StrictNumber(header.Field(1)) > 0;
-    if (sized && PassesCTest(ctx.Current())) {
+    const ColourLine first = NextColourLine(ctx, work.Cpp);
+    colours.emplace();
+    if (StrictNumber(header.Field(1)) > 0 && first.Transparent) {
         flags |= 0x02;
-        ctx.Advance();
-        work.Letter = std::string(Mid(ctx.Current(), 2, 1));
-        colours.emplace();
-        AddLineColour(colours, ctx.Current());
-        if (StrictNumber(header.Field(2)) == 4) ReadColoursAfterTransparentFirst(ctx, colours, flags);
+        ReadColoursAfterTransparentFirst(ctx, header, work, colours, flags);
         return;
     }
-    work.Letter = std::string(Mid(ctx.Current(), 2, work.Cpp));
-    colours.emplace();
-    AddLineColour(colours, ctx.Current());
-    if (StrictNumber(header.Field(2)) > 1) {
-        ctx.Advance();
-        if (PassesFixedTest(Lower(ctx.Current()))) {
+    work.Letter = first.Code;
+    colours->push_back(first.Colour);
+    if (ColourCount(header) > 1) {
+        const ColourLine second = NextColourLine(ctx, work.Cpp);
+        if (second.Transparent) {
             flags |= 0x02;
             if (!(flags & 0x01)) flags |= 0x04;
             if (HeaderIsSolidTwoColours(header)) flags &= static_cast<std::uint8_t>(~0x01);
         } else {
-            AddLineColour(colours, ctx.Current());
+            colours->push_back(second.Colour);
         }
     }
-    if ((flags & 0x01) && !HeaderIsSolidTwoColours(header)) {
-        ctx.Advance();
-        AddLineColour(colours, ctx.Current());
-        ctx.Advance();
-        // Tested on the line as typed: a capital NONE here is read as a colour.
-        if (PassesFixedTest(ctx.Current()) || !(flags & 0x08)) flags |= 0x04;
-        else AddLineColour(colours, ctx.Current());
-    }
+    if ((flags & 0x01) && !HeaderIsSolidTwoColours(header)) ReadNightColours(ctx, work, colours, flags, !(flags & 0x08));
 }
 
 void ReadPolygonXpm(ParseContext& ctx, PolygonRecord& record, PatternWork& work) {
-    const std::string& line = ctx.Current();
-    const XpmHeader header = ReadXpmHeader(line);
+    const XpmHeader header = ReadXpmHeader(ctx.Current());
     ctx.Try([&] { work.Cpp = StrictByte(header.Field(3)); });
-    // Fixed places: Xpm="0 0 1 0" and Xpm="32 32 4 1" with exactly these blanks.
-    if (Mid(line, 6, 1) == "0") {
-        record.Flags |= Mid(line, 10, 1) == "1" ? 0x06 : 0x07;
+    if (header.Field(0) == "0") {
+        record.Flags |= header.Field(2) == "1" ? 0x06 : 0x07;
     } else {
         record.Flags |= 0x08;
-        if (Mid(line, 12, 1) != "2") record.Flags |= 0x01;
+        if (header.Field(2) != "2") record.Flags |= 0x01;
     }
     ColourList colours;
     ctx.Try([&] { ReadPolygonColours(ctx, record.Flags, header, work, colours); });
@@ -125,7 +131,7 @@ void ReadPolygonXpm(ParseContext& ctx, PolygonRecord& record, PatternWork& work)
 }
 
 void ReadPolygonKeyLine(ParseContext& ctx, PolygonRecord& record, PatternWork& work) {
-    if (ReadSharedKey(ctx, record, record.Flags, 0x10, 0x20)) return;
+    if (ReadSharedKey(ctx, record, work.Labels)) return;
     if (StartsWithNoCase(ctx.Current(), "xpm=")) ReadPolygonXpm(ctx, record, work);
 }
 
@@ -155,39 +161,29 @@ void LookAheadForWidths(ParseContext& ctx, PatternWork& work) {
 
 void ReadPolylineColours(ParseContext& ctx, std::uint8_t& flags, const XpmHeader& header, PatternWork& work,
                          ColourList& colours) {
-    ctx.Advance();
-    const bool hasRows = StrictNumber(header.Field(1)) > 0;
-    work.Letter = std::string(Mid(ctx.Current(), 2, 1));
+    const ColourLine first = NextColourLine(ctx, work.Cpp);
     colours.emplace();
-    if (hasRows && PassesCTest(ctx.Current())) {
+    if (StrictNumber(header.Field(1)) > 0 && first.Transparent) {
         flags |= 0x06;
-        ctx.Advance();
-        work.Letter = std::string(Mid(ctx.Current(), 2, 1));
-        AddLineColour(colours, ctx.Current());
-        if (StrictNumber(header.Field(2)) == 4) ReadColoursAfterTransparentFirst(ctx, colours, flags);
+        ReadColoursAfterTransparentFirst(ctx, header, work, colours, flags);
         return;
     }
-    AddLineColour(colours, ctx.Current());
-    if (StrictNumber(header.Field(2)) > 1) {
-        ctx.Advance();
-        if (PassesFixedTest(Lower(ctx.Current()))) {
+    work.Letter = first.Code;
+    colours->push_back(first.Colour);
+    if (ColourCount(header) > 1) {
+        const ColourLine second = NextColourLine(ctx, work.Cpp);
+        if (second.Transparent) {
             flags |= 0x02;
             if (!(flags & 0x01)) flags |= 0x04;
         } else {
             // Without BorderWidth a solid two-colour line is a day and night line.
             if (work.BorderWidth > 254 && flags < 8) flags |= 0x07;
-            AddLineColour(colours, ctx.Current());
+            colours->push_back(second.Colour);
         }
     } else {
         flags |= 0x06;
     }
-    if ((flags & 0x01) && !HeaderIsSolidTwoColours(header)) {
-        ctx.Advance();
-        AddLineColour(colours, ctx.Current());
-        ctx.Advance();
-        if (PassesFixedTest(ctx.Current())) flags |= 0x04;
-        else AddLineColour(colours, ctx.Current());
-    }
+    if ((flags & 0x01) && !HeaderIsSolidTwoColours(header)) ReadNightColours(ctx, work, colours, flags, false);
 }
 
 // One width byte when the day background is transparent, else two: the
@@ -220,7 +216,7 @@ void ReadPolylineXpm(ParseContext& ctx, PolylineRecord& record, PatternWork& wor
 }
 
 void ReadPolylineKeyLine(ParseContext& ctx, PolylineRecord& record, PatternWork& work) {
-    if (ReadSharedKey(ctx, record, record.Flags2, 0x01, 0x04)) return;
+    if (ReadSharedKey(ctx, record, work.Labels)) return;
     const std::string& line = ctx.Current();
     if (StartsWithNoCase(line, "useorientation=y")) {
         record.Flags2 &= static_cast<std::uint8_t>(~0x02);
@@ -235,6 +231,7 @@ void ReadPolylineKeyLine(ParseContext& ctx, PolylineRecord& record, PatternWork&
 void ReadPolygonBody(ParseContext& ctx, PolygonRecord& record) {
     PatternWork work;
     ReadBody(ctx, [&] { ReadPolygonKeyLine(ctx, record, work); });
+    FinishRecordLabels(ctx, work.Labels, record, record.Flags, 0x10, 0x20);
     ctx.Try([&] { record.Length = PolygonRecordLength(record); });
 }
 
@@ -242,6 +239,7 @@ void ReadPolylineBody(ParseContext& ctx, PolylineRecord& record) {
     PatternWork work;
     record.Flags2 |= 0x02;  // no orientation unless UseOrientation=Y says so
     ReadBody(ctx, [&] { ReadPolylineKeyLine(ctx, record, work); });
+    FinishRecordLabels(ctx, work.Labels, record, record.Flags2, 0x01, 0x04);
     ctx.Try([&] { record.Length = PolylineRecordLength(record); });
 }
 

@@ -35,6 +35,11 @@ grep -c '^\[_polygon\]' "$work/again.txt" | grep -qx 16 || { echo "FAIL polygon 
 check "diff of a file with itself" 0 "$cli" diff "$sample" "$sample"
 check "diff binary against its compiled listing" 0 "$cli" diff "$sample" "$work/again.typ"
 check "diff binary against its text" 0 "$cli" diff "$sample" "$work/sample.txt"
+check "decompile in UTF-8" 0 "$cli" decompile "$sample" --encoding utf-8 -o "$work/utf8.txt"
+head -c 3 "$work/utf8.txt" | cmp -s - <(printf '\xEF\xBB\xBF') || { echo "FAIL UTF-8 text has a byte order mark"; failures=$((failures + 1)); }
+check "compile the UTF-8 text" 0 "$cli" compile "$work/utf8.txt" -o "$work/utf8.typ"
+check "diff binary against its UTF-8 round trip" 0 "$cli" diff "$sample" "$work/utf8.typ"
+check "unknown encoding is a usage error" 2 "$cli" decompile "$sample" --encoding latin9
 sed '0,/^"1 c #[0-9A-Fa-f]\{6\}"/s//"1 c #123456"/' "$work/sample.txt" >"$work/recoloured.txt"
 check "diff finds a changed colour" 1 "$cli" diff "$work/sample.txt" "$work/recoloured.txt"
 grep -q "#123456" "$work/out" || { echo "FAIL diff names the new colour"; cat "$work/out"; failures=$((failures + 1)); }

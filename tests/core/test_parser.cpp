@@ -34,7 +34,7 @@ TEST(ParserSections, IdentityKeysInAnyCaseWithCommentsAndTextBefore) {
 
 // A value that is no 16-bit number is logged with the range and leaves the
 // field not given, so the save asks for it instead of writing another number.
-TEST(ParserSections, IdentityValuesAtFixedPlacesAndTheirRange) {
+TEST(ParserSections, IdentityValuesAndTheirRange) {
     struct Case {
         const char* line;
         std::optional<std::uint16_t> value;
@@ -48,7 +48,7 @@ TEST(ParserSections, IdentityValuesAtFixedPlacesAndTheirRange) {
         {"FID=", std::nullopt, false},
         {"FID=70000", std::nullopt, true},
         {"ProductCode=0x10000", std::nullopt, true},
-        {"ProductCode = 0x10", std::nullopt, true},  // blanks around '=' miss the fixed place
+        {"ProductCode = 0x10", 16, false},
         {"FID=80a", std::nullopt, true},
     };
     for (const Case& c : cases) {
@@ -66,15 +66,33 @@ TEST(ParserSections, IdentityValuesAtFixedPlacesAndTheirRange) {
     EXPECT_EQ(applied.Identity.Fid, 7);  // the field stays as it was
 }
 
-TEST(ParserSections, CodePageTheComboCannotShowIsLoggedAndKeptForTheSave) {
+TEST(ParserSections, CodePagesOfferedAndUtf8AreKeptOthersLogged) {
     Document doc;
     ParseTypText(doc, "[_id]\nCodePage=65001\n[End]\n");
     EXPECT_EQ(doc.Identity.CodePage, 65001);
-    EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 2 : \"CodePage=65001\"");
-    ParseTypText(doc, "[_id]\nCodePage=1251\n[End]\n");
+    EXPECT_EQ(doc.ReadErrorLog, "");
+    ParseTypText(doc, "[_id]\nCodePage = 1251\n[End]\n");
     EXPECT_EQ(doc.Identity.CodePage, 1251);
-    ParseTypText(doc, "[_id]\nCodePage=70000\n[End]\n");
+    ParseTypText(doc, "[_id]\nCodePage=1300\n[End]\n");
     EXPECT_EQ(doc.Identity.CodePage, 1251);
+    EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 2 : \"CodePage=1300\"");
+}
+
+// A UTF-8 text (a byte order mark at the start of any line, or valid UTF-8)
+// has its labels converted to its 8-bit code page; a label the code page
+// cannot hold is left out and named.
+TEST(ParserSections, Utf8LabelsGoToTheDeclaredCodePage) {
+    const std::string body = "[_polygon]\nType=0x01\nString1=0x02,Stra\xC3\x9F" "e\nString2=0x15,Gara\xC5\xBC" "e\n[end]\n";
+    const std::string latin = "[_id]\nCodePage=1252\n[End]\n" + body;
+    Document doc = ParseDocument(latin);
+    EXPECT_EQ(doc.Polygons.at(0).LabelBytes, BytesOf(std::string("\x11\x02Stra\xDF" "e\0", 9)));
+    EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 7 : \"\xC5\xBC\" absent de la page de code 1252, "
+                                "libell\xC3\xA9 laiss\xC3\xA9 de c\xC3\xB4t\xC3\xA9 pour l'objet Type=0x001 SubType=0x00");
+    doc = ParseDocument("; header\n\xEF\xBB\xBF[_id]\nCodePage=1250\n[End]\n" + body);
+    EXPECT_EQ(doc.Polygons.at(0).LabelBytes,
+              BytesOf(std::string("\x21\x02Stra\xDF" "e\0\x15Gara\xBF" "e\0", 17)));
+    doc = ParseDocument("[_id]\nCodePage=65001\n[End]\n" + body);
+    EXPECT_EQ(doc.Polygons.at(0).LabelBytes.size(), 1u + 9 + 9);
 }
 
 TEST(ParserSections, CommentsLoseLeadingBlankLinesAndSemicolonText) {
@@ -85,8 +103,8 @@ TEST(ParserSections, CommentsLoseLeadingBlankLinesAndSemicolonText) {
 
 TEST(ParserSections, DrawOrderEntriesComeBackSorted) {
     Document doc = ParseDocument(
-        "[_drawOrder]\nType=0x10f00,2\nType=0x3,1\ntype=0x10e01,1\nType=0x002,1,\nType=0x004\n[End]\n");
-    const std::vector<DrawOrderEntry> expected{{1, 2, 0}, {1, 3, 0}, {1, 0x10e, 1}, {2, 0x10f, 0}};
+        "[_drawOrder]\nType=0x10f00,2\nType=0x3,1\ntype=0x10e01,1\nType=0x002,1,\nType=0x004\nType = 0x0203,3\n[End]\n");
+    const std::vector<DrawOrderEntry> expected{{1, 2, 0}, {1, 3, 0}, {1, 0x10e, 1}, {2, 0x10f, 0}, {3, 2, 3}};
     EXPECT_EQ(doc.DrawOrder, expected);
     EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 6 : \"Type=0x004\"");  // no level
 }

@@ -42,15 +42,22 @@ std::string Rows(const std::string& row, int count) {
 }  // namespace
 
 TEST(ParserTypes, TypeAndSubTypeKeys) {
-    const Document doc = ParseDocument(
-        "[_polygon]\ntype=0x10E01\n[end]\n[_polygon]\nType=0x3\n[end]\n[_polygon]\nType=0x1234\nsubtype=0x5\n[end]\n");
-    ASSERT_EQ(doc.Polygons.size(), 3u);
-    EXPECT_EQ(doc.Polygons[0].Type, "003");
-    EXPECT_EQ(doc.Polygons[0].SubType, "00");
-    EXPECT_EQ(doc.Polygons[1].Type, "10e");
-    EXPECT_EQ(doc.Polygons[1].SubType, "01");
-    EXPECT_EQ(doc.Polygons[2].Type, "234");  // a fourth digit is lost
-    EXPECT_EQ(doc.Polygons[2].SubType, "05");
+    struct Case {
+        const char* Keys;
+        const char* Type;
+        const char* SubType;
+    };
+    const Case cases[] = {
+        {"type=0x10E01", "10e", "01"}, {"Type=0x3", "003", "00"},    {"Type=0x2f06", "02f", "06"},
+        {"Type = 0x10203", "102", "03"}, {"Type=0x1234\nsubtype=0x5", "012", "05"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.Keys);
+        const Document doc = ParseDocument(std::string("[_point]\n") + c.Keys + "\n[end]\n");
+        ASSERT_EQ(doc.Pois.size(), 1u);
+        EXPECT_EQ(doc.Pois[0].Type, c.Type);
+        EXPECT_EQ(doc.Pois[0].SubType, c.SubType);
+    }
 }
 
 struct PolygonForm {
@@ -85,8 +92,9 @@ INSTANTIATE_TEST_SUITE_P(
         PolygonForm{"Xpm=\"32 32 4 1\"\n\"! c #0\"\n\"  c none\"\n\"3 c #2\"\n\"4 c #3\"\n", 11, 3},
         PolygonForm{"Xpm=\"32 32 4 1\"\n\"! c #0\"\n\"# c #1\"\n\"3 c #2\"\n\"4 c none\"\n", 13, 3},
         PolygonForm{"Xpm=\"32 32 4 1\"\n\"! c #0\"\n\"  c none\"\n\"3 c #2\"\n\"4 c none\"\n", 15, 2},
-        // A capital NONE as last colour of a pattern is read as a colour.
-        PolygonForm{"Xpm=\"32 32 4 1\"\n\"! c #0\"\n\"# c #1\"\n\"3 c #2\"\n\"4 c NONE\"\n", 9, 4}));
+        PolygonForm{"Xpm=\"32 32 4 1\"\n\"! c #0\"\n\"# c #1\"\n\"3 c #2\"\n\"4 c NONE\"\n", 13, 3},
+        // Colour lines by their parts: a code that is itself "c", tabs, blanks; a header without its quote.
+        PolygonForm{"Xpm=\"32 32 2 1\n\"c c #86A5D6\"\n\"1\tc  none\"\n", 14, 1}));
 
 TEST(ParserPolygon, PatternRowsUseTheFirstColoursCode) {
     std::string rows = "\"!" + std::string(31, '#') + "\",\n";  // C-array style row
@@ -149,13 +157,13 @@ TEST(ParserLabels, RunsOfStringLinesBecomeOneBlock) {
 }
 
 TEST(ParserLabels, ValueRules) {
-    // '=' cuts the label, "0x" is removed from it, and without a comma the
-    // value is a code alone or a label of code 0.
-    PolygonRecord r = ParsePolygon("String1=0x04,a=b\nString2=0x01,x0xy\nString3=0x05\nString=Hi\n");
-    EXPECT_EQ(r.LabelBytes, BytesOf(std::string("\x1B\x04" "a\0\x01xy\0\x05\0\0Hi\0", 14)));
-    // A second run replaces the first.
+    // All behind the first comma is the label; without a comma the value is
+    // a code alone or a label of code 0, as is a value whose first field is no code.
+    PolygonRecord r = ParsePolygon("String1=0x04,a=b\nString2=0x01,x0xy\nString3=0x05\nString=Hi\nString=A=b,c\n");
+    EXPECT_EQ(r.LabelBytes, BytesOf(std::string("\x31\x04" "a=b\0\x01x0xy\0\x05\0\0Hi\0\0A=b,c\0", 25)));
+    // Label lines apart still add up.
     r = ParsePolygon("String1=0x04,one\nXpm=\"0 0 1 0\"\n\"1 c #000000\"\nString1=0x02,two\n");
-    EXPECT_EQ(r.LabelBytes, BytesOf(std::string("\x0B\x02two\0", 6)));
+    EXPECT_EQ(r.LabelBytes, BytesOf(std::string("\x15\x04one\0\x02two\0", 11)));
     // 128 payload bytes and more take the two-byte prefix.
     r = ParsePolygon("String1=0x04," + std::string(200, 'x') + "\n");
     ASSERT_EQ(r.LabelBytes.size(), 204u);
@@ -175,6 +183,10 @@ TEST(ParserLabels, ExtendedLabelsOfAllFourColourChoices) {
     EXPECT_EQ(poi.Flags, 0x08);
     EXPECT_EQ(poi.ExtendedLabelBytes, B({24 + 3, 0x33, 0x22, 0x11, 0x66, 0x55, 0x44}));
     EXPECT_EQ(poi.Length, 5 + 7);
+    // Without "ExtendedLabels=Y", in any order; the last of a repeated key wins.
+    const PolygonRecord any = ParsePolygon("DaycustomColor=#112233\nCustomColor=Yes\nCustomColor=Day\nFontStyle = SmallFont\n");
+    EXPECT_EQ(any.Flags, 0x20);
+    EXPECT_EQ(any.ExtendedLabelBytes, B({8 + 2, 0x33, 0x22, 0x11}));
 }
 
 TEST(ParserPoi, TwoCharactersPerCode) {

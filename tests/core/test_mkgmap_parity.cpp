@@ -1,0 +1,125 @@
+// Every shared text compiled by Mirvane draws what mkgmap's compile of it
+// draws, apart from the differences docs/text-dialects.md names.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <map>
+#include <regex>
+#include <set>
+
+#include "base/codepage.h"
+#include "compare/drawing_diff.h"
+#include "corpus.h"
+#include "document/binary_reader.h"
+#include "document/binary_writer.h"
+#include "text/parser.h"
+
+using namespace mirvane;
+
+namespace {
+
+// The kept differences, by their names in docs/text-dialects.md.
+enum class Kept { Utf8LabelsConverted, BorderWidthOfTwoColourLine, ThreeDigitExtendedTypeWithSubType };
+
+struct Expected {
+    const char* Text;
+    std::set<Kept> Differences;
+};
+
+const Expected kExpected[] = {
+    {"inis-mapnik_ar-ac1a550", {Kept::Utf8LabelsConverted, Kept::BorderWidthOfTwoColourLine}},
+    {"stac47-garmin-edge-typ", {Kept::BorderWidthOfTwoColourLine}},
+    {"suke-suke_hike_forBaseCamp",
+     {Kept::Utf8LabelsConverted, Kept::BorderWidthOfTwoColourLine, Kept::ThreeDigitExtendedTypeWithSubType}},
+    {"suke-tmz", {Kept::Utf8LabelsConverted, Kept::BorderWidthOfTwoColourLine}},
+    {"suke-tmz_search", {Kept::ThreeDigitExtendedTypeWithSubType}},
+};
+
+// The object a difference line names ("line 0x032,0x00") and what it says.
+std::pair<std::string, std::string> SplitLine(const std::string& line) {
+    const auto colon = line.find(": ");
+    return {line.substr(0, colon), line.substr(colon + 2)};
+}
+
+// mkgmap copied the UTF-8 bytes of the label into the 8-bit code page.
+bool IsCopiedUtf8Label(const std::string& what) {
+    static const std::regex label(R"re(label \d+ "(.*)" -> "(.*)")re");
+    std::smatch m;
+    return std::regex_match(what, m, label) && m[2].str() == DecodeCodePage(m[1].str(), 1252);
+}
+
+// mkgmap reads the second colour of a two-colour line as its night colour.
+bool IsBorderRead(const std::string& object, const std::string& what) {
+    static const std::regex border(R"(day background #\w+ -> transparent|night foreground transparent -> #\w+|)"
+                                   R"(total width \d+ -> none)");
+    return object.starts_with("line ") && std::regex_match(what, border);
+}
+
+// mkgmap reads "Type=0x10f" of a POI as type 0x01, subtype 0x0f, and lets
+// "SubType=" replace the subtype.
+bool IsExtendedTypeRead(const std::string& object, const std::string& what) {
+    return object.starts_with("POI 0x") &&
+           ((what == "removed" && object[6] == '1') || (what == "added" && object[6] == '0'));
+}
+
+std::optional<Kept> Classify(const std::string& line) {
+    const auto [object, what] = SplitLine(line);
+    if (IsCopiedUtf8Label(what)) return Kept::Utf8LabelsConverted;
+    if (IsBorderRead(object, what)) return Kept::BorderWidthOfTwoColourLine;
+    if (IsExtendedTypeRead(object, what)) return Kept::ThreeDigitExtendedTypeWithSubType;
+    return std::nullopt;
+}
+
+// Polygons whose transparent colour comes first are stored in a layout that
+// decoders, this reader included, do not know; they are left out here.
+std::set<std::string> TransparentFirstPolygons(const Document& doc) {
+    std::set<std::string> names;
+    for (const auto& polygon : doc.Polygons)
+        if ((polygon.Flags & 0x0E) == 0x0A) names.insert("polygon 0x" + polygon.Type + ",0x" + polygon.SubType);
+    return names;
+}
+
+struct MirvaneCompile {
+    Document Compiled;
+    std::set<std::string> LeftOut;
+};
+
+MirvaneCompile CompiledByMirvane(const std::filesystem::path& text) {
+    Document parsed;
+    EXPECT_TRUE(OpenTypText(parsed, text.string()));
+    if (!parsed.Identity.Fid) parsed.Identity.Fid = 1;
+    if (!parsed.Identity.ProductCode) parsed.Identity.ProductCode = 1;
+    Bytes binary;
+    const auto failure = BuildBinaryTyp(parsed, binary, SaveTime{});
+    EXPECT_FALSE(failure) << failure->Description;
+    MirvaneCompile result{Document{}, TransparentFirstPolygons(parsed)};
+    ReadBinaryTyp(result.Compiled, binary, text.stem().string() + ".typ");
+    if (result.LeftOut.empty()) {
+        EXPECT_EQ(result.Compiled.ReadErrorLog, "");
+    }
+    return result;
+}
+
+}  // namespace
+
+TEST(MkgmapParity, EveryTextDrawsAsMkgmapsCompileSaveTheNamedDifferences) {
+    MIRVANE_REQUIRE_CORPUS();
+    std::map<std::string, std::set<Kept>> expected;
+    for (const auto& e : kExpected) expected[e.Text] = e.Differences;
+    for (const auto& text : mirvane::testing::CorpusFiles("text", ".txt")) {
+        const auto theirsPath = mirvane::testing::CorpusDir() / "mkgmap" / (text.stem().string() + ".typ");
+        if (!std::filesystem::exists(theirsPath)) continue;
+        SCOPED_TRACE(text.filename().string());
+        Document theirs;
+        ASSERT_TRUE(OpenBinaryTyp(theirs, theirsPath.string()));
+        const MirvaneCompile mine = CompiledByMirvane(text);
+        std::set<Kept> found;
+        for (const auto& line : CompareDrawings(mine.Compiled, theirs)) {
+            if (mine.LeftOut.contains(SplitLine(line).first)) continue;
+            const auto kept = Classify(line);
+            EXPECT_TRUE(kept) << line;
+            if (kept) found.insert(*kept);
+        }
+        EXPECT_EQ(found, expected[text.stem().string()]);
+    }
+}
