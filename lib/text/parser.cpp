@@ -23,11 +23,22 @@ constexpr std::size_t kMaxObjectsOfAKind = 32767;  // counts are 16-bit signed
 
 struct IdentityOutOfRange {};
 
-// A comment runs from ';' to the end of a line, except in a quoted line;
-// one final comma goes, so C-array style rows ("....",) pass.
+// A label line ("String1=0x04,Café; bar ") keeps all it holds: labels may
+// end in blanks or hold a ';', and the binary keeps them.
+bool IsLabelLine(std::string_view line) {
+    line = TrimBlanks(line);
+    return StartsWithNoCase(line, "string") && line.find('=') != std::string_view::npos;
+}
+
+// A comment runs from ';' to the end of a line, except in a quoted line or a
+// label line; one final comma goes, so C-array style rows ("....",) pass.
 void PrepareLine(std::string& line) {
     if (line.empty()) return;
     std::string_view kept = line;
+    if (IsLabelLine(kept)) {
+        line.erase(0, line.find_first_not_of(' '));
+        return;
+    }
     if (kept.front() != '"') kept = kept.substr(0, kept.find(';'));
     kept = TrimBlanks(kept);
     if (!kept.empty() && kept.back() == ',') kept.remove_suffix(1);

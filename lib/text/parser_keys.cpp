@@ -255,8 +255,8 @@ LabelWork::Label ReadLabelLine(std::string_view value) {
             label.Text = std::string(value.substr(comma + 1));
             return label;
         }
-    } else if (IsDecimalNumber(WithoutHexPrefix(value))) {
-        const auto code = LanguageCode(value);
+    } else if (IsDecimalNumber(WithoutHexPrefix(TrimBlanks(value)))) {
+        const auto code = LanguageCode(TrimBlanks(value));
         if (!code) throw ParseFailure{};
         label.Code = *code;
         return label;
@@ -352,7 +352,10 @@ bool ReadLabelKey(ParseContext& ctx, LabelWork& work) {
         if (equals == std::string::npos) return false;
         const std::string_view index = TrimBlanks(std::string_view(line).substr(6, equals - 6));
         if (!index.empty() && !IsDecimalNumber(index)) return false;
-        LabelWork::Label label = ReadLabelLine(TrimBlanks(std::string_view(line).substr(equals + 1)));
+        // Blanks at the end belong to the label.
+        std::string_view value = std::string_view(line).substr(equals + 1);
+        value.remove_prefix(std::min(value.find_first_not_of(' '), value.size()));
+        LabelWork::Label label = ReadLabelLine(value);
         label.Line = ctx.I;
         work.Labels.push_back(std::move(label));
     } else if (const auto extended = KeyValue(line, "extendedlabels")) {

@@ -19,7 +19,12 @@ using namespace mirvane;
 namespace {
 
 // The kept differences, by their names in docs/text-dialects.md.
-enum class Kept { Utf8LabelsConverted, BorderWidthOfTwoColourLine, ThreeDigitExtendedTypeWithSubType };
+enum class Kept {
+    Utf8LabelsConverted,
+    BorderWidthOfTwoColourLine,
+    ThreeDigitExtendedTypeWithSubType,
+    LabelBlanksAtTheEndKept,
+};
 
 struct Expected {
     const char* Text;
@@ -27,8 +32,10 @@ struct Expected {
 };
 
 const Expected kExpected[] = {
-    {"inis-mapnik_ar-ac1a550", {Kept::Utf8LabelsConverted, Kept::BorderWidthOfTwoColourLine}},
+    {"inis-mapnik_ar-ac1a550",
+     {Kept::Utf8LabelsConverted, Kept::BorderWidthOfTwoColourLine, Kept::LabelBlanksAtTheEndKept}},
     {"stac47-garmin-edge-typ", {Kept::BorderWidthOfTwoColourLine}},
+    {"sl2garmin-nuvi2639-polygon", {Kept::LabelBlanksAtTheEndKept}},
     {"suke-suke_hike_forBaseCamp",
      {Kept::Utf8LabelsConverted, Kept::BorderWidthOfTwoColourLine, Kept::ThreeDigitExtendedTypeWithSubType}},
     {"suke-tmz", {Kept::Utf8LabelsConverted, Kept::BorderWidthOfTwoColourLine}},
@@ -41,11 +48,30 @@ std::pair<std::string, std::string> SplitLine(const std::string& line) {
     return {line.substr(0, colon), line.substr(colon + 2)};
 }
 
-// mkgmap copied the UTF-8 bytes of the label into the 8-bit code page.
-bool IsCopiedUtf8Label(const std::string& what) {
+// A label difference: Mirvane's label, mkgmap's.
+std::optional<std::pair<std::string, std::string>> LabelPair(const std::string& what) {
     static const std::regex label(R"re(label \d+ "(.*)" -> "(.*)")re");
     std::smatch m;
-    return std::regex_match(what, m, label) && m[2].str() == DecodeCodePage(m[1].str(), 1252);
+    if (!std::regex_match(what, m, label)) return std::nullopt;
+    return std::pair{m[1].str(), m[2].str()};
+}
+
+std::string WithoutBlanksAtTheEnd(std::string text) {
+    text.erase(text.find_last_not_of(' ') + 1);
+    return text;
+}
+
+// mkgmap copied the UTF-8 bytes of the label into the 8-bit code page (and
+// dropped the blanks at its end).
+bool IsCopiedUtf8Label(const std::string& what) {
+    const auto labels = LabelPair(what);
+    return labels && labels->second == DecodeCodePage(WithoutBlanksAtTheEnd(labels->first), 1252);
+}
+
+// mkgmap drops the blanks that end a label.
+bool IsLabelWithBlanksAtTheEnd(const std::string& what) {
+    const auto labels = LabelPair(what);
+    return labels && labels->first != labels->second && WithoutBlanksAtTheEnd(labels->first) == labels->second;
 }
 
 // mkgmap reads the second colour of a two-colour line as its night colour.
@@ -64,6 +90,7 @@ bool IsExtendedTypeRead(const std::string& object, const std::string& what) {
 
 std::optional<Kept> Classify(const std::string& line) {
     const auto [object, what] = SplitLine(line);
+    if (IsLabelWithBlanksAtTheEnd(what)) return Kept::LabelBlanksAtTheEndKept;
     if (IsCopiedUtf8Label(what)) return Kept::Utf8LabelsConverted;
     if (IsBorderRead(object, what)) return Kept::BorderWidthOfTwoColourLine;
     if (IsExtendedTypeRead(object, what)) return Kept::ThreeDigitExtendedTypeWithSubType;

@@ -159,8 +159,11 @@ TEST(ParserLabels, RunsOfStringLinesBecomeOneBlock) {
 TEST(ParserLabels, ValueRules) {
     // All behind the first comma is the label; without a comma the value is
     // a code alone or a label of code 0, as is a value whose first field is no code.
-    PolygonRecord r = ParsePolygon("String1=0x04,a=b\nString2=0x01,x0xy\nString3=0x05\nString=Hi\nString=A=b,c\n");
+    PolygonRecord r = ParsePolygon("String1=0x04,a=b\nString2=0x01,x0xy\nString3=0x05 \nString=Hi\nString=A=b,c\n");
     EXPECT_EQ(r.LabelBytes, BytesOf(std::string("\x31\x04" "a=b\0\x01x0xy\0\x05\0\0Hi\0\0A=b,c\0", 25)));
+    // A label keeps its ';' and its blanks at the end: they are part of the name.
+    r = ParsePolygon("  String1=0x04,Rue; Nord  \n");
+    EXPECT_EQ(r.LabelBytes, BytesOf(std::string("\x1b\x04Rue; Nord  \0", 14)));
     // Label lines apart still add up.
     r = ParsePolygon("String1=0x04,one\nXpm=\"0 0 1 0\"\n\"1 c #000000\"\nString1=0x02,two\n");
     EXPECT_EQ(r.LabelBytes, BytesOf(std::string("\x15\x04one\0\x02two\0", 11)));
