@@ -54,6 +54,7 @@ QPushButton* MakeButton(QWidget* parent, const char* name) {
 QColor CellColour(std::uint8_t cell) { return cell == kFirstColourCell ? Qt::black : Qt::white; }
 
 constexpr RasterColour kPreviewBackground = 0xFFFFFF;
+constexpr int kLanguageComboWidth = 120;
 
 // The object's picture repeated across the preview, and down it when `down`;
 // else centred in its height.
@@ -455,9 +456,10 @@ QWidget* PatternEditorWindow::BuildLabels() {
     extended->setRowStretch(3, 1);
 
     auto* heads = new QHBoxLayout;
+    // The heads stand over their columns: the frame, the margin and the combo's width.
     heads->addSpacing(4);
+    txtLangue_->setFixedWidth(kLanguageComboWidth + labelRows_->horizontalSpacing());
     heads->addWidget(txtLangue_);
-    heads->addSpacing(90);
     heads->addWidget(txtString_, 1);
     layout->addWidget(chkString_, 0, 0);
     layout->addLayout(heads, 1, 0);
@@ -505,6 +507,7 @@ void PatternEditorWindow::RefreshLabelRows() {
                      Named<QLineEdit>(picString1_, Indexed("txtTexte", i)),
                      Named<QPushButton>(picString1_, Indexed("cmdSupprimerLangue", i))};
         for (int code = 0; code < LanguageCodeCount(); ++code) row.Language->addItem(Q(LanguageCodeName(code)));
+        row.Language->setFixedWidth(kLanguageComboWidth);
         row.Remove->setAutoDefault(false);
         row.Remove->setText(QStringLiteral("✕"));
         row.Remove->setFixedWidth(28);
