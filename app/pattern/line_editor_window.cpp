@@ -14,10 +14,6 @@ namespace mirvane::app {
 
 namespace {
 
-QString EditCaption(std::string_view defaultText, std::string_view key) {
-    return QString::fromStdString(FormCaption("Editer", defaultText, key));
-}
-
 QString NoBorderText() { return EditCaption("Pas de bordure", "PasdeBordure"); }
 
 }  // namespace
@@ -144,9 +140,7 @@ bool LineEditorWindow::Store() {
 }
 
 std::unique_ptr<LineEditorWindow> LineEditorWindowOn(MainWindowModel& main, std::optional<ObjectRef> object) {
-    std::optional<int> row;
-    if (object && object->Kind == ObjectKind::Polyline && main.Doc().Holds(*object)) row = object->Row;
-    return std::make_unique<LineEditorWindow>(main, row);
+    return std::make_unique<LineEditorWindow>(main, RowOfKind(main.Doc(), object, ObjectKind::Polyline));
 }
 
 void EditLine(MainWindowModel& main, QWidget* parent, std::optional<int> row) {

@@ -28,11 +28,12 @@
 
 namespace mirvane::app {
 
-namespace {
-
-QString EditCaption(std::string_view defaultText, std::string_view key) {
-    return QString::fromStdString(FormCaption("Editer", defaultText, key));
+std::optional<int> RowOfKind(const Document& doc, std::optional<ObjectRef> object, ObjectKind kind) {
+    if (object && object->Kind == kind && doc.Holds(*object)) return object->Row;
+    return std::nullopt;
 }
+
+namespace {
 
 QString EditTip(std::string_view defaultText, std::string_view key) { return Tr("Editer", defaultText, key); }
 

@@ -7,6 +7,10 @@
 #include <array>
 #include <vector>
 
+#include <optional>
+#include <string_view>
+
+#include "app/common/texts.h"
 #include "document/object_preview.h"
 #include "models/pattern/pattern_editor_model.h"
 #include "models/shell/user_prompts.h"
@@ -29,6 +33,14 @@ class PixelCanvas;
 class RasterPicture;
 
 inline constexpr int kPatternCellSize = 11;
+
+// A caption of the editors (section "Editer"): built in under French.
+inline QString EditCaption(std::string_view defaultText, std::string_view key) {
+    return QString::fromStdString(FormCaption("Editer", defaultText, key));
+}
+
+// The row `object` names when it is a `kind` the document holds.
+std::optional<int> RowOfKind(const Document& doc, std::optional<ObjectRef> object, ObjectKind kind);
 inline constexpr int kColourFields = 6;  // txtcouleur(0) to (5)
 
 class PatternEditorWindow : public QDialog {

@@ -11,14 +11,6 @@
 
 namespace mirvane::app {
 
-namespace {
-
-QString EditCaption(std::string_view defaultText, std::string_view key) {
-    return QString::fromStdString(FormCaption("Editer", defaultText, key));
-}
-
-}  // namespace
-
 PolygonEditorWindow::PolygonEditorWindow(MainWindowModel& main, std::optional<int> row, QWidget* parent)
     : PatternEditorWindow(model_, main.Doc().Identity.CodePage, main.Prompts(), parent), main_(main) {
     setObjectName("frmPolygone");
@@ -76,9 +68,7 @@ bool PolygonEditorWindow::Store() {
 }
 
 std::unique_ptr<PolygonEditorWindow> PolygonEditorWindowOn(MainWindowModel& main, std::optional<ObjectRef> object) {
-    std::optional<int> row;
-    if (object && object->Kind == ObjectKind::Polygon && main.Doc().Holds(*object)) row = object->Row;
-    return std::make_unique<PolygonEditorWindow>(main, row);
+    return std::make_unique<PolygonEditorWindow>(main, RowOfKind(main.Doc(), object, ObjectKind::Polygon));
 }
 
 void EditPolygon(MainWindowModel& main, QWidget* parent, std::optional<int> row) {
