@@ -22,6 +22,8 @@
 #include "models/shell/startup.h"
 #include "app/lang/change_language.h"
 #include "app/mapsets/mapsets_window.h"
+#include "app/pattern/line_editor_window.h"
+#include "app/pattern/polygon_editor_window.h"
 #include "app/special/special_typ_window.h"
 #include "app/poi/import_bitmap_window.h"
 #include "lang/lookup.h"
@@ -108,6 +110,8 @@ std::unique_ptr<QWidget> ScreenshotWindow(const ScreenshotScene& scene) {
     UserPrompts& prompts = scene.Prompts;
     if (name == "frmImporterBitmap") return ImportBitmapWindowWithPicture(prompts, scene.Picture);
     if (name == "frmTypSpeciaux") return std::make_unique<SpecialTypWindow>(prompts);
+    if (name == "frmPolygone") return PolygonEditorWindowOn(scene.Model, scene.Object);
+    if (name == "frmPolyline") return LineEditorWindowOn(scene.Model, scene.Object);
     if (name == "frmMapsets") {
         auto window = std::make_unique<MapsetsWindow>(LocalMapsetEnvironment(), prompts, nullptr, false);
         // The offscreen screen is 800 pixels wide, narrower than the window would make itself.

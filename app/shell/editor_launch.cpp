@@ -1,5 +1,7 @@
 #include "app/shell/editor_launch.h"
 
+#include "app/pattern/line_editor_window.h"
+#include "app/pattern/polygon_editor_window.h"
 #include "models/shell/main_window_model.h"
 
 namespace mirvane::app {
@@ -15,8 +17,8 @@ EditorWindow EditorOf(ObjectKind kind) {
 
 bool EditorBuilt(EditorWindow window) {
     switch (window) {
-        case EditorWindow::Polygon: return false;
-        case EditorWindow::Polyline: return false;
+        case EditorWindow::Polygon: return true;
+        case EditorWindow::Polyline: return true;
         case EditorWindow::Poi: return false;
         case EditorWindow::DrawOrder: return false;
         case EditorWindow::Icons: return false;
@@ -25,9 +27,10 @@ bool EditorBuilt(EditorWindow window) {
 }
 
 void OpenEditor(EditorWindow window, MainWindowModel& model, QWidget* parent, std::optional<ObjectRef> object) {
+    const std::optional<int> row = object ? std::optional<int>(object->Row) : std::nullopt;
     switch (window) {
-        case EditorWindow::Polygon: break;
-        case EditorWindow::Polyline: break;
+        case EditorWindow::Polygon: EditPolygon(model, parent, row); break;
+        case EditorWindow::Polyline: EditLine(model, parent, row); break;
         case EditorWindow::Poi: break;
         case EditorWindow::DrawOrder: break;
         case EditorWindow::Icons: break;

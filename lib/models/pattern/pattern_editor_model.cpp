@@ -4,6 +4,8 @@
 #include <cstdio>
 
 #include "base/numbers.h"
+#include "document/encoding.h"
+#include "document/run_time_errors.h"
 #include "graphics/transforms.h"
 #include "lang/lookup.h"
 #include "models/editing/tools/fill.h"
@@ -72,13 +74,45 @@ std::optional<EditorMessage> CheckColourText(std::string_view text) {
     return EditorMessage{"", EditText("Il faut rentrer une valeur html du type #RRGGBB", "msgCouleur")};
 }
 
+std::optional<EditorMessage> CheckRequiredTypeFields(const std::string& type, const std::string& subType) {
+    for (const auto& [text, key] : {std::pair{type, "Type"}, std::pair{subType, "SubType"}}) {
+        if (!text.empty()) continue;
+        const std::string name = EditText(key, key);
+        return EditorMessage{name + " " + EditText("absent", "msgAbsent"),
+                             EditText("Il faut indiquer le ", "msgEntrer") + " " + name + "."};
+    }
+    return std::nullopt;
+}
+
+bool SameObjectType(const std::string& type, const std::string& subType, const std::string& otherType,
+                    const std::string& otherSubType) {
+    return HexValue(type) == HexValue(otherType) && HexValue(subType) == HexValue(otherSubType);
+}
+
+EditorMessage DuplicateTypeMessage(const char* existsDefault, const char* existsKey, const std::string& type,
+                                   const std::string& subType) {
+    return {EditText("Erreur de choix du Type et/ou du SubType", "msgErreurchoixType"),
+            EditText(existsDefault, existsKey) + TypeText(HexValue(type)) + " " +
+                EditText("et de subtype 0x", "msgPolygoneExiste2") + SubTypeText(HexValue(subType))};
+}
+
+EditorMessage StoreFailureMessage(const char* objectDefault, const char* objectKey, const std::string& type,
+                                  const std::string& subType, int error) {
+    std::string details = RunTimeErrorDetails(error);
+    details.erase(0, details.find_first_not_of(' '));
+    return {"Mirvane", EditText("Une erreur s'est produite.", "msgEnregistrement1") + "\n" +
+                           EditText(objectDefault, objectKey) + " " + EditText("Type", "Type") + ":0x" + type + "  " +
+                           EditText("SubType", "SubType") + ":0x" + subType + "  " +
+                           EditText("n'a pas pu être enregistré.", "msgEnregistrement2") + "\n\n" + details};
+}
+
 PatternClipboard& PolygonClipboard() {
     static PatternClipboard clipboard;
     return clipboard;
 }
 
 PatternClipboard& LineClipboard() {
-    static PatternClipboard clipboard;
+    static PatternClipboard clipboard{.HasBitmap = false};
     return clipboard;
 }
 
@@ -88,15 +122,18 @@ PatternEditorModel::PatternEditorModel(int patternRows)
 void PatternEditorModel::SetNightColours(bool on) {
     layout_.Night = on;
     if (NightFollowsDay()) layout_.NightClear = layout_.DayClear;
+    LayoutChanged();
 }
 
 void PatternEditorModel::SetDayClear(bool on) {
     layout_.DayClear = on;
     if (NightFollowsDay()) layout_.NightClear = on;
+    LayoutChanged();
 }
 
 void PatternEditorModel::SetNightClear(bool on) {
     layout_.NightClear = NightFollowsDay() ? layout_.DayClear : on;
+    LayoutChanged();
 }
 
 std::vector<ColourField> PatternEditorModel::VisibleColourFields() const {
@@ -132,6 +169,7 @@ void PatternEditorModel::CommitPattern(BitGrid pattern) {
 }
 
 void PatternEditorModel::Press(Cell cell, MouseButton button) {
+    if (!target_.grid.Contains(cell)) return;
     target_.SetAutoRepeat(AutoRepeat ? std::optional<Cell>(Cell{RepeatSpan(RepeatIndexH), RepeatSpan(RepeatIndexV)})
                                      : std::nullopt);
     if (toolKind_ == PatternToolKind::Fill) {
@@ -159,6 +197,7 @@ void PatternEditorModel::Release(Cell cell) {
 }
 
 void PatternEditorModel::Run(PatternCommand command) {
+    if (target_.grid.Height() == 0) return;  // a solid line has no pattern
     BitGrid pattern = target_.grid;
     switch (command) {
         case PatternCommand::ShiftRight: Shift(pattern, 1, 0); break;
@@ -198,6 +237,7 @@ void PatternEditorModel::PasteColours(const PatternClipboard& clipboard) {
     layout_.NightClear = c[3] == kNoClipboardColour;
     if (!layout_.NightClear) SetColour(ColourField::Night2, static_cast<std::uint32_t>(c[3]) & 0xFFFFFF);
     if (NightFollowsDay()) layout_.NightClear = layout_.DayClear;
+    LayoutChanged();
 }
 
 }  // namespace mirvane

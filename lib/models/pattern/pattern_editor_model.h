@@ -34,6 +34,19 @@ std::optional<EditorMessage> CheckSubTypeText(std::string_view text);  // txtSub
 std::optional<EditorMessage> CheckLevelText(std::string_view text);    // txtDraworder: empty, or above 0
 std::optional<EditorMessage> CheckColourText(std::string_view text);   // txtcouleur(i)
 
+// OK with txtType or txtSubType empty: the message naming the first one.
+std::optional<EditorMessage> CheckRequiredTypeFields(const std::string& type, const std::string& subType);
+// Type and subtype compared as numbers: "1A" and "01a" are one type.
+bool SameObjectType(const std::string& type, const std::string& subType, const std::string& otherType,
+                    const std::string& otherSubType);
+// The duplicate message of OK; `existsDefault`/`existsKey` start it.
+EditorMessage DuplicateTypeMessage(const char* existsDefault, const char* existsKey, const std::string& type,
+                                   const std::string& subType);
+// The critical message of an OK stopped by run-time error `error`, for the
+// object word `objectDefault` under `objectKey`.
+EditorMessage StoreFailureMessage(const char* objectDefault, const char* objectKey, const std::string& type,
+                                  const std::string& subType, int error);
+
 // txtcouleur(0) to (3); the label colours are the labels' own.
 enum class ColourField { Day1 = 0, Day2 = 1, Night1 = 2, Night2 = 3 };
 inline constexpr int kObjectColourFields = 4;
@@ -120,6 +133,8 @@ protected:
     void PasteColours(const PatternClipboard& clipboard);
     // Whether the night must follow the day.
     virtual bool NightFollowsDay() const { return !layout_.Night; }
+    // After any change of the colour check boxes.
+    virtual void LayoutChanged() {}
 
     ColourLayout layout_;
 

@@ -5,30 +5,8 @@
 #include "base/numbers.h"
 #include "document/encoding.h"
 #include "document/sorts.h"
-#include "lang/lookup.h"
 
 namespace mirvane {
-
-namespace {
-
-std::string EditText(const char* defaultText, const char* key) { return LookupText("Editer", defaultText, key); }
-
-// Type and subtype as numbers, for comparisons: "1A" and "01a" are one type.
-bool SameType(const std::string& type, const std::string& subType, const PolygonRecord& record) {
-    return HexValue(type) == HexValue(record.Type) && HexValue(subType) == HexValue(record.SubType);
-}
-
-std::optional<EditorMessage> MissingField(const std::string& type, const std::string& subType) {
-    for (const auto& [text, key] : {std::pair{type, "Type"}, std::pair{subType, "SubType"}}) {
-        if (!text.empty()) continue;
-        const std::string name = EditText(key, key);
-        return EditorMessage{name + " " + EditText("absent", "msgAbsent"),
-                             EditText("Il faut indiquer le ", "msgEntrer") + " " + name + "."};
-    }
-    return std::nullopt;
-}
-
-}  // namespace
 
 PolygonEditorModel::PolygonEditorModel() : PatternEditorModel(kPolygonPatternRows) {
     layout_ = ColourLayout{.Night = true};
@@ -80,16 +58,15 @@ PolygonRecord PolygonEditorModel::BuildRecord() const {
 }
 
 std::optional<int> PolygonEditorModel::Commit(Document& doc, UserPrompts& prompts) const {
-    if (const auto missing = MissingField(Type, SubType)) {
+    if (const auto missing = CheckRequiredTypeFields(Type, SubType)) {
         prompts.Inform(missing->Title, missing->Text);
         return std::nullopt;
     }
     for (int i = 0; i < doc.PolygonCount(); ++i) {
-        if (row_ == i || !SameType(Type, SubType, doc.Polygons[i])) continue;
-        prompts.Inform(EditText("Erreur de choix du Type et/ou du SubType", "msgErreurchoixType"),
-                       EditText("Il existe déjà un polygone de type 0x", "msgPolygoneExiste1") +
-                           TypeText(HexValue(Type)) + " " + EditText("et de subtype 0x", "msgPolygoneExiste2") +
-                           SubTypeText(HexValue(SubType)));
+        if (row_ == i || !SameObjectType(Type, SubType, doc.Polygons[i].Type, doc.Polygons[i].SubType)) continue;
+        const EditorMessage duplicate =
+            DuplicateTypeMessage("Il existe déjà un polygone de type 0x", "msgPolygoneExiste1", Type, SubType);
+        prompts.Inform(duplicate.Title, duplicate.Text);
         return std::nullopt;
     }
     const PolygonRecord record = BuildRecord();

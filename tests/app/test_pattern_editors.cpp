@@ -1,0 +1,296 @@
+// The polygon and line editors driven by their control names on real files,
+// offscreen: fields of each kind, the tools, undo, OK and Cancel, and what the
+// saved file holds afterwards.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <memory>
+
+#include "app/common/pixel_canvas.h"
+#include "app/pattern/line_editor_window.h"
+#include "app/pattern/polygon_editor_window.h"
+#include "app_test_support.h"
+#include "document/binary_reader.h"
+#include "document/binary_writer.h"
+#include "document/encoding.h"
+#include "labels/label_block.h"
+
+using namespace mirvane;
+using mirvane::app::LineEditorWindow;
+using mirvane::app::PixelCanvas;
+using mirvane::app::PolygonEditorWindow;
+
+namespace {
+
+template <typename T = QWidget>
+T* Child(QWidget* parent, const QString& name) {
+    T* widget = parent->findChild<T*>(name);
+    if (!widget) qFatal("no widget %s", qPrintable(name));
+    return widget;
+}
+
+void Type(QWidget* window, const QString& field, const QString& text) {
+    auto* edit = Child<QLineEdit>(window, field);
+    edit->selectAll();
+    QTest::keyClicks(edit, text);
+}
+
+void Click(QWidget* window, const QString& name) { QTest::mouseClick(Child(window, name), Qt::LeftButton); }
+
+// A drag over the enlarged pattern from one cell to another, in one move.
+void Drag(QWidget* window, Cell from, Cell to, Qt::MouseButton button = Qt::LeftButton) {
+    auto* canvas = Child<PixelCanvas>(window, "Picture2");
+    QTest::mousePress(canvas, button, {}, canvas->CentreOf(from));
+    QTest::mouseMove(canvas, canvas->CentreOf(to));
+    QTest::mouseRelease(canvas, button, {}, canvas->CentreOf(to));
+}
+
+void Key(QWidget* window, int key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(window, static_cast<Qt::Key>(key), modifiers);
+}
+
+template <typename Records>
+int RowOfType(const Records& records, int type) {
+    for (std::size_t i = 0; i < records.size(); ++i)
+        if (HexValue(records[i].Type) == type && HexValue(records[i].SubType) == 0) return static_cast<int>(i);
+    return -1;
+}
+
+Bytes SavedBytes(Document& doc) {
+    Bytes bytes;
+    const SaveTime time{2024, 5, 6, 7, 8, 9};
+    if (BuildBinaryTyp(doc, bytes, time)) qFatal("the document does not save");
+    return bytes;
+}
+
+}  // namespace
+
+class PatternEditorsTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<Document> doc_;
+    std::unique_ptr<ScriptedPrompts> prompts_;
+    std::unique_ptr<MemorySettingsStore> settings_;
+    std::unique_ptr<MainWindowModel> model_;
+
+    bool Open(const QString& path) {
+        doc_ = std::make_unique<Document>();
+        prompts_ = std::make_unique<ScriptedPrompts>();
+        settings_ = std::make_unique<MemorySettingsStore>();
+        model_ = std::make_unique<MainWindowModel>(*doc_, *prompts_, *settings_, "v0.1.0");
+        return model_->OpenTyp(path.toStdString());
+    }
+
+    template <typename Window>
+    std::unique_ptr<Window> Show(std::optional<int> row) {
+        auto window = std::make_unique<Window>(*model_, row);
+        window->show();
+        window->activateWindow();
+        if (!QTest::qWaitForWindowActive(window.get())) qWarning("the editor did not become active");
+        return window;
+    }
+
+private slots:
+    void polygonFormWritesWhatItsControlsSay() {
+        REQUIRE_CORPUS_FILE("jbm-osm.typ");
+        QVERIFY(Open(CorpusFile("jbm-osm.typ")));
+        const int row = RowOfType(doc_->Polygons, 0x04);  // a pattern, labels and an extended label
+        QVERIFY(row >= 0);
+        std::vector<LabelText> labels = DecodeLabelBlock(doc_->Polygons[row].LabelBytes).value();
+        auto window = Show<PolygonEditorWindow>(row);
+        QWidget* w = window.get();
+
+        Type(w, "txtcouleur(0)", "#102030");
+        Click(w, "chkCouleursNuit");
+        QVERIFY(Child(w, "txtcouleur(2)")->isVisible());
+        QVERIFY(!Child(w, "txtcouleur(3)")->isVisible());  // the night background stays clear
+        Type(w, "txtcouleur(2)", "#405060");
+        Type(w, "txtDraworder", "3");
+        Child<QComboBox>(w, "cbbCustomColor")->setCurrentIndex(1);
+        QVERIFY(Child(w, "txtcouleur(4)")->isVisible());
+        Type(w, "txtcouleur(4)", "#0A0B0C");
+        QTest::keyClicks(Child(w, "txtTexte(0)"), "!");
+        labels[0].Text += "!";
+        Click(w, "cmdNouvelleLangue");
+        Child<QComboBox>(w, QStringLiteral("cbbLangue(%1)").arg(labels.size()))->setCurrentIndex(4);
+        labels.push_back({4, ""});
+
+        // The pattern: cleared, a wall drawn at x = 5, the part left of it filled.
+        QTest::mouseClick(Child(w, "lblCouleurChoisie"), Qt::LeftButton);  // white under the left button
+        Click(w, "cmdRemplir");
+        QTest::mouseClick(Child(w, "lblCouleurChoisie"), Qt::LeftButton);
+        Drag(w, {5, 0}, {5, 31});  // no gaps, though the pointer jumped
+        Key(w, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(window->Model().Pattern(), BitGrid(32, 32, 0));
+        Key(w, Qt::Key_Y, Qt::ControlModifier);
+        for (int y = 0; y < 32; ++y) QCOMPARE(window->Model().Pattern().At({5, y}), 1);
+        Click(w, "optPot");
+        Drag(w, {0, 7}, {0, 7});
+        Click(w, "cmdDeplaceD");
+        Click(w, "cmdFlipH");  // columns 1 to 6 go to 25 to 30
+        Click(w, "cmdRotatD");
+        Click(w, "cmdRotatG");
+        Key(w, Qt::Key_Return);  // Enter is OK
+        QCOMPARE(window->result(), int(QDialog::Accepted));
+
+        const int stored = RowOfType(doc_->Polygons, 0x04);
+        const PolygonRecord& record = doc_->Polygons[stored];
+        QCOMPARE(record.Flags, std::uint8_t(0x3F));
+        QCOMPARE(record.ColourBytes, (Bytes{0x30, 0x20, 0x10, 0x60, 0x50, 0x40}));
+        Bytes pattern;
+        for (int y = 0; y < 32; ++y) pattern.insert(pattern.end(), {0x00, 0x00, 0x00, 0x7E});
+        QCOMPARE(record.PatternBytes, pattern);
+        QCOMPARE(record.LabelBytes, EncodeLabelBlock(labels));
+        QCOMPARE(record.ExtendedLabelBytes, (Bytes{0x09, 0x0C, 0x0B, 0x0A}));
+        QCOMPARE(record.Length, PolygonRecordLength(record));
+        QVERIFY(std::ranges::find(doc_->DrawOrder, DrawOrderEntry{3, 0x04, 0}) != doc_->DrawOrder.end());
+        QVERIFY(model_->IsModified());
+        QCOMPARE(model_->Selection(), std::optional<ObjectRef>(ObjectRef{ObjectKind::Polygon, stored}));
+    }
+
+    void lineFormWritesWhatItsControlsSay() {
+        REQUIRE_CORPUS_FILE("jbm-osm.typ");
+        QVERIFY(Open(CorpusFile("jbm-osm.typ")));
+        const int row = RowOfType(doc_->Polylines, 0x01);  // a solid band with borders and night colours
+        QVERIFY(row >= 0);
+        const PolylineRecord before = doc_->Polylines[row];
+        const int regular = doc_->PolylineCount, routing = doc_->ExtraPolylineCount;
+        auto window = Show<LineEditorWindow>(row);
+        QWidget* w = window.get();
+        auto* border = Child<QLineEdit>(w, "txtBordure");
+
+        Type(w, "txtLargeur", "5");
+        Type(w, "txtBordure", "2");
+        QCOMPARE(window->Model().BuildRecord().PatternBytes, (Bytes{5, 9}));
+        Click(w, "chkTranspJour");
+        QVERIFY(!border->isEnabled());
+        QCOMPARE(border->text(), QString("Pas de bordure"));
+        QCOMPARE(window->Model().BuildRecord().PatternBytes, Bytes{5});
+        Click(w, "chkTranspJour");
+        QCOMPARE(border->text(), QString("1"));
+
+        // The pattern form: four rows, a stroke on the third, undone and redone.
+        Child<QComboBox>(w, "cbbHauteur")->setCurrentIndex(4);
+        QVERIFY(Child(w, "Picture2")->isVisible());
+        QVERIFY(!border->isVisible());
+        Drag(w, {0, 2}, {9, 2});
+        Key(w, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(window->Model().Pattern(), BitGrid(32, 4, 0));
+        Key(w, Qt::Key_Y, Qt::ControlModifier);
+        Click(w, "chkUseOrientation");
+        Child<QComboBox>(w, "cbbActivité1")->setCurrentIndex(2);
+        Click(w, "cmdOK");
+        QCOMPARE(window->result(), int(QDialog::Accepted));
+
+        const auto stored = std::ranges::find_if(doc_->Polylines, [](const PolylineRecord& r) {
+            return HexValue(r.Type) == 0x01 && r.ExtraIndexBytes == std::array<std::uint8_t, 2>{4, 1};
+        });
+        QVERIFY(stored != doc_->Polylines.end());
+        QCOMPARE(stored->Flags1, std::uint8_t(4 * 8 + (before.Flags1 & 0x07)));
+        QCOMPARE(stored->Flags2, std::uint8_t(before.Flags2 ^ 0x02));
+        QCOMPARE(stored->ColourBytes, before.ColourBytes);
+        QCOMPARE(stored->PatternBytes, (Bytes{0, 0, 0, 0, 0, 0, 0, 0, 0xFF, 0x03, 0, 0, 0, 0, 0, 0}));
+        QCOMPARE(stored->LabelBytes, before.LabelBytes);
+        QCOMPARE(stored->Length, PolylineRecordLength(*stored));
+        QCOMPARE(doc_->PolylineCount, regular - 1);  // now a routing line
+        QCOMPARE(doc_->ExtraPolylineCount, routing + 1);
+        QCOMPARE(model_->Selection()->Row, static_cast<int>(stored - doc_->Polylines.begin()));
+    }
+
+    void cancelLeavesEveryByte() {
+        REQUIRE_CORPUS_FILE("jbm-osm.typ");
+        QVERIFY(Open(CorpusFile("jbm-osm.typ")));
+        const Bytes before = SavedBytes(*doc_);
+        {
+            auto window = Show<PolygonEditorWindow>(RowOfType(doc_->Polygons, 0x04));
+            Type(window.get(), "txtType", "5");
+            Click(window.get(), "cmdInverser");
+            Drag(window.get(), {0, 0}, {31, 31});
+            Key(window.get(), Qt::Key_Escape);
+            QCOMPARE(window->result(), int(QDialog::Rejected));
+        }
+        {
+            auto window = Show<LineEditorWindow>(RowOfType(doc_->Polylines, 0x01));
+            Type(window.get(), "txtLargeur", "3");
+            Child<QComboBox>(window.get(), "cbbHauteur")->setCurrentIndex(2);
+            Click(window.get(), "cmdAnnuler");
+        }
+        QCOMPARE(SavedBytes(*doc_), before);
+        QVERIFY(!model_->IsModified());
+    }
+
+    void newObjectsAreSavedAndReadBack() {
+        REQUIRE_CORPUS_FILE("otm-opentopomap-b329c76.typ");  // read with an empty log
+        QVERIFY(Open(CorpusFile("otm-opentopomap-b329c76.typ")));
+        QVERIFY(doc_->ReadErrorLog.empty());
+        QVERIFY(!doc_->DrawOrder.empty());
+        const DrawOrderEntry peer = doc_->DrawOrder.back();  // the new polygon joins its level
+        QVERIFY(RowOfType(doc_->Polygons, 0x1e5) < 0 && RowOfType(doc_->Polylines, 0x1e6) < 0);
+        {
+            auto window = Show<PolygonEditorWindow>(std::nullopt);
+            Type(window.get(), "txtType", "1e5");
+            Type(window.get(), "txtSubType", "0");
+            Type(window.get(), "txtDraworder", QString::number(peer.Level));
+            QTest::keyClicks(Child(window.get(), "txtTexte(0)"), "Nouveau");
+            Drag(window.get(), {0, 0}, {31, 0});
+            Click(window.get(), "cmdOK");
+            QCOMPARE(window->result(), int(QDialog::Accepted));
+        }
+        model_->Select(ObjectRef{ObjectKind::Polyline, 0});  // OK compares with the row selected in the list
+        {
+            auto window = Show<LineEditorWindow>(std::nullopt);
+            Type(window.get(), "txtType", "1e6");
+            Type(window.get(), "txtSubType", "0");
+            Click(window.get(), "cmdOK");
+            QCOMPARE(window->result(), int(QDialog::Accepted));
+        }
+        QTemporaryDir folder;
+        const std::string path = folder.filePath("new.typ").toStdString();
+        QVERIFY(!SaveBinaryTyp(*doc_, path));
+
+        Document reopened;
+        QVERIFY(OpenBinaryTyp(reopened, path));
+        QCOMPARE(QString::fromStdString(reopened.ReadErrorLog), QString());
+        const int polygon = RowOfType(reopened.Polygons, 0x1e5);
+        QVERIFY(polygon >= 0);
+        QCOMPARE(reopened.Polygons[polygon].PatternBytes.front(), std::uint8_t(0xFF));
+        const auto levelOf = [&](int type, int subType) {
+            const auto entry = std::ranges::find_if(reopened.DrawOrder, [&](const DrawOrderEntry& e) {
+                return e.Type == type && e.SubType == subType;
+            });
+            return entry == reopened.DrawOrder.end() ? -1 : entry->Level;
+        };
+        QVERIFY(levelOf(0x1e5, 0) > 0);
+        QCOMPARE(levelOf(0x1e5, 0), levelOf(peer.Type, peer.SubType));
+        const int line = RowOfType(reopened.Polylines, 0x1e6);
+        QVERIFY(line >= 0);
+        QCOMPARE(reopened.Polylines[line].PatternBytes, (Bytes{2, 4}));  // the new line's band
+    }
+
+    void okWithoutChangeKeepsTheLargestFile() {
+        REQUIRE_CORPUS_FILE("jbm-jbmhb.typ");
+        QVERIFY(Open(CorpusFile("jbm-jbmhb.typ")));
+        const Bytes before = SavedBytes(*doc_);
+        const int rows[] = {0, doc_->PolygonCount() / 2, doc_->PolygonCount() - 1};
+        for (int row : rows) {
+            auto window = Show<PolygonEditorWindow>(row);
+            Key(window.get(), Qt::Key_Return);
+            QCOMPARE(window->result(), int(QDialog::Accepted));
+        }
+        const int lines[] = {0, static_cast<int>(doc_->Polylines.size()) - 1};
+        for (int row : lines) {
+            model_->Select(ObjectRef{ObjectKind::Polyline, row});
+            auto window = Show<LineEditorWindow>(row);
+            Key(window.get(), Qt::Key_Return);
+            QCOMPARE(window->result(), int(QDialog::Accepted));
+        }
+        QVERIFY(model_->IsModified());
+        QVERIFY(SavedBytes(*doc_) == before);
+    }
+};
+
+QTEST_MAIN(PatternEditorsTest)
+#include "test_pattern_editors.moc"
