@@ -31,7 +31,7 @@ GridRows PixelRows(const WorkingBitmap& b) {
 
 // A POI whose rows give palette indices, '.' a transparent pixel, in `mode`.
 PoiRecord PaletteRecord(const GridRows& rows, std::vector<PaletteEntry> palette, int mode = 16) {
-    WorkingBitmap b{static_cast<int>(rows[0].size()), static_cast<int>(rows.size()), {}};
+    WorkingBitmap b{static_cast<int>(rows[0].size()), static_cast<int>(rows.size()), {}, {}};
     b.Bitmap.ColourMode = static_cast<std::uint8_t>(mode);
     b.Bitmap.Palette = std::move(palette);
     b.Bitmap.Indices = IndexGrid(b.Width, b.Height);
