@@ -21,6 +21,7 @@
 #include "app/mapsets/mapsets_window.h"
 #include "app/special/special_typ_window.h"
 #include "app/poi/import_bitmap_window.h"
+#include "app/poi/poi_editor_window.h"
 #include "lang/lookup.h"
 #include "app/shell/dialog_prompts.h"
 #include "app/shell/main_window.h"
@@ -97,6 +98,7 @@ std::unique_ptr<QWidget> ScreenshotWindow(const ScreenshotScene& scene) {
     const QString& name = scene.WindowName;
     UserPrompts& prompts = scene.Prompts;
     if (name == "frmImporterBitmap") return ImportBitmapWindowWithPicture(prompts, scene.Picture);
+    if (name == "frmPOI") return PoiEditorWindowForScreenshot(scene.Model, scene.Object);
     if (name == "frmTypSpeciaux") return std::make_unique<SpecialTypWindow>(prompts);
     if (name == "frmMapsets") {
         auto window = std::make_unique<MapsetsWindow>(LocalMapsetEnvironment(), prompts, nullptr, false);
