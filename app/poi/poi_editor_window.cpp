@@ -75,7 +75,7 @@ void ShowColour(QLabel* label, std::optional<std::uint32_t> colour, const QStrin
         label->setStyleSheet("border: 1px solid gray;");
     } else {
         const bool dark = ((*colour >> 8) & 0xFF) < 202;
-        label->setStyleSheet(QStringLiteral("background: %1; color: %2;")
+        label->setStyleSheet(QStringLiteral("background: %1; color: %2; border: 1px solid gray;")
                                  .arg(ColourOf(*colour).name(), dark ? "white" : "black"));
     }
     label->setText(text);
@@ -422,7 +422,8 @@ QWidget* PoiEditorWindow::BuildPreviews() {
     for (int i = 0; i < 3; ++i) {
         lblApercu_[i] = MakeNamed<QLabel>(row, qPrintable(Indexed("lblApercu", i)));
         Apercu_[i] = MakeNamed<QLabel>(row, qPrintable(Indexed("Aperçu", i)));
-        Apercu_[i]->setFixedSize(kPreviewFrame * kPreviewZoom, kPreviewFrame * kPreviewZoom);
+        Apercu_[i]->setFixedSize(kPreviewFrame * kPreviewZoom + 2, kPreviewFrame * kPreviewZoom + 2);
+        Apercu_[i]->setFrameShape(QFrame::Box);
         layout->addWidget(lblApercu_[i], 0, i);
         layout->addWidget(Apercu_[i], 1, i);
     }
@@ -759,8 +760,9 @@ void PoiEditorWindow::RefreshPalette() {
                                           "séries eTrex et 60 ",
                                           "lblIsGarminT")
                                  : EditTr("Au moins une couleur du bitmap n'appartient pas à la palette de couleurs des "
-                                          "séries eTrex et 60 .\r\nCliquer pour les remplacer toutes.",
-                                          "lblIsGarminF"));
+                                          "séries eTrex et 60 .",
+                                          "lblIsGarminF") +
+                                       "\n" + EditTr("Cliquer pour les remplacer toutes.", "lblIsGarminF2"));
 }
 
 void PoiEditorWindow::RefreshPreviews() {
