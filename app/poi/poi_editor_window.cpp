@@ -251,14 +251,15 @@ QWidget* PoiEditorWindow::BuildGrid() {
     auto* column = new QWidget(this);
     auto* layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto* frame = MakeNamed<QWidget>(column, "Picture7");
+    // Picture7: the grid centred in a frame of its own, scrolled when zoomed beyond it.
+    auto* frame = MakeNamed<QScrollArea>(column, "Picture7");
     frame->setFixedSize(kGridFrame, kGridFrame);
-    auto* frameLayout = new QGridLayout(frame);
+    frame->setAlignment(Qt::AlignCenter);
     Picture2_ = MakeNamed<PixelCanvas>(frame, "Picture2");
     Picture2_->setMouseTracking(true);
     Picture2_->installEventFilter(this);
-    frameLayout->addWidget(Picture2_, 0, 0, Qt::AlignCenter);
     Picture2_->SetGrid(0, 0, [](Cell) { return std::nullopt; });
+    frame->setWidget(Picture2_);
 
     sldZoom2_ = MakeNamed<QSlider>(column, "sldZoom2", Qt::Horizontal);
     sldZoom2_->setRange(1, 10);
@@ -280,7 +281,7 @@ QWidget* PoiEditorWindow::BuildGrid() {
 
     connect(sldZoom2_, &QSlider::valueChanged, this, [this](int value) {
         Picture2_->SetCellSize(2 * value + 1);
-        Picture2_->updateGeometry();
+        Picture2_->adjustSize();
     });
     connect(chkGrille_, &QCheckBox::toggled, this, [this](bool on) { Picture2_->SetGridLines(on); });
     connect(Picture2_, &PixelCanvas::CellPressed, this, [this](Cell cell, MouseButton button) {
@@ -673,15 +674,16 @@ void PoiEditorWindow::Refresh() {
     chkBitmapNuit_->setChecked(night);
     optBitmap_[1]->setVisible(night);
     optBitmap_[model_.NightShown() ? 1 : 0]->setChecked(true);
-    const int side = std::max({shown.Width, shown.Height, 1});
-    if (sldZoom2_->value() == 0 || Picture2_->Columns() == 0) sldZoom2_->setValue(std::min(240 / side, 10));
+    // A new size brings the zoom that fits it, as on opening.
+    if (Picture2_->Columns() != shown.Width || Picture2_->Rows() != shown.Height)
+        sldZoom2_->setValue(std::min(240 / std::max({shown.Width, shown.Height, 1}), 10));
     Picture2_->SetCellSize(2 * sldZoom2_->value() + 1);
     Picture2_->SetGrid(shown.Width, shown.Height, [this](Cell cell) -> std::optional<QColor> {
         const auto colour = model_.Shown().ShownColour(cell);
         if (!colour) return std::nullopt;
         return ColourOf(*colour);
     });
-    Picture2_->updateGeometry();
+    Picture2_->adjustSize();
     Picture2_->Refresh();
     tools_->button(static_cast<int>(model_.Tool))->setChecked(true);
     cmdColler_->setEnabled(model_.CanPaste());
