@@ -275,6 +275,32 @@ private slots:
         QCOMPARE(Child<QLineEdit>(reopened, "txtType")->text(), QString("12f"));
     }
 
+    void colour_mode_and_count_combos_ask_refuse_and_undo() {
+        Start();
+        PoiEditorWindow window(*main_, PoiEditorTarget::NewPoi());
+        ShowActive(window);
+        auto* mode = Child<QComboBox>(window, "cbbColorMode");
+        auto* count = Child<QComboBox>(window, "cbbNombreCouleurs");
+        QTest::mouseClick(Child<QLabel>(window, "lblpalette(255)"), Qt::LeftButton);
+        ClickCell(window, {0, 0});
+        mode->setCurrentIndex(0);  // a transparent pixel: mode 00 is refused
+        QCOMPARE(prompts_.Texts("inform").size(), std::size_t{1});
+        QCOMPARE(mode->currentIndex(), 1);
+        count->setCurrentIndex(3);  // new entries come in white
+        QVERIFY(Child<QLabel>(window, "lblpalette(2)")->isVisible());
+        QCOMPARE(window.Model().Shown().Bitmap.Palette[2].Colour, 0xFFFFFFu);
+        mode->setCurrentIndex(2);  // the transparent pixel takes a new entry of alpha 15
+        QCOMPARE(count->currentIndex(), 4);
+        QVERIFY(!Child<QLabel>(window, "lblpalette(255)")->isVisible());
+        QVERIFY(Child<QPushButton>(window, "cmdCanalAlpha")->isVisible());
+        QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
+        QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(count->currentIndex(), 1);
+        QCOMPARE(mode->currentIndex(), 1);
+        QVERIFY(!Child<QLabel>(window, "lblpalette(2)")->isVisible());
+        QCOMPARE(window.Model().Shown().ShownColour({0, 0}), std::nullopt);
+    }
+
     void pictures_come_in_with_their_transparency_and_a_corrupt_one_changes_nothing() {
         Start();
         QTemporaryDir folder;
