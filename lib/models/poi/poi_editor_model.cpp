@@ -425,8 +425,14 @@ std::optional<PoiRecord> PoiEditorModel::BuildRecord() const {
     }
     const State& s = Current();
     PoiRecord record = loaded_;
-    record.Type = Type;
-    record.SubType = SubType;
+    // Typed "2f" is stored as the lists write it, "02f"; an unchanged value keeps its text.
+    const auto text = [](const std::string& typed, const std::string& loaded, std::string (*format)(int)) {
+        const auto value = HexValue(typed);
+        if (!value) return typed;
+        return value == HexValue(loaded) ? loaded : format(*value);
+    };
+    record.Type = text(Type, loaded_.Type, TypeText);
+    record.SubType = text(SubType, loaded_.SubType, SubTypeText);
     record.Flags = static_cast<std::uint8_t>((record.Flags & ~(kBitmapFlag | kLabelsFlag | kExtendedLabelFlag)) |
                                              (BitmapFlag ? kBitmapFlag : 0) | (Labels.Enabled() ? kLabelsFlag : 0) |
                                              (Labels.ExtendedEnabled() ? kExtendedLabelFlag : 0));
