@@ -26,6 +26,7 @@
 #include "app/pattern/polygon_editor_window.h"
 #include "app/special/special_typ_window.h"
 #include "app/poi/import_bitmap_window.h"
+#include "app/poi/poi_editor_window.h"
 #include "lang/lookup.h"
 #include "app/shell/dialog_prompts.h"
 #include "app/shell/main_window.h"
@@ -109,6 +110,7 @@ std::unique_ptr<QWidget> ScreenshotWindow(const ScreenshotScene& scene) {
     const QString& name = scene.WindowName;
     UserPrompts& prompts = scene.Prompts;
     if (name == "frmImporterBitmap") return ImportBitmapWindowWithPicture(prompts, scene.Picture);
+    if (name == "frmPOI") return PoiEditorWindowForScreenshot(scene.Model, scene.Object);
     if (name == "frmTypSpeciaux") return std::make_unique<SpecialTypWindow>(prompts);
     if (name == "frmPolygone") return PolygonEditorWindowOn(scene.Model, scene.Object);
     if (name == "frmPolyline") return LineEditorWindowOn(scene.Model, scene.Object);
@@ -177,7 +179,7 @@ int RunMirvane(const QStringList& arguments) {
         if (!TakeOption(args, "--screenshot", out) || !TakeOption(args, "--window", windowName) ||
             !TakeOption(args, "--picture", picture) || !TakeOption(args, "--language", language) ||
             !TakeOption(args, "--object", objectName) || out.isEmpty()) {
-            std::fprintf(stderr, "usage: mirvane --screenshot OUT.png [--window frmMapsets | frmTypSpeciaux | frmImporterBitmap --picture PICTURE] "
+            std::fprintf(stderr, "usage: mirvane --screenshot OUT.png [--window frmMapsets | frmTypSpeciaux | frmPOI | frmImporterBitmap --picture PICTURE] "
                                  "[--object polygon|line|poi:TYPE[:SUBTYPE]] [--language NAME] [FILE]\n");
             return 2;
         }

@@ -2,6 +2,7 @@
 
 #include "app/pattern/line_editor_window.h"
 #include "app/pattern/polygon_editor_window.h"
+#include "app/poi/poi_editor_window.h"
 #include "models/shell/main_window_model.h"
 
 namespace mirvane::app {
@@ -19,7 +20,7 @@ bool EditorBuilt(EditorWindow window) {
     switch (window) {
         case EditorWindow::Polygon: return true;
         case EditorWindow::Polyline: return true;
-        case EditorWindow::Poi: return false;
+        case EditorWindow::Poi: return true;
         case EditorWindow::DrawOrder: return false;
         case EditorWindow::Icons: return false;
     }
@@ -31,12 +32,15 @@ void OpenEditor(EditorWindow window, MainWindowModel& model, QWidget* parent, st
     switch (window) {
         case EditorWindow::Polygon: EditPolygon(model, parent, row); break;
         case EditorWindow::Polyline: EditLine(model, parent, row); break;
-        case EditorWindow::Poi: break;
+        case EditorWindow::Poi: OpenPoiEditor(model, parent, row); break;
         case EditorWindow::DrawOrder: break;
         case EditorWindow::Icons: break;
     }
 }
 
-bool OpenExtraPoiEditor(MainWindowModel& model, QWidget* parent, int group, int subIcon) { return false; }
+bool OpenExtraPoiEditor(MainWindowModel& model, QWidget* parent, int group, int subIcon) {
+    PoiEditorWindow window(model, PoiEditorTarget::SubIconOf(group, subIcon), parent);
+    return window.exec() == QDialog::Accepted;
+}
 
 }  // namespace mirvane::app

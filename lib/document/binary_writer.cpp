@@ -194,25 +194,7 @@ private:
 
     // Night pixels are written only under bit 0, though the reader reads a
     // true colour night bitmap without it.
-    void WritePoi(const PoiRecord& r) {
-        const PoiBitmap& day = r.Bitmaps[0];
-        const PoiBitmap& night = r.Bitmaps[1];
-        out_.U8(r.Flags);
-        out_.U8(r.Width);
-        out_.U8(r.Height);
-        out_.U8(day.ColourCount);
-        out_.U8(day.ColourMode);
-        if (day.ColourCount != 0) out_.Append(day.PaletteBytes);
-        out_.Append(day.PixelBytes);
-        if (r.Flags & 0x02) {
-            out_.U8(night.ColourCount);
-            out_.U8(night.ColourMode);
-            if (night.ColourCount != 0) out_.Append(night.PaletteBytes);
-            if (r.Flags & 0x01) out_.Append(night.PixelBytes);
-        }
-        if (r.Flags & 0x04) out_.Append(r.LabelBytes);
-        if (r.Flags & 0x08) out_.Append(r.ExtendedLabelBytes);
-    }
+    void WritePoi(const PoiRecord& r) { out_.Append(EncodePoiRecord(r)); }
 
     void WritePolylines();
     void WriteExtraPolylineIndex(std::vector<ExtraPolylineIndexRow>& extraRows);
@@ -467,6 +449,24 @@ void BinaryTypWriter::WriteRawSections() {
 }
 
 }  // namespace
+
+Bytes EncodePoiRecord(const PoiRecord& r) {
+    const PoiBitmap& day = r.Bitmaps[0];
+    const PoiBitmap& night = r.Bitmaps[1];
+    Bytes out{r.Flags, r.Width, r.Height, day.ColourCount, day.ColourMode};
+    const auto append = [&out](const Bytes& block) { out.insert(out.end(), block.begin(), block.end()); };
+    if (day.ColourCount != 0) append(day.PaletteBytes);
+    append(day.PixelBytes);
+    if (r.Flags & 0x02) {
+        out.push_back(night.ColourCount);
+        out.push_back(night.ColourMode);
+        if (night.ColourCount != 0) append(night.PaletteBytes);
+        if (r.Flags & 0x01) append(night.PixelBytes);
+    }
+    if (r.Flags & 0x04) append(r.LabelBytes);
+    if (r.Flags & 0x08) append(r.ExtendedLabelBytes);
+    return out;
+}
 
 std::optional<SaveFailure> BuildBinaryTyp(Document& doc, Bytes& out, const SaveTime& time) {
     if (const std::optional<MissingIdentity> missing = FindMissingIdentity(doc.Identity))

@@ -31,7 +31,7 @@ GridRows PixelRows(const WorkingBitmap& b) {
 
 // A POI whose rows give palette indices, '.' a transparent pixel, in `mode`.
 PoiRecord PaletteRecord(const GridRows& rows, std::vector<PaletteEntry> palette, int mode = 16) {
-    WorkingBitmap b{static_cast<int>(rows[0].size()), static_cast<int>(rows.size()), {}};
+    WorkingBitmap b{static_cast<int>(rows[0].size()), static_cast<int>(rows.size()), {}, {}};
     b.Bitmap.ColourMode = static_cast<std::uint8_t>(mode);
     b.Bitmap.Palette = std::move(palette);
     b.Bitmap.Indices = IndexGrid(b.Width, b.Height);
@@ -266,6 +266,67 @@ TEST_F(PoiEditorTest, NightBitmapIsEditedOnItsOwnAndMustKeepTheDaySize) {
     model.Rotate(Turn::Clockwise);
     EXPECT_FALSE(model.BuildRecord());
     EXPECT_NE(prompts.Texts("inform").back().find("même hauteur"), std::string::npos);
+}
+
+TEST_F(PoiEditorTest, RemovingColoursRemapsPixelsAndTheLastOneLeavesAnEntryToFill) {
+    const PoiRecord record = PaletteRecord({"012", ".21"}, {{kRed}, {0x0000FE}, {kBlue}});
+    model.Load(record);
+    model.PickEntry(0);
+    ASSERT_TRUE(model.RemoveColour());  // No: red's pixels take the nearest colour left
+    EXPECT_EQ(PixelRows(model.Shown()), (GridRows{"001", ".10"}));
+    EXPECT_EQ(model.Shown().Bitmap.Palette, (std::vector<PaletteEntry>{{0x0000FE}, {kBlue}}));
+    prompts.Answers = {true};
+    model.PickEntry(1);
+    ASSERT_TRUE(model.RemoveColour());  // Yes: blue's pixels turn transparent
+    EXPECT_EQ(PixelRows(model.Shown()), (GridRows{"00.", "..0"}));
+    ASSERT_TRUE(model.RemoveColour());  // the only colour: all transparent, the entry unfilled
+    EXPECT_EQ(PixelRows(model.Shown()), (GridRows{"...", "..."}));
+    EXPECT_FALSE(model.Shown().PaletteComplete());
+    model.PickEntry(0);
+    model.Press({0, 0}, MouseButton::Left);  // nothing to draw with
+    EXPECT_EQ(PixelRows(model.Shown())[0], "...");
+    EXPECT_FALSE(model.BuildRecord());
+    EXPECT_EQ(prompts.Texts("inform").size(), 2u);
+    model.SetEntry(0, kGreen, kOpaqueAlpha);
+    EXPECT_TRUE(model.BuildRecord());
+    while (model.CanUndo()) model.Undo();
+    ExpectSamePoi(*model.BuildRecord(), record);
+
+    model.AddColour(kGreen, 5);  // mode 16 stores no alpha; the new entry is the current colour
+    EXPECT_EQ(model.Shown().Bitmap.Palette.back(), (PaletteEntry{kGreen, kOpaqueAlpha}));
+    EXPECT_EQ(model.Paint.Index, 3);
+}
+
+TEST_F(PoiEditorTest, PicturesComeInAndGoOutWithTheirAlpha) {
+    // Opaque, half transparent and fully transparent pixels, on the 16-step
+    // scale: a palette of few colours, and 256 colours, too many for one.
+    RgbaPicture few(3, 2, ArgbOf(kRed));
+    RgbaPicture many(16, 16);
+    for (int i = 0; i < 256; ++i) many.SetPixel(i % 16, i / 16, ArgbOf(i * 0x010203, AlphaByteOf(i % 15)));
+    for (RgbaPicture* picture : {&few, &many}) {
+        picture->SetPixel(1, 0, ArgbOf(kBlue, AlphaByteOf(7)));
+        picture->SetPixel(2, 0, 0);
+        picture->SetPixel(0, 1, ArgbOf(kGreen, AlphaByteOf(3)));
+        model.LoadNew();
+        model.TakeImport(ImportBitmap(*picture, ImportColours::AsTheyAre));
+        EXPECT_EQ(model.Shown().Bitmap.ColourMode, 32);
+        EXPECT_EQ(model.Shown().HasPalette(), picture == &few);
+        EXPECT_EQ(model.ExportPicture(), *picture);
+        model.Type = "2f";
+        model.SubType = "01";
+        const auto record = model.BuildRecord();
+        ASSERT_TRUE(record);
+        PoiEditorModel reopened(prompts, clipboard);
+        reopened.Load(*record);
+        EXPECT_EQ(reopened.ExportPicture(), *picture);
+    }
+    // A picture too big for a bitmap comes in at most 64 a side, keeping its shape.
+    RgbaPicture wide(200, 50, ArgbOf(kBlue));
+    ASSERT_TRUE(model.PastePicture(wide));
+    EXPECT_EQ(model.Shown().Width, 64);
+    EXPECT_EQ(model.Shown().Height, 16);
+    EXPECT_FALSE(model.PastePicture(RgbaPicture()));
+    EXPECT_EQ(model.Shown().Width, 64);
 }
 
 }  // namespace

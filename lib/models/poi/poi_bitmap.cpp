@@ -36,11 +36,11 @@ void PadIndices(WorkingBitmap& b) {
 }  // namespace
 
 WorkingBitmap WorkingBitmap::FromRecord(const PoiBitmap& bitmap, int width, int height) {
-    return {width, height, DecodeBitmap(bitmap, width, height)};
+    return {width, height, DecodeBitmap(bitmap, width, height), {}};
 }
 
 WorkingBitmap WorkingBitmap::Blank(int width, int height) {
-    WorkingBitmap b{width, height, {}};
+    WorkingBitmap b{width, height, {}, {}};
     b.Bitmap.ColourMode = 16;
     b.Bitmap.Palette = {PaletteEntry{kWhite, kOpaqueAlpha}};
     b.Bitmap.Indices = IndexGrid(width, height, 0);
@@ -85,6 +85,16 @@ PoiPaint WorkingBitmap::PaintAt(Cell cell) const {
     return paint;
 }
 
+bool WorkingBitmap::EntryFilled(int index) const {
+    return index < 0 || static_cast<std::size_t>(index) >= Unfilled.size() || !Unfilled[static_cast<std::size_t>(index)];
+}
+
+bool WorkingBitmap::PaletteComplete() const {
+    for (int i = 0; i < ColourCount(); ++i)
+        if (!EntryFilled(i)) return false;
+    return true;
+}
+
 void FillAll(WorkingBitmap& bitmap, const PoiPaint& paint) {
     for (int y = 0; y < bitmap.Height; ++y)
         for (int x = 0; x < bitmap.Width; ++x) bitmap.Paint({x, y}, paint);
@@ -118,6 +128,55 @@ void Mirror(WorkingBitmap& bitmap, bool horizontal) {
 void ShiftByOne(WorkingBitmap& bitmap, int dx, int dy) {
     ChangeGrids(bitmap, [dx, dy](auto& grid) { Shift(grid, dx, dy); });
     PadIndices(bitmap);
+}
+
+void ResizeBitmap(WorkingBitmap& bitmap, int width, int height) {
+    DecodedBitmap& d = bitmap.Bitmap;
+    if (bitmap.HasPalette()) {
+        d.Indices.Resize(bitmap.Width, bitmap.Height);
+        d.Indices.Resize(width, height, bitmap.TransparentIndex());
+    } else {
+        const std::uint32_t outside = d.ColourMode == 16 ? d.KeyColour : kWhite;
+        d.Colours.Resize(width, height, outside);
+        if (!d.Alpha.Empty()) d.Alpha.Resize(width, height, kTransparentAlpha);
+    }
+    bitmap.Width = width;
+    bitmap.Height = height;
+    PadIndices(bitmap);
+}
+
+WorkingBitmap BitmapOfImport(const ImportedBitmap& imported) {
+    WorkingBitmap b{imported.Width, imported.Height, {}, {}};
+    DecodedBitmap& d = b.Bitmap;
+    d.ColourMode = imported.ColourMode;
+    for (const ImportedColour& entry : imported.Palette)
+        d.Palette.push_back({static_cast<std::uint32_t>(entry.Rgb), entry.Alpha});
+    if (b.HasPalette()) {
+        d.Indices = imported.Indices;
+        RepadIndices(b, kTransparentIndex);
+        return b;
+    }
+    d.Colours = imported.Colours;
+    d.KeyColour = static_cast<std::uint32_t>(imported.KeyColour);
+    if (d.ColourMode == kModeAlpha) d.Alpha = imported.Alpha;
+    for (int y = 0; y < b.Height; ++y)
+        for (int x = 0; x < b.Width; ++x)
+            if (d.ColourMode == kModeTransparentColour && imported.IsTransparent({x, y})) d.Colours.Set({x, y}, d.KeyColour);
+    return b;
+}
+
+RgbaPicture PictureOfBitmap(const WorkingBitmap& bitmap) {
+    RgbaPicture picture(bitmap.Width, bitmap.Height);
+    for (int y = 0; y < bitmap.Height; ++y)
+        for (int x = 0; x < bitmap.Width; ++x) {
+            const auto colour = bitmap.ShownColour({x, y});
+            if (!colour) continue;  // transparent: the picture's 0
+            const PoiPaint paint = bitmap.PaintAt({x, y});
+            const std::uint8_t alpha = bitmap.HasPalette() ? bitmap.Bitmap.Palette[paint.Index].Alpha : paint.Alpha;
+            picture.SetPixel(x, y, ArgbOf(static_cast<Colour>(*colour),
+                                          bitmap.Bitmap.ColourMode == kModeAlpha ? AlphaByteOf(alpha) : 0xFF));
+        }
+    return picture;
 }
 
 std::uint32_t UnusedKeyColour(const WorkingBitmap& bitmap) {

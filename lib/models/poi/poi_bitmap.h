@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "colour/bitmap_import.h"
 #include "document/bitmap_codec.h"
 #include "graphics/transforms.h"
 
@@ -28,6 +29,9 @@ struct WorkingBitmap {
     int Width = 0;
     int Height = 0;
     DecodedBitmap Bitmap;
+    // Per palette entry: no colour chosen yet (the entries a removal leaves
+    // behind). Empty when every entry has its colour.
+    std::vector<bool> Unfilled;
 
     static WorkingBitmap FromRecord(const PoiBitmap& bitmap, int width, int height);
     // A blank bitmap of one white palette entry in mode 16, every pixel white.
@@ -42,6 +46,9 @@ struct WorkingBitmap {
     // The colour shown, none for a transparent pixel.
     std::optional<std::uint32_t> ShownColour(Cell cell) const { return Bitmap.PixelColour(cell); }
     bool HasTransparentPixel() const;
+    bool EntryFilled(int index) const;
+    // No unfilled entry below the colour count.
+    bool PaletteComplete() const;
 
     // True when the pixel changed.
     bool Paint(Cell cell, const PoiPaint& paint);
@@ -56,6 +63,16 @@ void InvertColours(WorkingBitmap& bitmap);
 void Turn90(WorkingBitmap& bitmap, Turn turn);
 void Mirror(WorkingBitmap& bitmap, bool horizontal);
 void ShiftByOne(WorkingBitmap& bitmap, int dx, int dy);
+
+// Width and height 1 to 64; pixels outside the old size come in transparent
+// (white in colour mode 0, which has no transparency).
+void ResizeBitmap(WorkingBitmap& bitmap, int width, int height);
+
+// An imported picture as the editor holds it: its size, mode, palette with
+// alpha, and pixels.
+WorkingBitmap BitmapOfImport(const ImportedBitmap& imported);
+// The bitmap as a picture with its transparency, for a picture file.
+RgbaPicture PictureOfBitmap(const WorkingBitmap& bitmap);
 
 // A key colour that no visible pixel of a true colour bitmap shows.
 std::uint32_t UnusedKeyColour(const WorkingBitmap& bitmap);

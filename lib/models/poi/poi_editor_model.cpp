@@ -9,6 +9,8 @@
 #include "document/sorts.h"
 #include "graphics/flood_fill.h"
 #include "lang/lookup.h"
+#include "models/poi/extra_poi_icons.h"
+#include "models/poi/import_bitmap_model.h"
 
 namespace mirvane {
 
@@ -17,6 +19,8 @@ namespace {
 constexpr int kNewPoiSide = 16;
 constexpr std::uint8_t kNightFlag = 0x02;
 constexpr std::uint8_t kBitmapFlag = 0x01;
+constexpr std::uint8_t kLabelsFlag = 0x04;
+constexpr std::uint8_t kExtendedLabelFlag = 0x08;
 
 std::string EditText(std::string_view defaultText, std::string_view key) {
     return LookupText("Editer", defaultText, key);
@@ -31,6 +35,17 @@ std::optional<int> HexValue(const std::string& text) {
 
 // The colours shown, transparent pixels as one value of their own, as the
 // paint pot compares them.
+bool SameLabels(const LabelStringsModel& a, const LabelStringsModel& b) {
+    return a.Enabled() == b.Enabled() && a.Rows() == b.Rows() && a.ExtendedEnabled() == b.ExtendedEnabled() &&
+           a.Extended() == b.Extended();
+}
+
+void KeepUnfilledInStep(WorkingBitmap& b) {
+    if (b.Unfilled.empty()) return;
+    b.Unfilled.resize(b.Bitmap.Palette.size(), false);
+    if (std::ranges::find(b.Unfilled, true) == b.Unfilled.end()) b.Unfilled.clear();
+}
+
 Grid<std::optional<std::uint32_t>> ShownColours(const WorkingBitmap& b) {
     Grid<std::optional<std::uint32_t>> colours(b.Width, b.Height);
     for (int y = 0; y < b.Height; ++y)
@@ -71,6 +86,15 @@ void PoiEditorModel::LoadNew() {
     history_.Reset({WorkingBitmap::Blank(kNewPoiSide, kNewPoiSide), std::nullopt});
     nightShown_ = false;
     Paint = PoiPaint{};
+    HasBitmap = BitmapFlag = true;
+    Labels = loadedLabels_ = LabelStringsModel{};
+}
+
+void PoiEditorModel::LoadLabels(const PoiRecord& record) {
+    Labels = LabelStringsModel{};
+    if (record.Flags & kLabelsFlag) Labels.LoadLabels(record.LabelBytes);
+    if (record.Flags & kExtendedLabelFlag) Labels.LoadExtended(record.ExtendedLabelBytes);
+    loadedLabels_ = Labels;
 }
 
 void PoiEditorModel::Load(const PoiRecord& record) {
@@ -84,6 +108,9 @@ void PoiEditorModel::Load(const PoiRecord& record) {
     history_.Reset(std::move(state));
     nightShown_ = false;
     Paint = PoiPaint{};
+    HasBitmap = record.Width > 0 && record.Height > 0;
+    BitmapFlag = record.Flags & kBitmapFlag;
+    LoadLabels(record);
     if (Shown().HasPalette()) PickEntry(0);
 }
 
@@ -121,6 +148,7 @@ void PoiEditorModel::Press(Cell cell, MouseButton button) {
         Tool = PoiTool::Pen;  // the pipette lasts one sample
         return;
     }
+    if (!CheckPaletteFilled(shown, true)) return;
     WorkingBitmap bitmap = shown;
     if (Tool == PoiTool::Fill) {
         for (const Cell& c : RegionAt(ShownColours(bitmap), cell)) bitmap.Paint(c, Paint);
@@ -268,7 +296,7 @@ bool PoiEditorModel::SetColourCount(int count) {
                   EditText("Cette transformation est irréversible.", "msgConvertir4b"),
                   EditText("Voulez-vous continuer?", "msgConvertir2d")}))
             return false;
-        WorkingBitmap truth{b.Width, b.Height, {}};
+        WorkingBitmap truth{b.Width, b.Height, {}, {}};
         truth.Bitmap.ColourMode = d.ColourMode;
         truth.Bitmap.Colours = ColourGrid(b.Width, b.Height);
         if (d.ColourMode == 32) truth.Bitmap.Alpha = AlphaGrid(b.Width, b.Height);
@@ -290,36 +318,71 @@ bool PoiEditorModel::SetColourCount(int count) {
     }
     if (count > previous) {
         d.Palette.resize(static_cast<std::size_t>(count), PaletteEntry{0xFFFFFF, kOpaqueAlpha});
+        KeepUnfilledInStep(b);
         RepadIndices(b, oldTransparent);
         CommitShown(std::move(b));
         return true;
     }
-    if (!Ask(EditText("Suppression de couleurs", "msgDiminuerNombreCouleurs4"),
+    if (!ReduceColours(b, count)) return false;
+    CommitShown(std::move(b));
+    PickEntry(0);
+    return true;
+}
+
+bool PoiEditorModel::ReduceColours(WorkingBitmap& b, int count) {
+    DecodedBitmap& d = b.Bitmap;
+    const int previous = b.ColourCount();
+    std::vector<Colour> filled;
+    for (int i = 0; i < previous; ++i)
+        if (b.EntryFilled(i)) filled.push_back(static_cast<Colour>(d.Palette[static_cast<std::size_t>(i)].Colour));
+    const bool thinning = static_cast<int>(filled.size()) > count;
+    if (thinning &&
+        !Ask(EditText("Suppression de couleurs", "msgDiminuerNombreCouleurs4"),
              {EditText("Attention,vous allez diminuer le nombre de couleurs du bitmap.", "msgDiminuerNombreCouleurs1"),
               EditText("Les pixels dont la couleur va être supprimée, vont prendre la couleur la plus proche parmi "
                        "celles qui restent.",
                        "msgDiminuerNombreCouleurs2"),
               EditText("Voulez-vous continuer?", "msgDiminuerNombreCouleurs3")}))
         return false;
-    std::vector<Colour> kept;
-    for (const PaletteEntry& entry : d.Palette) kept.push_back(entry.Colour);
-    ThinColourList(kept, static_cast<std::int16_t>(count));
+    std::vector<Colour> kept = filled;
+    if (thinning) ThinColourList(kept, static_cast<std::int16_t>(count));
     std::vector<PaletteEntry> palette;
     for (Colour colour : kept) {
-        const auto same = std::ranges::find(d.Palette, colour, &PaletteEntry::Colour);
+        const auto same = std::ranges::find(d.Palette, static_cast<std::uint32_t>(colour), &PaletteEntry::Colour);
         palette.push_back({static_cast<std::uint32_t>(colour), same->Alpha});
     }
-    IndexGrid indices = d.Indices;
+    std::vector<bool> unfilled(static_cast<std::size_t>(count), false);
+    for (std::size_t i = kept.size(); i < unfilled.size(); ++i) unfilled[i] = true;
+    palette.resize(static_cast<std::size_t>(count), PaletteEntry{0xFFFFFF, kOpaqueAlpha});
+    const auto transparent = static_cast<std::uint8_t>(count);
+    IndexGrid indices(b.Width, b.Height, transparent);
     for (int y = 0; y < b.Height; ++y)
-        for (int x = 0; x < b.Width; ++x)
-            if (const std::uint8_t index = d.Indices.At({x, y}); index < previous)
-                indices.Set({x, y}, static_cast<std::uint8_t>(NearestColourIndex(d.Palette[index].Colour, kept)));
+        for (int x = 0; x < b.Width; ++x) {
+            const std::uint8_t index = d.Indices.At({x, y});
+            if (index >= previous || !b.EntryFilled(index)) continue;
+            const Colour colour = static_cast<Colour>(d.Palette[index].Colour);
+            if (thinning) {
+                indices.Set({x, y}, static_cast<std::uint8_t>(NearestColourIndex(colour, kept)));
+            } else if (const auto same = std::ranges::find(kept, colour); same != kept.end()) {
+                indices.Set({x, y}, static_cast<std::uint8_t>(same - kept.begin()));
+            }
+        }
     d.Palette = std::move(palette);
     d.Indices = std::move(indices);
-    RepadIndices(b, oldTransparent);
-    PickEntry(0);
-    CommitShown(std::move(b));
+    b.Unfilled = std::move(unfilled);
+    KeepUnfilledInStep(b);
+    RepadIndices(b, count);
     return true;
+}
+
+bool PoiEditorModel::CheckPaletteFilled(const WorkingBitmap& b, bool noColourChosen) const {
+    const bool filled = noColourChosen ? (Paint.Transparent || !b.HasPalette() || b.EntryFilled(Paint.Index))
+                                       : b.PaletteComplete();
+    if (filled) return true;
+    std::string text = EditText("Il faut remplir la palette", "msgPaletteIncomplete1");
+    if (noColourChosen) text += "\r\n\r\nAucune couleur n'a été sélectionnée.";
+    prompts_.Inform(EditText("Palette incomplète", "msgPaletteIncomplete2"), text);
+    return false;
 }
 
 bool PoiEditorModel::CheckWritable(const WorkingBitmap& b) const {
@@ -361,6 +424,32 @@ std::optional<PoiRecord> PoiEditorModel::BuildRecord() const {
         return std::nullopt;
     }
     const State& s = Current();
+    PoiRecord record = loaded_;
+    // Typed "2f" is stored as the lists write it, "02f"; an unchanged value keeps its text.
+    const auto text = [](const std::string& typed, const std::string& loaded, std::string (*format)(int)) {
+        const auto value = HexValue(typed);
+        if (!value) return typed;
+        return value == HexValue(loaded) ? loaded : format(*value);
+    };
+    record.Type = text(Type, loaded_.Type, TypeText);
+    record.SubType = text(SubType, loaded_.SubType, SubTypeText);
+    record.Flags = static_cast<std::uint8_t>((record.Flags & ~(kBitmapFlag | kLabelsFlag | kExtendedLabelFlag)) |
+                                             (BitmapFlag ? kBitmapFlag : 0) | (Labels.Enabled() ? kLabelsFlag : 0) |
+                                             (Labels.ExtendedEnabled() ? kExtendedLabelFlag : 0));
+    if (!SameLabels(Labels, loadedLabels_)) {
+        record.LabelBytes = Labels.LabelBytes();
+        record.ExtendedLabelBytes = Labels.ExtendedLabelBytes();
+    }
+    if (!HasBitmap) {
+        // A POI loaded without a size keeps its bytes; one whose bitmap was
+        // switched off stores no colours.
+        if (loaded_.Width == 0 || loaded_.Height == 0) return record;
+        record.Width = record.Height = 0;
+        record.Bitmaps = {};
+        record.Flags &= static_cast<std::uint8_t>(~kNightFlag);
+        return record;
+    }
+    if (!CheckPaletteFilled(s.Day, false) || (s.Night && !CheckPaletteFilled(*s.Night, false))) return std::nullopt;
     if (!CheckWritable(s.Day) || (s.Night && !CheckWritable(*s.Night))) return std::nullopt;
     if (s.Night && (s.Night->Width != s.Day.Width || s.Night->Height != s.Day.Height)) {
         prompts_.Inform("Mirvane", EditText("Le bitmap de jour et le bitmap de nuit doivent avoir la même hauteur "
@@ -368,9 +457,6 @@ std::optional<PoiRecord> PoiEditorModel::BuildRecord() const {
                                             "msgMemeTaille"));
         return std::nullopt;
     }
-    PoiRecord record = loaded_;
-    record.Type = Type;
-    record.SubType = SubType;
     record.Width = static_cast<std::uint8_t>(s.Day.Width);
     record.Height = static_cast<std::uint8_t>(s.Day.Height);
     record.Bitmaps[0] = s.Day.ToRecord();
@@ -398,6 +484,172 @@ std::optional<int> PoiEditorModel::Save(Document& doc, std::optional<int> replac
         return HexValue(r.Type) == type && HexValue(r.SubType) == subType;
     });
     return static_cast<int>(stored - doc.Pois.begin());
+}
+
+bool PoiEditorModel::SaveSubIcon(Document& doc, int group, int subIcon) const {
+    const auto record = BuildRecord();
+    return record && WriteSubIcon(doc, group, subIcon, *record);
+}
+
+void PoiEditorModel::Resize(int width, int height) {
+    if (width < 1 || height < 1 || width > kMaxPoiSide || height > kMaxPoiSide) return;
+    WorkingBitmap b = Shown();
+    if (b.Width == 0 || b.Height == 0) b = WorkingBitmap::Blank(width, height);
+    ResizeBitmap(b, width, height);
+    CommitShown(std::move(b));
+}
+
+void PoiEditorModel::SetEntry(int index, std::uint32_t colour, std::uint8_t alpha) {
+    WorkingBitmap b = Shown();
+    if (index < 0 || index >= b.ColourCount()) return;
+    PaletteEntry& entry = b.Bitmap.Palette[static_cast<std::size_t>(index)];
+    entry.Colour = colour & 0xFFFFFF;
+    if (b.Bitmap.ColourMode == kModeAlpha) entry.Alpha = alpha;
+    if (!b.EntryFilled(index)) b.Unfilled[static_cast<std::size_t>(index)] = false;
+    KeepUnfilledInStep(b);
+    CommitShown(std::move(b));
+    PickEntry(index);
+}
+
+void PoiEditorModel::AddColour(std::uint32_t colour, std::uint8_t alpha) {
+    WorkingBitmap b = Shown();
+    if (!b.HasPalette() || b.ColourCount() >= kMaxPaletteColours) return;
+    const int oldTransparent = b.TransparentIndex();
+    b.Bitmap.Palette.push_back({colour & 0xFFFFFF, b.Bitmap.ColourMode == kModeAlpha ? alpha : kOpaqueAlpha});
+    KeepUnfilledInStep(b);
+    RepadIndices(b, oldTransparent);
+    CommitShown(std::move(b));
+    PickEntry(Shown().ColourCount() - 1);
+}
+
+bool PoiEditorModel::RemoveColour() {
+    WorkingBitmap b = Shown();
+    const int count = b.ColourCount();
+    const int removed = Paint.Index;
+    if (!b.HasPalette() || Paint.Transparent || removed >= count) return false;
+    DecodedBitmap& d = b.Bitmap;
+    const std::uint32_t colour = d.Palette[static_cast<std::size_t>(removed)].Colour;
+    bool toTransparent = false;
+    // The entries that stay, by their index before the removal.
+    std::vector<int> others;
+    std::vector<Colour> otherColours;
+    if (b.EntryFilled(removed)) {
+        if (d.ColourMode == kModeTransparentColour)
+            toTransparent = Ask(EditText("Remplacer par des pixels transparents?", "msgRemplacerParPixeltransparent2"),
+                                {EditText("Voulez-vous que les pixels de la couleur supprimée deviennent transparents?",
+                                          "msgRemplacerParPixelTransparent1")});
+        for (int i = 0; i < count; ++i)
+            if (i != removed && b.EntryFilled(i)) {
+                others.push_back(i);
+                otherColours.push_back(static_cast<Colour>(d.Palette[static_cast<std::size_t>(i)].Colour));
+            }
+        if (!toTransparent && others.empty()) {
+            // The only colour: every pixel turns transparent, and the entry waits for a colour.
+            for (int y = 0; y < b.Height; ++y)
+                for (int x = 0; x < b.Width; ++x) d.Indices.Set({x, y}, b.TransparentIndex());
+            b.Unfilled.assign(static_cast<std::size_t>(count), false);
+            b.Unfilled[static_cast<std::size_t>(removed)] = true;
+            CommitShown(std::move(b));
+            Paint = PoiPaint{.Transparent = true};
+            return true;
+        }
+    }
+    const int nearest = others.empty() ? 0 : others[static_cast<std::size_t>(
+                                                 NearestColourIndex(static_cast<Colour>(colour), otherColours))];
+    const auto newTransparent = static_cast<std::uint8_t>(count - 1);
+    const auto moved = [&](int index) { return static_cast<std::uint8_t>(index > removed ? index - 1 : index); };
+    for (int y = 0; y < b.Height; ++y)
+        for (int x = 0; x < b.Width; ++x) {
+            const int index = d.Indices.At({x, y});
+            std::uint8_t now = moved(index);
+            if (index >= count || (index == removed && toTransparent)) now = newTransparent;
+            else if (index == removed) now = moved(nearest);
+            d.Indices.Set({x, y}, now);
+        }
+    d.Palette.erase(d.Palette.begin() + removed);
+    if (!b.Unfilled.empty()) b.Unfilled.erase(b.Unfilled.begin() + removed);
+    KeepUnfilledInStep(b);
+    RepadIndices(b, newTransparent);
+    CommitShown(std::move(b));
+    PickEntry(0);
+    return true;
+}
+
+void PoiEditorModel::SetAlphaOfAll(std::uint8_t alpha) {
+    WorkingBitmap b = Shown();
+    DecodedBitmap& d = b.Bitmap;
+    if (d.ColourMode != kModeAlpha) return;
+    if (b.HasPalette())
+        for (PaletteEntry& entry : d.Palette) entry.Alpha = alpha;
+    else
+        d.Alpha.Fill(alpha);
+    Paint.Alpha = alpha;
+    CommitShown(std::move(b));
+}
+
+void PoiEditorModel::SetPixelAlpha(Cell cell, std::uint8_t alpha) {
+    WorkingBitmap b = Shown();
+    if (b.HasPalette() || b.Bitmap.ColourMode != kModeAlpha || !b.Contains(cell)) return;
+    b.Bitmap.Alpha.Set(cell, alpha);
+    CommitShown(std::move(b));
+}
+
+bool PoiEditorModel::AllGarminColours() const {
+    const WorkingBitmap& b = Shown();
+    if (b.HasPalette()) {
+        for (int i = 0; i < b.ColourCount(); ++i)
+            if (b.EntryFilled(i) && !IsGarminColour(static_cast<Colour>(b.Bitmap.Palette[static_cast<std::size_t>(i)].Colour)))
+                return false;
+        return true;
+    }
+    for (int y = 0; y < b.Height; ++y)
+        for (int x = 0; x < b.Width; ++x)
+            if (const auto colour = b.ShownColour({x, y}); colour && !IsGarminColour(static_cast<Colour>(*colour)))
+                return false;
+    return true;
+}
+
+void PoiEditorModel::UseGarminColours() {
+    WorkingBitmap b = Shown();
+    DecodedBitmap& d = b.Bitmap;
+    const auto garmin = [](std::uint32_t colour) {
+        return static_cast<std::uint32_t>(NearestGarminColour(static_cast<Colour>(colour)));
+    };
+    if (b.HasPalette()) {
+        for (PaletteEntry& entry : d.Palette) entry.Colour = garmin(entry.Colour);
+    } else {
+        for (int y = 0; y < b.Height; ++y)
+            for (int x = 0; x < b.Width; ++x)
+                if (b.ShownColour({x, y})) d.Colours.Set({x, y}, garmin(d.Colours.At({x, y})));
+    }
+    const bool palette = b.HasPalette();
+    CommitShown(std::move(b));
+    if (palette && !Paint.Transparent) PickEntry(Paint.Index);
+}
+
+std::optional<std::uint8_t> PoiEditorModel::AlphaFromText(const std::string& text) {
+    if (text.empty() || text.size() > 2 || text.find_first_not_of("0123456789") != std::string::npos)
+        return std::nullopt;
+    const int number = std::stoi(text);
+    if (number > kTransparentAlpha) return std::nullopt;
+    return static_cast<std::uint8_t>(number);
+}
+
+void PoiEditorModel::TakeImport(const ImportedBitmap& imported) {
+    if (imported.Width < 1 || imported.Height < 1) return;
+    CommitShown(BitmapOfImport(imported));
+    Paint = PoiPaint{};
+    if (Shown().HasPalette()) PickEntry(0);
+}
+
+bool PoiEditorModel::PastePicture(const RgbaPicture& picture) {
+    if (picture.Empty()) return false;
+    const PictureSize fitted = FitWithin(picture.Width, picture.Height, kMaxPoiSide);
+    const RgbaPicture scaled = ScalePicture(picture, std::max(fitted.Width, 1), std::max(fitted.Height, 1));
+    const auto imported = ImportWithQuestion(scaled, prompts_);
+    if (!imported) return false;
+    TakeImport(*imported);
+    return true;
 }
 
 }  // namespace mirvane
