@@ -1,5 +1,7 @@
 #include "app/shell/editor_launch.h"
 
+#include "app/draworder/draw_order_window.h"
+#include "app/poi/icons_window.h"
 #include "models/shell/main_window_model.h"
 
 namespace mirvane::app {
@@ -18,8 +20,8 @@ bool EditorBuilt(EditorWindow window) {
         case EditorWindow::Polygon: return false;
         case EditorWindow::Polyline: return false;
         case EditorWindow::Poi: return false;
-        case EditorWindow::DrawOrder: return false;
-        case EditorWindow::Icons: return false;
+        case EditorWindow::DrawOrder: return true;
+        case EditorWindow::Icons: return true;
     }
     return false;
 }
@@ -29,8 +31,8 @@ void OpenEditor(EditorWindow window, MainWindowModel& model, QWidget* parent, st
         case EditorWindow::Polygon: break;
         case EditorWindow::Polyline: break;
         case EditorWindow::Poi: break;
-        case EditorWindow::DrawOrder: break;
-        case EditorWindow::Icons: break;
+        case EditorWindow::DrawOrder: ShowDrawOrderWindow(model, parent); break;
+        case EditorWindow::Icons: ShowIconsWindow(model, parent); break;
     }
 }
 

@@ -152,10 +152,10 @@ std::string ExtraPoiBrowserModel::DetailText(int index) const {
     const PoiBitmap& day = r.Bitmaps[0];
     static const char kHex[] = "0123456789ABCDEF";
     const std::string colours =
-        day.ColourCount == 0 ? IconsText("    True colors (pas de palette)", "lblTrueColors")
-                             : "    " + IconsText("Couleurs:", "lblCouleurs") + " " + std::to_string(day.ColourCount);
+        day.ColourCount == 0 ? IconsText("True colors (pas de palette)", "lblTrueColors")
+                             : IconsText("Couleurs:", "lblCouleurs") + " " + std::to_string(day.ColourCount);
     return IconsText("Taille", "lblTaille") + ": " + std::to_string(r.Width) + " x  " + std::to_string(r.Height) +
-           colours + "\n" + "Colormode: " + kHex[day.ColourMode >> 4] + kHex[day.ColourMode & 15];
+           "    " + colours + "\n" + "Colormode: " + kHex[day.ColourMode >> 4] + kHex[day.ColourMode & 15];
 }
 
 PixelPicture ExtraPoiBrowserModel::Picture(int index) const {
