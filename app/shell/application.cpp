@@ -20,6 +20,8 @@
 #include "document/object_lookup.h"
 #include "models/shell/main_window_model.h"
 #include "models/shell/startup.h"
+#include "app/draworder/draw_order_window.h"
+#include "app/poi/icons_window.h"
 #include "app/lang/change_language.h"
 #include "app/mapsets/mapsets_window.h"
 #include "app/pattern/line_editor_window.h"
@@ -114,6 +116,8 @@ std::unique_ptr<QWidget> ScreenshotWindow(const ScreenshotScene& scene) {
     if (name == "frmTypSpeciaux") return std::make_unique<SpecialTypWindow>(prompts);
     if (name == "frmPolygone") return PolygonEditorWindowOn(scene.Model, scene.Object);
     if (name == "frmPolyline") return LineEditorWindowOn(scene.Model, scene.Object);
+    if (name == "frmDraworder") return DrawOrderWindowForScreenshot(scene.Model);
+    if (name == "frmIcones") return IconsWindowForScreenshot(scene.Model);
     if (name == "frmMapsets") {
         auto window = std::make_unique<MapsetsWindow>(LocalMapsetEnvironment(), prompts, nullptr, false);
         // The offscreen screen is 800 pixels wide, narrower than the window would make itself.

@@ -1,7 +1,9 @@
 #include "app/shell/editor_launch.h"
 
+#include "app/draworder/draw_order_window.h"
 #include "app/pattern/line_editor_window.h"
 #include "app/pattern/polygon_editor_window.h"
+#include "app/poi/icons_window.h"
 #include "app/poi/poi_editor_window.h"
 #include "models/shell/main_window_model.h"
 
@@ -16,25 +18,14 @@ EditorWindow EditorOf(ObjectKind kind) {
     return EditorWindow::Poi;
 }
 
-bool EditorBuilt(EditorWindow window) {
-    switch (window) {
-        case EditorWindow::Polygon: return true;
-        case EditorWindow::Polyline: return true;
-        case EditorWindow::Poi: return true;
-        case EditorWindow::DrawOrder: return false;
-        case EditorWindow::Icons: return false;
-    }
-    return false;
-}
-
 void OpenEditor(EditorWindow window, MainWindowModel& model, QWidget* parent, std::optional<ObjectRef> object) {
     const std::optional<int> row = object ? std::optional<int>(object->Row) : std::nullopt;
     switch (window) {
         case EditorWindow::Polygon: EditPolygon(model, parent, row); break;
         case EditorWindow::Polyline: EditLine(model, parent, row); break;
         case EditorWindow::Poi: OpenPoiEditor(model, parent, row); break;
-        case EditorWindow::DrawOrder: break;
-        case EditorWindow::Icons: break;
+        case EditorWindow::DrawOrder: ShowDrawOrderWindow(model, parent); break;
+        case EditorWindow::Icons: ShowIconsWindow(model, parent); break;
     }
 }
 

@@ -19,10 +19,6 @@ enum class EditorWindow { Polygon, Polyline, Poi, DrawOrder, Icons };
 
 EditorWindow EditorOf(ObjectKind kind);
 
-// Whether the program has that window; the buttons that open it stay
-// disabled until it does.
-bool EditorBuilt(EditorWindow window);
-
 // Shows the window modally over `parent`, on `object` (none: a new object, or
 // the whole document for the draw order and the browser). On OK the window
 // has written the document and told the model what changed.

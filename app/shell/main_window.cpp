@@ -548,14 +548,10 @@ void MainWindow::RefreshEnables() {
     const EnableState state = model_.Enables();
     for (ObjectKind kind : kObjectKinds) {
         const ObjectButtons buttons = ButtonsOf(kind);
-        const bool built = EditorBuilt(EditorOf(kind));
-        buttons.Add->setEnabled(state.ObjectCommands && built);
-        buttons.Edit->setEnabled(state.ObjectCommands && built);
-        buttons.Delete->setEnabled(state.ObjectCommands);
+        for (QPushButton* button : {buttons.Add, buttons.Edit, buttons.Delete}) button->setEnabled(state.ObjectCommands);
     }
-    cmdDraworder_->setEnabled(state.DrawOrder && EditorBuilt(EditorWindow::DrawOrder));
-    cmdIcones_->setEnabled(model_.HasDocument() && model_.Doc().Identity.HeaderSize >= 110 &&
-                           EditorBuilt(EditorWindow::Icons));
+    cmdDraworder_->setEnabled(state.DrawOrder);
+    cmdIcones_->setEnabled(model_.HasDocument() && model_.Doc().Identity.HeaderSize >= 110);
     txtFID_->setEnabled(state.IdentityFields);
     txtProductCode_->setEnabled(state.IdentityFields);
     cbbCodepage_->setEnabled(state.Combos);

@@ -307,16 +307,16 @@ TEST(DrawOrderModel, MovesChecksAndEntries) {
     DrawOrderModel model({{1, 0x001, 0}, {1, 0x003, 0}, {2, 0x10f, 1}});
     model.MoveToLevel(1, 2);
     EXPECT_EQ(model.Entries(), (std::vector<DrawOrderEntry>{{1, 1, 0}, {2, 3, 0}, {2, 0x10f, 1}}));
-    model.MoveToNewLevel(0, 2);  // into the gap between levels 1 and 2
-    EXPECT_EQ(model.Entries(), (std::vector<DrawOrderEntry>{{2, 1, 0}, {3, 3, 0}, {3, 0x10f, 1}}));
-    ASSERT_EQ(model.Levels().size(), 2u);
-    EXPECT_EQ(model.Levels()[1].Rows, (std::vector<int>{1, 2}));
+    model.MoveToNewLevel(2, 2);  // into the gap between levels 1 and 2
+    EXPECT_EQ(model.Entries(), (std::vector<DrawOrderEntry>{{1, 1, 0}, {2, 0x10f, 1}, {3, 3, 0}}));
+    ASSERT_EQ(model.Levels().size(), 3u);
+    EXPECT_EQ(model.Levels()[1].Rows, (std::vector<int>{2}));
 
     model.Rows()[2].Kept = false;
     model.AddRow();  // an empty row is dropped
     model.Rows().push_back({"0", "0", "0", true});  // all zero too
     model.Rows().push_back({"3", "1", "00", true});  // duplicates stay
-    EXPECT_EQ(model.Entries(), (std::vector<DrawOrderEntry>{{2, 1, 0}, {3, 1, 0}, {3, 3, 0}}));
+    EXPECT_EQ(model.Entries(), (std::vector<DrawOrderEntry>{{1, 1, 0}, {3, 1, 0}, {3, 3, 0}}));
     model.SetAllKept(false);
     EXPECT_TRUE(model.Entries().empty());
 

@@ -1,5 +1,6 @@
 #include "support/sample_document.h"
 
+#include "document/bitmap_codec.h"
 #include "document/encoding.h"
 #include "document/draw_order_table.h"
 #include "labels/label_block.h"
@@ -196,6 +197,56 @@ Document MakeSampleDocument(const SampleOptions& options) {
         SortDrawOrder(doc.DrawOrder);
     }
     return doc;
+}
+
+Bytes SampleSubIcon(int width, int height, int seed) {
+    DecodedBitmap bitmap;
+    bitmap.ColourMode = 16;
+    static const std::uint32_t kFills[] = {0x002020E0, 0x00E06020, 0x0040B040, 0x000080FF, 0x00A03090, 0x00A0A000};
+    bitmap.Palette = {{0x00303030, 0}, {kFills[seed % 6], 0}, {0x00FFFFFF, 0}};
+    const std::uint8_t transparent = static_cast<std::uint8_t>(bitmap.Palette.size());
+    const int bits = BitsPerPixel(bitmap.ColourMode, static_cast<int>(bitmap.Palette.size())).value_or(8);
+    bitmap.Indices = IndexGrid(PaddedRowWidth(width, bits), height, 0);
+    const double cx = (width - 1) / 2.0, cy = (height - 1) / 2.0;
+    const double rx = width / 2.0, ry = height / 2.0;
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            const double d = ((x - cx) * (x - cx)) / (rx * rx) + ((y - cy) * (y - cy)) / (ry * ry);
+            const std::uint8_t index = d > 1.0 ? transparent : d > 0.55 ? 0 : d > 0.08 ? 1 : 2;
+            bitmap.Indices.Set({x, y}, index);
+        }
+    }
+    const PoiBitmap day = EncodeBitmap(bitmap, width, height);
+    Bytes body{0x01, static_cast<std::uint8_t>(width), static_cast<std::uint8_t>(height), day.ColourCount,
+               day.ColourMode};
+    body.insert(body.end(), day.PaletteBytes.begin(), day.PaletteBytes.end());
+    body.insert(body.end(), day.PixelBytes.begin(), day.PixelBytes.end());
+    return PrefixedLabelBlock(body);
+}
+
+void AddSampleExtraPois(Document& doc, const std::vector<SampleExtraPoiGroup>& groups) {
+    doc.ExtraPoiDataBytes.clear();
+    doc.ExtraPoiIndexBytes.clear();
+    doc.ExtraPois.clear();
+    int seed = 0;
+    for (const SampleExtraPoiGroup& group : groups) {
+        const auto offset = static_cast<std::int32_t>(doc.ExtraPoiDataBytes.size());
+        doc.ExtraPoiDataBytes.push_back(static_cast<std::uint8_t>(group.Sizes.size()));
+        doc.ExtraPoiDataBytes.push_back(0);  // the group value
+        for (const auto& [width, height] : group.Sizes) {
+            const Bytes icon = SampleSubIcon(width, height, ++seed);
+            doc.ExtraPoiDataBytes.insert(doc.ExtraPoiDataBytes.end(), icon.begin(), icon.end());
+        }
+        const int key = group.Type * 32 + group.SubType;
+        doc.ExtraPoiIndexBytes.insert(doc.ExtraPoiIndexBytes.end(),
+                                      {static_cast<std::uint8_t>(key & 0xFF), static_cast<std::uint8_t>(key >> 8),
+                                       static_cast<std::uint8_t>(offset & 0xFF),
+                                       static_cast<std::uint8_t>((offset >> 8) & 0xFF),
+                                       static_cast<std::uint8_t>(offset >> 16)});
+        doc.ExtraPois.push_back({TypeText(group.Type), SubTypeText(group.SubType), offset});
+    }
+    doc.ExtraPoiCount = static_cast<int>(groups.size());
+    doc.Extra1.ExtraPoiIndexRecordSize = 5;
 }
 
 }  // namespace mirvane

@@ -48,18 +48,28 @@ void DrawOrderModel::SetAllKept(bool kept) {
 std::vector<DrawOrderLevel> DrawOrderModel::Levels() const {
     std::map<int, std::vector<int>> byLevel;
     for (int i = 0; i < static_cast<int>(rows_.size()); ++i)
-        if (rows_[i].Kept && LevelOf(rows_[i]) > 0) byLevel[LevelOf(rows_[i])].push_back(i);
+        if (LevelOf(rows_[i]) > 0) byLevel[LevelOf(rows_[i])].push_back(i);
     std::vector<DrawOrderLevel> levels;
     for (auto& [level, rows] : byLevel) levels.push_back({level, std::move(rows)});
     return levels;
 }
 
-void DrawOrderModel::MoveToLevel(int row, int level) { rows_.at(row).Level = std::to_string(level); }
+void DrawOrderModel::MoveToLevel(int row, int level) {
+    rows_.at(row).Level = std::to_string(level);
+    RenumberLevels();
+}
 
 void DrawOrderModel::MoveToNewLevel(int row, int newLevelBefore) {
+    rows_.at(row);  // a row that is not there moves nothing
     for (DrawOrderRow& r : rows_)
         if (LevelOf(r) >= newLevelBefore) r.Level = std::to_string(LevelOf(r) + 1);
     MoveToLevel(row, newLevelBefore);
+}
+
+void DrawOrderModel::RenumberLevels() {
+    const std::vector<DrawOrderLevel> levels = Levels();
+    for (int rank = 0; rank < static_cast<int>(levels.size()); ++rank)
+        for (int row : levels[rank].Rows) rows_[row].Level = std::to_string(rank + 1);
 }
 
 std::vector<DrawOrderEntry> DrawOrderModel::Entries() const {

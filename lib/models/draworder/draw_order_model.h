@@ -37,10 +37,13 @@ public:
     void AddRow() { rows_.push_back({}); }  // cmdAjouter
     void SetAllKept(bool kept);             // chkAll
 
-    // The kept rows with a level, by level.
+    // The rows with a level, kept or not, by level.
     std::vector<DrawOrderLevel> Levels() const;
     // Drops `row` onto an existing level, or, with `newLevelBefore`, into the
-    // gap before that level: the levels from there on move up by one.
+    // gap before that level (one past the last level: after it), the levels
+    // from there on moving up by one. Either way the levels are then numbered
+    // 1, 2, 3... again, so that a level emptied by the move leaves no hole;
+    // the file keeps only the order of the levels, not their numbers.
     void MoveToLevel(int row, int level);
     void MoveToNewLevel(int row, int newLevelBefore);
 
@@ -49,6 +52,8 @@ public:
     std::vector<DrawOrderEntry> Entries() const;
 
 private:
+    void RenumberLevels();
+
     std::vector<DrawOrderRow> rows_;
 };
 

@@ -1,0 +1,190 @@
+#include "models/poi/extra_poi_browser_model.h"
+
+#include "document/bitmap_codec.h"
+#include "document/encoding.h"
+#include "document/record_reader.h"
+#include "labels/label_block.h"
+#include "lang/lookup.h"
+
+namespace mirvane {
+
+namespace {
+
+std::string IconsText(const char* defaultText, const char* key) { return LookupText("Icones", defaultText, key); }
+
+// The body of a sub-icon is laid out as a POI record. A body that declares
+// no colours but does not fill its length as true colour is palette coded,
+// as the POI section's reader finds.
+SubIcon ReadSubIcon(const Bytes& data, int offset, int length) {
+    SubIcon icon{offset, length, {}, false};
+    bool forcePalette = false;
+    for (;;) {
+        icon.Record = PoiRecord{};
+        icon.Record.Bitmaps[0].ForcePalette = forcePalette;
+        bool failed = false;
+        FieldReader in(data, offset, [&failed](int) { failed = true; });
+        try {
+            ReadPoiRecord(in, icon.Record);
+        } catch (const SuspectBitmapFailure&) {
+            forcePalette = true;
+            continue;
+        }
+        if (!forcePalette && icon.Record.Bitmaps[0].ColourCount == 0 && PoiRecordLength(icon.Record) != length) {
+            forcePalette = true;
+            continue;
+        }
+        icon.Damaged = failed;
+        return icon;
+    }
+}
+
+}  // namespace
+
+std::vector<ExtraPoiGroup> ReadExtraPoiGroups(const Document& doc) {
+    const Bytes& index = doc.ExtraPoiIndexBytes;
+    const std::size_t size = doc.Extra1.ExtraPoiIndexRecordSize;
+    std::vector<ExtraPoiGroup> groups;
+    if (size < 3) return groups;
+    for (std::size_t row = 0; row + size <= index.size(); row += size) {
+        const std::uint8_t low = index[row];
+        const std::uint8_t high = size > 1 ? index[row + 1] : 0;
+        const std::size_t at = row + size - 3;  // the offset is always the last three bytes
+        const int offset = index[at] | (index[at + 1] << 8) | (index[at + 2] << 16);
+        groups.push_back({TypeText(high * 8 + (low >> 5)), SubTypeText(low & 31), offset});
+    }
+    return groups;
+}
+
+int EnlargementFactor(int width, int height) { return width < 49 && height < 49 ? 8 : 6; }
+
+ExtraPoiBrowserModel::ExtraPoiBrowserModel(const Document& doc, UserPrompts& prompts, PoiClipboard& clipboard)
+    : doc_(doc), prompts_(prompts), clipboard_(clipboard) {
+    Refresh();
+}
+
+void ExtraPoiBrowserModel::Refresh() {
+    groups_ = ReadExtraPoiGroups(doc_);
+    group_.reset();
+    declaredCount_ = 0;
+    subIcons_.clear();
+    bordered_.reset();
+    enlarged_.reset();
+}
+
+std::string ExtraPoiBrowserModel::ListHeading() const {
+    if (groups_.empty()) return IconsText(" Liste des Icônes  ( aucune icône )", "lblNoIcon");
+    return IconsText("  Liste des icônes", "lblListeIcones") + "  (" + std::to_string(groups_.size()) + ")";
+}
+
+void ExtraPoiBrowserModel::SelectGroup(int group) {
+    subIcons_.clear();
+    bordered_.reset();
+    enlarged_.reset();
+    declaredCount_ = 0;
+    group_.reset();
+    if (group < 0 || group >= static_cast<int>(groups_.size())) return;
+    group_ = group;
+    const Bytes& data = doc_.ExtraPoiDataBytes;
+    const auto end = static_cast<std::int64_t>(data.size());
+    std::int64_t at = groups_[group].Offset;
+    bool readable = at + 2 <= end;
+    if (readable) {
+        declaredCount_ = data[at];
+        at += 2;  // the count, then a group value nothing reads
+    }
+    for (int j = 0; readable && j < declaredCount_; ++j) {
+        const bool oneByte = at < end && LabelPrefixIsOneByte(data[at]);
+        const int prefix = oneByte ? 1 : 2;
+        readable = at + prefix <= end;
+        if (!readable) break;
+        const int length = LabelBlockLength(data[at], oneByte ? 0 : data[at + 1]) - prefix;
+        readable = length > 0;
+        if (!readable) break;
+        at += prefix;
+        subIcons_.push_back(ReadSubIcon(data, static_cast<int>(at), length));
+        at += length;
+    }
+    if (!readable)
+        prompts_.Warn(IconsText("Icônes", "frmIconesCaption"),
+                      IconsText("Il y a eu une erreur lors de la lecture d'icône n°", "msgErreurIcone1") +
+                          std::to_string(group + 1));
+    if (!AutoEnlargeOff && !subIcons_.empty()) ClickSubIcon(0);
+}
+
+std::string ExtraPoiBrowserModel::SubIconCountText() const {
+    return group_ ? std::to_string(declaredCount_) : std::string();
+}
+
+std::string ExtraPoiBrowserModel::SubIconsHeading() const {
+    const std::string caption = IconsText("Sous-icônes", "lblSousIcones");
+    return group_ ? caption + " (" + std::to_string(declaredCount_) + ")" : " " + caption;
+}
+
+void ExtraPoiBrowserModel::ClickSubIcon(int index) {
+    if (index < 0 || index >= std::min<int>(kThumbnails, static_cast<int>(subIcons_.size()))) return;
+    bordered_ = index;
+    enlarged_ = index;
+    if (subIcons_[index].Damaged)
+        prompts_.Warn(IconsText("Icônes", "frmIconesCaption"),
+                      IconsText("Il y a eu une erreur lors de la lecture de la sous-icône n°", "msgErreurOuverture1") +
+                          std::to_string(index + 1) + " " + IconsText("du groupe n°", "msgErreurOuverture2") +
+                          std::to_string(*group_ + 1));
+}
+
+int ExtraPoiBrowserModel::Zoom() const {
+    if (!enlarged_) return 8;
+    const PoiRecord& r = subIcons_[*enlarged_].Record;
+    return EnlargementFactor(r.Width, r.Height);
+}
+
+std::string ExtraPoiBrowserModel::EnlargedHeading() const {
+    return Zoom() == 8 ? IconsText(" Sous-icône   agrandie 8 fois", "lblx8")
+                       : IconsText(" Sous-icône   agrandie 6 fois", "lblx6");
+}
+
+std::string ExtraPoiBrowserModel::SizeText(int index) const {
+    const PoiRecord& r = subIcons_.at(index).Record;
+    return std::to_string(r.Width) + " x " + std::to_string(r.Height);
+}
+
+std::string ExtraPoiBrowserModel::DetailText(int index) const {
+    const PoiRecord& r = subIcons_.at(index).Record;
+    const PoiBitmap& day = r.Bitmaps[0];
+    static const char kHex[] = "0123456789ABCDEF";
+    const std::string colours =
+        day.ColourCount == 0 ? IconsText("True colors (pas de palette)", "lblTrueColors")
+                             : IconsText("Couleurs:", "lblCouleurs") + " " + std::to_string(day.ColourCount);
+    return IconsText("Taille", "lblTaille") + ": " + std::to_string(r.Width) + " x  " + std::to_string(r.Height) +
+           "    " + colours + "\n" + "Colormode: " + kHex[day.ColourMode >> 4] + kHex[day.ColourMode & 15];
+}
+
+PixelPicture ExtraPoiBrowserModel::Picture(int index) const {
+    PixelPicture picture = PictureOfPoi(DecodePoi(subIcons_.at(index).Record));
+    picture.Night.clear();
+    return picture;
+}
+
+std::optional<int> ExtraPoiBrowserModel::ActionSubIcon() const {
+    if (subIcons_.empty()) return std::nullopt;
+    if (bordered_ && *bordered_ < 4) return bordered_;
+    return 0;
+}
+
+bool ExtraPoiBrowserModel::Fits(int index) const {
+    const PoiRecord& r = subIcons_.at(index).Record;
+    return r.Width <= kMaxPoiSide && r.Height <= kMaxPoiSide;
+}
+
+bool ExtraPoiBrowserModel::ActionsEnabled() const {
+    const std::optional<int> taken = ActionSubIcon();
+    return taken && Fits(*taken) && (!enlarged_ || Fits(*enlarged_));
+}
+
+bool ExtraPoiBrowserModel::Copy() {
+    if (!ActionsEnabled()) return false;
+    const PoiRecord& r = subIcons_[*ActionSubIcon()].Record;
+    clipboard_.Bitmap = WorkingBitmap::FromRecord(r.Bitmaps[0], r.Width, r.Height);
+    return true;
+}
+
+}  // namespace mirvane

@@ -1,0 +1,105 @@
+// The additional POI browser without its window: groups read from the index,
+// sub-icons from the data, the enlargement, and what cmdCopier takes.
+#include <gtest/gtest.h>
+
+#include "models/poi/extra_poi_browser_model.h"
+#include "scripted_prompts.h"
+#include "support/sample_document.h"
+
+namespace mirvane {
+namespace {
+
+Document TwoGroups() {
+    Document doc;
+    AddSampleExtraPois(doc, {{0x11a, 0x01, {{48, 48}, {49, 10}, {65, 10}, {16, 16}, {12, 12}, {20, 30}}},
+                             {0x02f, 0x1f, {{8, 8}}}});
+    return doc;
+}
+
+TEST(ExtraPoiBrowser, ReadsGroupsAndSubIcons) {
+    Document doc = TwoGroups();
+    ScriptedPrompts prompts;
+    PoiClipboard clipboard;
+    ExtraPoiBrowserModel model(doc, prompts, clipboard);
+    ASSERT_EQ(model.Groups().size(), 2u);
+    EXPECT_EQ(model.Groups()[1], (ExtraPoiGroup{"02f", "1f", doc.ExtraPois[1].Offset}));
+    EXPECT_EQ(model.ListHeading(), "  Liste des icônes  (2)");
+
+    model.SelectGroup(0);
+    ASSERT_EQ(model.SubIcons().size(), 6u);
+    EXPECT_EQ(model.SubIconsHeading(), "Sous-icônes (6)");
+    EXPECT_EQ(model.SizeText(5), "20 x 30");
+    EXPECT_EQ(model.DetailText(3), "Taille: 16 x  16    Couleurs: 3\nColormode: 10");
+    EXPECT_EQ(model.Enlarged(), 0);  // the first, unless Check1 is ticked
+    EXPECT_EQ(model.Zoom(), 8);
+    model.ClickSubIcon(1);  // 49 x 10
+    EXPECT_EQ(model.Zoom(), 6);
+    EXPECT_EQ(model.EnlargedHeading(), " Sous-icône   agrandie 6 fois");
+
+    // A disk on a transparent ground: the corner shows the background.
+    const PixelPicture picture = model.Picture(3);
+    ASSERT_EQ(picture.Day.size(), 16u * 16u);
+    EXPECT_EQ(picture.Day[0], kTransparentPixel);
+    EXPECT_EQ(picture.Day[8 * 16 + 8], 0x00FFFFFF);
+
+    // Rows of 7 bytes: the offset is still the last three.
+    Document wide = TwoGroups();
+    wide.Extra1.ExtraPoiIndexRecordSize = 7;
+    for (int row : {1, 0}) wide.ExtraPoiIndexBytes.insert(wide.ExtraPoiIndexBytes.begin() + row * 5 + 2, {0xAA, 0xBB});
+    EXPECT_EQ(ReadExtraPoiGroups(wide), model.Groups());
+    EXPECT_TRUE(prompts.Log.empty());
+}
+
+TEST(ExtraPoiBrowser, CopyTakesTheFirstOfFourThumbnailsAndOnlyUpTo64) {
+    Document doc = TwoGroups();
+    ScriptedPrompts prompts;
+    PoiClipboard clipboard;
+    ExtraPoiBrowserModel model(doc, prompts, clipboard);
+    model.SelectGroup(0);
+    model.ClickSubIcon(2);  // 65 x 10 can be seen, neither copied nor edited
+    EXPECT_FALSE(model.ActionsEnabled());
+    EXPECT_FALSE(model.Copy());
+    EXPECT_FALSE(clipboard.Bitmap);
+
+    model.ClickSubIcon(3);
+    ASSERT_TRUE(model.Copy());
+    EXPECT_EQ(clipboard.Bitmap->Width, 16);
+    model.ClickSubIcon(4);  // the fifth is not looked for: the first is taken
+    EXPECT_EQ(model.ActionSubIcon(), 0);
+    ASSERT_TRUE(model.Copy());
+    const PoiRecord& first = model.SubIcons()[0].Record;
+    EXPECT_EQ(*clipboard.Bitmap, WorkingBitmap::FromRecord(first.Bitmaps[0], 48, 48));
+
+    model.AutoEnlargeOff = true;
+    model.SelectGroup(1);
+    EXPECT_FALSE(model.Enlarged());
+    EXPECT_EQ(model.ActionSubIcon(), 0);
+}
+
+TEST(ExtraPoiBrowser, NoGroupsAndDamagedGroups) {
+    Document none;
+    ScriptedPrompts prompts;
+    PoiClipboard clipboard;
+    ExtraPoiBrowserModel empty(none, prompts, clipboard);
+    EXPECT_EQ(empty.ListHeading(), " Liste des Icônes  ( aucune icône )");
+    empty.SelectGroup(0);
+    EXPECT_FALSE(empty.ActionsEnabled());
+    EXPECT_FALSE(empty.Copy());
+
+    // The data ends inside the third sub-icon of the first group.
+    Document cut = TwoGroups();
+    ExtraPoiBrowserModel model(cut, prompts, clipboard);
+    model.SelectGroup(0);
+    cut.ExtraPoiDataBytes.resize(model.SubIcons()[2].Offset + 10);
+    model.Refresh();
+    model.SelectGroup(0);
+    EXPECT_EQ(model.SubIcons().size(), 3u);
+    EXPECT_TRUE(model.SubIcons()[2].Damaged);
+    model.ClickSubIcon(2);
+    EXPECT_EQ(prompts.Texts("warn"),
+              (std::vector<std::string>{"Icônes|Il y a eu une erreur lors de la lecture d'icône n°1",
+                                        "Icônes|Il y a eu une erreur lors de la lecture de la sous-icône n°3 du groupe n°1"}));
+}
+
+}  // namespace
+}  // namespace mirvane
