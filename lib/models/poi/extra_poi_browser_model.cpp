@@ -5,38 +5,13 @@
 #include "document/record_reader.h"
 #include "labels/label_block.h"
 #include "lang/lookup.h"
+#include "models/poi/extra_poi_icons.h"
 
 namespace mirvane {
 
 namespace {
 
 std::string IconsText(const char* defaultText, const char* key) { return LookupText("Icones", defaultText, key); }
-
-// The body of a sub-icon is laid out as a POI record. A body that declares
-// no colours but does not fill its length as true colour is palette coded,
-// as the POI section's reader finds.
-SubIcon ReadSubIcon(const Bytes& data, int offset, int length) {
-    SubIcon icon{offset, length, {}, false};
-    bool forcePalette = false;
-    for (;;) {
-        icon.Record = PoiRecord{};
-        icon.Record.Bitmaps[0].ForcePalette = forcePalette;
-        bool failed = false;
-        FieldReader in(data, offset, [&failed](int) { failed = true; });
-        try {
-            ReadPoiRecord(in, icon.Record);
-        } catch (const SuspectBitmapFailure&) {
-            forcePalette = true;
-            continue;
-        }
-        if (!forcePalette && icon.Record.Bitmaps[0].ColourCount == 0 && PoiRecordLength(icon.Record) != length) {
-            forcePalette = true;
-            continue;
-        }
-        icon.Damaged = failed;
-        return icon;
-    }
-}
 
 }  // namespace
 
@@ -85,25 +60,15 @@ void ExtraPoiBrowserModel::SelectGroup(int group) {
     if (group < 0 || group >= static_cast<int>(groups_.size())) return;
     group_ = group;
     const Bytes& data = doc_.ExtraPoiDataBytes;
-    const auto end = static_cast<std::int64_t>(data.size());
-    std::int64_t at = groups_[group].Offset;
-    bool readable = at + 2 <= end;
-    if (readable) {
-        declaredCount_ = data[at];
-        at += 2;  // the count, then a group value nothing reads
+    const auto start = static_cast<std::size_t>(groups_[group].Offset);
+    const std::vector<SubIconSpan> spans = WalkSubIcons(data, start, declaredCount_);
+    const bool headerRead = start + 2 <= data.size();
+    for (const SubIconSpan& span : spans) {
+        SubIconBody body = ReadSubIconBody(data, span);
+        subIcons_.push_back({static_cast<int>(span.BodyStart()), static_cast<int>(span.BodyLength()),
+                             std::move(body.Record), body.Damaged});
     }
-    for (int j = 0; readable && j < declaredCount_; ++j) {
-        const bool oneByte = at < end && LabelPrefixIsOneByte(data[at]);
-        const int prefix = oneByte ? 1 : 2;
-        readable = at + prefix <= end;
-        if (!readable) break;
-        const int length = LabelBlockLength(data[at], oneByte ? 0 : data[at + 1]) - prefix;
-        readable = length > 0;
-        if (!readable) break;
-        at += prefix;
-        subIcons_.push_back(ReadSubIcon(data, static_cast<int>(at), length));
-        at += length;
-    }
+    const bool readable = headerRead && static_cast<int>(spans.size()) == declaredCount_;
     if (!readable)
         prompts_.Warn(IconsText("Icônes", "frmIconesCaption"),
                       IconsText("Il y a eu une erreur lors de la lecture d'icône n°", "msgErreurIcone1") +

@@ -1,6 +1,7 @@
 #include "models/poi/extra_poi_icons.h"
 
 #include "document/binary_writer.h"
+#include "document/encoding.h"
 #include "document/record_reader.h"
 #include "labels/label_block.h"
 
@@ -35,43 +36,63 @@ void MoveGroupsBehind(Document& doc, std::size_t after, std::ptrdiff_t delta) {
 
 }  // namespace
 
-std::vector<SubIconSpan> SubIconSpans(const Document& doc, int group) {
-    const auto start = GroupStart(doc, group);
-    if (!start) return {};
-    const Bytes& data = doc.ExtraPoiDataBytes;
-    const int count = data[*start];
+std::vector<SubIconSpan> WalkSubIcons(const Bytes& data, std::size_t groupStart, int& declared) {
+    declared = groupStart < data.size() ? data[groupStart] : 0;
     std::vector<SubIconSpan> spans;
-    std::size_t at = *start + kGroupHeaderLength;
-    for (int i = 0; i < count && at < data.size(); ++i) {
-        const std::uint8_t second = at + 1 < data.size() ? data[at + 1] : 0;
-        const auto length = static_cast<std::size_t>(LabelBlockLength(data[at], second));
-        if (length == 0 || at + length > data.size()) break;
-        spans.push_back({at, length});
+    std::size_t at = groupStart + kGroupHeaderLength;
+    for (int i = 0; i < declared && at < data.size(); ++i) {
+        const bool oneByte = LabelPrefixIsOneByte(data[at]);
+        if (!oneByte && at + 1 >= data.size()) break;
+        const auto length = static_cast<std::size_t>(LabelBlockLength(data[at], oneByte ? 0 : data[at + 1]));
+        const std::size_t prefix = oneByte ? 1 : 2;
+        if (length <= prefix) break;
+        spans.push_back({at, length, prefix});
         at += length;
     }
     return spans;
 }
 
+std::vector<SubIconSpan> SubIconSpans(const Document& doc, int group) {
+    const auto start = GroupStart(doc, group);
+    if (!start) return {};
+    int declared = 0;
+    std::vector<SubIconSpan> spans = WalkSubIcons(doc.ExtraPoiDataBytes, *start, declared);
+    if (!spans.empty() && spans.back().Start + spans.back().Length > doc.ExtraPoiDataBytes.size()) spans.pop_back();
+    return spans;
+}
+
+SubIconBody ReadSubIconBody(const Bytes& data, const SubIconSpan& span) {
+    const int offset = static_cast<int>(span.BodyStart());
+    const int length = static_cast<int>(span.BodyLength());
+    bool forcePalette = false;
+    for (;;) {
+        SubIconBody body;
+        body.Record.Bitmaps[0].ForcePalette = forcePalette;
+        FieldReader in(data, offset, [&body](int) { body.Damaged = true; });
+        try {
+            ReadPoiRecord(in, body.Record);
+        } catch (const SuspectBitmapFailure&) {
+            if (forcePalette) return {body.Record, true};
+            forcePalette = true;
+            continue;
+        }
+        if (!forcePalette && body.Record.Bitmaps[0].ColourCount == 0 && PoiRecordLength(body.Record) != length) {
+            forcePalette = true;
+            continue;
+        }
+        return body;
+    }
+}
+
 std::optional<PoiRecord> ReadSubIcon(const Document& doc, int group, int subIcon) {
     const auto spans = SubIconSpans(doc, group);
     if (subIcon < 0 || subIcon >= static_cast<int>(spans.size())) return std::nullopt;
-    const SubIconSpan& span = spans[static_cast<std::size_t>(subIcon)];
-    const std::size_t prefix = LabelPrefixIsOneByte(doc.ExtraPoiDataBytes[span.Start]) ? 1 : 2;
-    const Bytes body(doc.ExtraPoiDataBytes.begin() + static_cast<std::ptrdiff_t>(span.Start + prefix),
-                     doc.ExtraPoiDataBytes.begin() + static_cast<std::ptrdiff_t>(span.Start + span.Length));
-    bool failed = false;
-    FieldReader in(body, 0, [&failed](int) { failed = true; });
-    PoiRecord record;
-    try {
-        ReadPoiRecord(in, record);
-    } catch (const SuspectBitmapFailure&) {
-        failed = true;
-    }
-    if (failed) return std::nullopt;
+    SubIconBody body = ReadSubIconBody(doc.ExtraPoiDataBytes, spans[static_cast<std::size_t>(subIcon)]);
+    if (body.Damaged) return std::nullopt;
     const ExtraPoiRecord& row = doc.ExtraPois[static_cast<std::size_t>(group)];
-    record.Type = row.Type;
-    record.SubType = row.SubType;
-    return record;
+    body.Record.Type = row.Type;
+    body.Record.SubType = row.SubType;
+    return std::move(body.Record);
 }
 
 Bytes SubIconBytes(const PoiRecord& record) { return PrefixedLabelBlock(EncodePoiRecord(record)); }
