@@ -6,6 +6,7 @@
 #include "document/encoding.h"
 #include "document/file_messages.h"
 #include "document/presentation.h"
+#include "document/record_writer.h"
 #include "document/run_time_errors.h"
 #include "document/sorts.h"
 #include "document/draw_order_table.h"
@@ -178,40 +179,16 @@ private:
 
     void WritePolygons() {
         const Section s = WriteObjectSection(doc_.Polygons, [this](const PolygonRecord& r) {
-            out_.U8(r.Flags);
-            out_.Append(r.ColourBytes);
-            if (r.Flags & 0x08) out_.Append(r.PatternBytes);
-            if (r.Flags & 0x10) out_.Append(r.LabelBytes);
-            if (r.Flags & 0x20) out_.Append(r.ExtendedLabelBytes);
+            out_.Append(RecordBytesToWrite(r, EncodePolygonRecord(r)));
         });
         StoreSection(s, kPolygonFields);
     }
 
     void WritePois() {
-        const Section s = WriteObjectSection(doc_.Pois, [this](const PoiRecord& r) { WritePoi(r); });
+        const Section s = WriteObjectSection(doc_.Pois, [this](const PoiRecord& r) {
+            out_.Append(RecordBytesToWrite(r, EncodePoiRecord(r)));
+        });
         StoreSection(s, kPoiFields);
-    }
-
-    // Night pixels are written only under bit 0, though the reader reads a
-    // true colour night bitmap without it.
-    void WritePoi(const PoiRecord& r) {
-        const PoiBitmap& day = r.Bitmaps[0];
-        const PoiBitmap& night = r.Bitmaps[1];
-        out_.U8(r.Flags);
-        out_.U8(r.Width);
-        out_.U8(r.Height);
-        out_.U8(day.ColourCount);
-        out_.U8(day.ColourMode);
-        if (day.ColourCount != 0) out_.Append(day.PaletteBytes);
-        out_.Append(day.PixelBytes);
-        if (r.Flags & 0x02) {
-            out_.U8(night.ColourCount);
-            out_.U8(night.ColourMode);
-            if (night.ColourCount != 0) out_.Append(night.PaletteBytes);
-            if (r.Flags & 0x01) out_.Append(night.PixelBytes);
-        }
-        if (r.Flags & 0x04) out_.Append(r.LabelBytes);
-        if (r.Flags & 0x08) out_.Append(r.ExtendedLabelBytes);
     }
 
     void WritePolylines();
@@ -238,12 +215,7 @@ void BinaryTypWriter::WritePolylines() {
     }
     h.PolylineDataOffset = static_cast<std::int32_t>(out_.Position());
     h.PolylineDataLength = static_cast<std::int32_t>(WriteData(doc_.Polylines, [this](const PolylineRecord& r) {
-        out_.U8(r.Flags1);
-        out_.U8(r.Flags2);
-        out_.Append(r.ColourBytes);
-        out_.Append(r.PatternBytes);
-        if (r.Flags2 & 0x01) out_.Append(r.LabelBytes);
-        if (r.Flags2 & 0x04) out_.Append(r.ExtendedLabelBytes);
+        out_.Append(RecordBytesToWrite(r, EncodePolylineRecord(r)));
     }));
     h.PolylineIndexOffset = static_cast<std::int32_t>(out_.Position());
     h.PolylineIndexRecordSize = static_cast<std::uint16_t>(IndexRecordSize(h.PolylineDataLength));

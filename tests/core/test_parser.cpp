@@ -66,11 +66,11 @@ TEST(ParserSections, IdentityValuesAtFixedPlacesAndTheirRange) {
     EXPECT_EQ(applied.Identity.Fid, 7);  // the field stays as it was
 }
 
-TEST(ParserSections, CodePageTheComboCannotShowIsLoggedAndKeptForTheSave) {
+TEST(ParserSections, Utf8CodePageIsTakenLikeTheOthers) {
     Document doc;
     ParseTypText(doc, "[_id]\nCodePage=65001\n[End]\n");
     EXPECT_EQ(doc.Identity.CodePage, 65001);
-    EXPECT_EQ(doc.ReadErrorLog, "\r\nLigne 2 : \"CodePage=65001\"");
+    EXPECT_EQ(doc.ReadErrorLog, "");
     ParseTypText(doc, "[_id]\nCodePage=1251\n[End]\n");
     EXPECT_EQ(doc.Identity.CodePage, 1251);
     ParseTypText(doc, "[_id]\nCodePage=70000\n[End]\n");
