@@ -268,7 +268,9 @@ void BinaryTypWriter::WriteExtraPolylineIndex(std::vector<ExtraPolylineIndexRow>
 }
 
 // One entry a type and level, subtypes gathered in its mask, one separator
-// of five zero bytes before each higher level however large the step.
+// of five zero bytes before each higher level however large the step. The
+// count starts at level 1, so that an empty first level (as mkgmap writes
+// it) is kept.
 void BinaryTypWriter::WriteDrawOrder() {
     TypHeader& h = doc_.Header;
     if (doc_.DrawOrder.empty()) {
@@ -282,7 +284,7 @@ void BinaryTypWriter::WriteDrawOrder() {
     const std::vector<DrawOrderEntry>& table = doc_.DrawOrder;
     for (std::size_t i = 0; i < table.size(); ++i) {
         const DrawOrderEntry& entry = table[i];
-        if (i > 0 && entry.Level > table[i - 1].Level) out_.LittleEndian(0, 5);
+        if (entry.Level > (i > 0 ? table[i - 1].Level : 1)) out_.LittleEndian(0, 5);
         if (i > 0 && entry.Level == table[i - 1].Level && entry.Type == table[i - 1].Type) continue;
         out_.U8(static_cast<std::uint8_t>(entry.Type & 0xFF));
         std::uint64_t mask = 0;
