@@ -491,9 +491,10 @@ void BinaryTypReader::ReadPolygons() {
     }
 }
 
-// Extra polylines alone are not read: their records need the regular section.
+// Active-routing lines share the data section of the regular ones, which
+// may hold them alone.
 void BinaryTypReader::ReadPolylines() {
-    if (doc_.PolylineCount >= 1) {
+    if (!doc_.Polylines.empty() && doc_.PolylineDataBase >= 1) {
         const NextOffsetFinder next(doc_.Polylines);
         for (PolylineRecord& polyline : doc_.Polylines) {
             SetContext("Erreur dans la lecture de la polyligne", "msgErreurPolyligne", polyline.Type,
