@@ -1,5 +1,6 @@
 // Any bytes read as a binary TYP: the reader must log and go on, never crash,
-// hang or read outside the buffer. A clean read is also written back.
+// hang or read outside the buffer. A clean read is also written back, and
+// what was written must read back cleanly.
 #include <cstddef>
 #include <cstdint>
 
@@ -12,7 +13,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     mirvane::ReadBinaryTyp(doc, file, "fuzz.typ");
     if (!doc.ReadErrorFlag) {
         mirvane::Bytes out;
-        mirvane::BuildBinaryTyp(doc, out, {});
+        if (mirvane::BuildBinaryTyp(doc, out, {})) return 0;
+        mirvane::Document reread;
+        mirvane::ReadBinaryTyp(reread, out, "rewritten.typ");
+        if (reread.ReadErrorFlag) __builtin_trap();
     }
     return 0;
 }

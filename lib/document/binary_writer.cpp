@@ -352,16 +352,18 @@ void BinaryTypWriter::PlaceRawSections() {
         doc_.Extra4 = {};
         return;
     }
-    // Label sections are placed whenever there is label text, even with an
-    // empty first table, so that no section is ever written at a stale offset.
+    // The three label sections are placed whenever one holds bytes, and each
+    // declares the length it holds, so that none is ever declared at a stale
+    // offset or past the end of the file.
     HeaderExtra2& x2 = doc_.Extra2;
-    if (doc_.LabelCount > 0 || !doc_.LabelTextBytes.empty()) {
-        x2.LabelTextOffset = static_cast<std::int32_t>(e);
-        x2.LabelTextLength = static_cast<std::int32_t>(doc_.LabelTextBytes.size());
-        x2.LabelTable1Offset = x2.LabelTextOffset + x2.LabelTextLength;
-        x2.LabelTable1Length = static_cast<std::int32_t>(doc_.LabelTable1Bytes.size());
-        x2.LabelTable2Offset = x2.LabelTable1Offset + x2.LabelTable1Length;
-    }
+    const bool labels = doc_.LabelCount > 0 || !doc_.LabelTextBytes.empty() || !doc_.LabelTable1Bytes.empty() ||
+                        !doc_.LabelTable2Bytes.empty();
+    x2.LabelTextOffset = labels ? static_cast<std::int32_t>(e) : 0;
+    x2.LabelTextLength = static_cast<std::int32_t>(doc_.LabelTextBytes.size());
+    x2.LabelTable1Offset = labels ? x2.LabelTextOffset + x2.LabelTextLength : 0;
+    x2.LabelTable1Length = static_cast<std::int32_t>(doc_.LabelTable1Bytes.size());
+    x2.LabelTable2Offset = labels ? x2.LabelTable1Offset + x2.LabelTable1Length : 0;
+    x2.LabelTable2Length = static_cast<std::int32_t>(doc_.LabelTable2Bytes.size());
     if (h.HeaderSize < 157) {
         doc_.Extra3 = {};
         doc_.Extra4 = {};
@@ -433,7 +435,7 @@ void BinaryTypWriter::WriteRawSections() {
         writeAt(doc_.Extra1.ExtraPoiDataOffset, doc_.ExtraPoiDataBytes);
         writeAt(doc_.Extra1.ExtraPoiIndexOffset, doc_.ExtraPoiIndexBytes);
     }
-    if (doc_.Extra2.LabelTextLength > 0) {
+    if (doc_.Extra2.LabelTextOffset > 0) {
         writeAt(doc_.Extra2.LabelTextOffset, doc_.LabelTextBytes);
         writeAt(doc_.Extra2.LabelTable1Offset, doc_.LabelTable1Bytes);
         writeAt(doc_.Extra2.LabelTable2Offset, doc_.LabelTable2Bytes);

@@ -87,6 +87,24 @@ TEST(DamagedInput, ColourLayoutsTwoAndFourAreReadAndSavedAsKnownOnes) {
     EXPECT_EQ(saved.Polygons[1].ColourBytes, doc.Polygons[1].ColourBytes);
 }
 
+// An extended label byte above 0x1F counts as its own length and runs into
+// the next record: saved unchanged, the record keeps its own bytes and the
+// next one is not duplicated into it.
+TEST(DamagedInput, OddRecordIsWrittenBackWithItsOwnBytes) {
+    Document source = MakeSampleDocument({2, 0, 0, 16, false});
+    const Bytes odd{0x26, 1, 2, 3, 0x28};
+    GiveRawBytes(source.Polygons[0], odd);
+    Bytes file;
+    ASSERT_FALSE(BuildBinaryTyp(source, file, {}).has_value());
+    Document doc = Read(file);
+    ASSERT_FALSE(BuildBinaryTyp(doc, file, {}).has_value());
+    const Document again = Read(file);
+    EXPECT_EQ(again.ReadErrorLog, doc.ReadErrorLog);
+    const auto start = file.begin() + again.Header.PolygonDataOffset;
+    EXPECT_EQ(Bytes(start, start + 5), odd);
+    EXPECT_EQ(again.Polygons[1].ColourBytes, source.Polygons[1].ColourBytes);
+}
+
 TEST(DamagedInput, PaletteBitmapDeclaringNoColoursIsReadAgainWithPalette) {
     Document source = MakeSampleDocument({0, 0, 2, 16, false});
     // POI 0 declares 0 colours but holds 1-bit palette pixels; POI 1 follows it.
