@@ -1,5 +1,6 @@
 #include "document/binary_writer.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "base/file_io.h"
@@ -46,6 +47,10 @@ public:
         for (std::uint8_t b : bytes) U8(b);
     }
     void Reserve(std::size_t size) { bytes_.reserve(size); }
+    // Zeros at the end up to `size` bytes in all.
+    void PadTo(std::int64_t size) {
+        if (size > static_cast<std::int64_t>(bytes_.size())) bytes_.resize(static_cast<std::size_t>(size), 0);
+    }
     Bytes Take() { return std::move(bytes_); }
 
 private:
@@ -91,6 +96,7 @@ public:
         PlaceRawSections();
         WriteHeader();
         WriteRawSections();
+        out_.PadTo(readEnd_);
         return out_.Take();
     }
 
@@ -143,6 +149,14 @@ private:
         h.*fields.IndexLength = s.IndexLength;
     }
 
+    // A record written with source bytes shorter than its fields reads on
+    // past them, as it did in its own file: the file must reach that far.
+    template <typename Record>
+    void WriteRecord(const Record& record, Bytes encoded) {
+        readEnd_ = std::max(readEnd_, out_.Position() + static_cast<std::int64_t>(encoded.size()));
+        out_.Append(RecordBytesToWrite(record, std::move(encoded)));
+    }
+
     template <typename Record, typename WriteRecord>
     std::int64_t WriteData(std::vector<Record>& records, WriteRecord writeRecord) {
         const std::int64_t start = out_.Position();
@@ -179,14 +193,14 @@ private:
 
     void WritePolygons() {
         const Section s = WriteObjectSection(doc_.Polygons, [this](const PolygonRecord& r) {
-            out_.Append(RecordBytesToWrite(r, EncodePolygonRecord(r)));
+            WriteRecord(r, EncodePolygonRecord(r));
         });
         StoreSection(s, kPolygonFields);
     }
 
     void WritePois() {
         const Section s = WriteObjectSection(doc_.Pois, [this](const PoiRecord& r) {
-            out_.Append(RecordBytesToWrite(r, EncodePoiRecord(r)));
+            WriteRecord(r, EncodePoiRecord(r));
         });
         StoreSection(s, kPoiFields);
     }
@@ -203,6 +217,7 @@ private:
     SaveTime time_;
     ByteSink out_;
     int headerSize_ = 0;
+    std::int64_t readEnd_ = 0;
 };
 
 void BinaryTypWriter::WritePolylines() {
@@ -215,7 +230,7 @@ void BinaryTypWriter::WritePolylines() {
     }
     h.PolylineDataOffset = static_cast<std::int32_t>(out_.Position());
     h.PolylineDataLength = static_cast<std::int32_t>(WriteData(doc_.Polylines, [this](const PolylineRecord& r) {
-        out_.Append(RecordBytesToWrite(r, EncodePolylineRecord(r)));
+        WriteRecord(r, EncodePolylineRecord(r));
     }));
     h.PolylineIndexOffset = static_cast<std::int32_t>(out_.Position());
     h.PolylineIndexRecordSize = static_cast<std::uint16_t>(IndexRecordSize(h.PolylineDataLength));
