@@ -91,7 +91,7 @@ TEST(DamagedInput, ColourLayoutsTwoAndFourAreReadAndSavedAsKnownOnes) {
 // the next record: saved unchanged, the record keeps its own bytes and the
 // next one is not duplicated into it.
 TEST(DamagedInput, OddRecordIsWrittenBackWithItsOwnBytes) {
-    Document source = MakeSampleDocument({2, 0, 0, 16, false});
+    Document source = MakeSampleDocument({2, 0, 2, 16, false});
     const Bytes odd{0x26, 1, 2, 3, 0x28};
     GiveRawBytes(source.Polygons[0], odd);
     Bytes file;
