@@ -27,6 +27,7 @@
 
 #include "app/colour/colour_identifier.h"
 #include "app/text/compiler_window.h"
+#include "document/identity.h"
 #include "document/presentation.h"
 #include "models/textpane/text_pane_session.h"
 #include "models/preview/preview_pane.h"
@@ -287,7 +288,7 @@ QWidget* MainWindow::BuildHeaderPanel() {
     txtProductCode_->setValidator(digits);
     cbbCodepage_ = new QComboBox(header);
     cbbCodepage_->setObjectName("cbbCodepage");
-    for (int page = 1250; page <= 1258; ++page) cbbCodepage_->addItem(QString::number(page));
+    for (int page : kListedCodePages) cbbCodepage_->addItem(QString::number(page));
     cbbHeadersize_ = new QComboBox(header);
     cbbHeadersize_->setObjectName("cbbHeadersize");
 

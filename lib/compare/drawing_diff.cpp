@@ -75,9 +75,16 @@ private:
         return DecodePoi(doc.Pois[ref.Row]).Status();
     }
 
+    // A solid polygon draws its foregrounds alone.
+    static ColourRoles DrawnRoles(const DecodedPolygon& polygon) {
+        ColourRoles roles = polygon.Roles();
+        if (!polygon.Pattern) roles.DayBackground = roles.NightBackground = std::nullopt;
+        return roles;
+    }
+
     std::optional<ColourRoles> RolesOf(const Document& doc, ObjectRef ref) const {
         switch (ref.Kind) {
-            case ObjectKind::Polygon: return DecodePolygon(doc.Polygons[ref.Row]).Roles();
+            case ObjectKind::Polygon: return DrawnRoles(DecodePolygon(doc.Polygons[ref.Row]));
             case ObjectKind::Polyline: return DecodePolyline(doc.Polylines[ref.Row]).Roles();
             case ObjectKind::Poi: break;
         }

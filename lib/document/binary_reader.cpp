@@ -8,6 +8,7 @@
 #include "document/error_log.h"
 #include "document/presentation.h"
 #include "document/record_reader.h"
+#include "document/record_writer.h"
 #include "document/run_time_errors.h"
 #include "document/sorts.h"
 #include "document/draw_order_table.h"
@@ -40,6 +41,9 @@ public:
 private:
     std::vector<std::int32_t> offsets_;
 };
+
+// Colour layouts 2 and 4, which only some older editors wrote.
+bool IsRareLayout(std::uint8_t flags) { return (flags & 7) == 2 || (flags & 7) == 4; }
 
 class BinaryTypReader {
 public:
@@ -92,6 +96,23 @@ private:
         context_ = {defaultText, key, type, subType};
     }
 
+    // A record unchanged since now is written back with the bytes it was
+    // read from, unless they hold a colour layout few decoders know. They are
+    // kept up to the size of the file in all, so that records sharing an
+    // offset cannot make a small file take much memory.
+    template <typename Record>
+    void KeepSource(Record& record, std::int32_t base, std::int64_t distance, Bytes encoded,
+                    bool rareLayout) {
+        const std::int64_t size = static_cast<std::int64_t>(file_.size());
+        const std::int64_t start = static_cast<std::int64_t>(base) + record.Offset;
+        if (rareLayout || distance <= 0 || start < 0 || start + distance > size || keptBytes_ + distance > size)
+            return;
+        const auto first = file_.begin() + start;
+        if (std::equal(first, first + distance, encoded.begin(), encoded.end())) return;
+        record.Source = {Bytes(first, first + distance), std::move(encoded)};
+        keptBytes_ += distance;
+    }
+
     void ReadHeader();
     void ReadHeaderExtensions();
     void ReadRawSections();
@@ -116,6 +137,7 @@ private:
     const Bytes& file_;
     Context context_;
     CappedErrorLog log_{doc_};
+    std::int64_t keptBytes_ = 0;
 };
 
 void BinaryTypReader::ReadHeader() {
@@ -183,8 +205,8 @@ void BinaryTypReader::FillIdentity() {
     id.ProductCode = static_cast<std::uint16_t>(h.ProductCode);
     id.HeaderSize = h.HeaderSize;
     // A code page the program does not list is logged and kept; a file
-    // without one is saved with the default. UTF-8 files are valid.
-    if (!IsListedCodePage(h.CodePage) && h.CodePage != kUtf8CodePage) LogRunTimeError(kErrInvalidPropertyValue);
+    // without one (0, as some compilers leave it) is saved with the default.
+    if (h.CodePage != 0 && !IsListedCodePage(h.CodePage)) LogRunTimeError(kErrInvalidPropertyValue);
     if (h.CodePage != 0) id.CodePage = h.CodePage;
 }
 
@@ -402,6 +424,7 @@ void BinaryTypReader::ReadIndexes() {
 }
 
 // Levels are not stored: each separator of five zero bytes starts the next.
+// A zero type byte with subtypes in its mask is type 0x100, not a separator.
 // Only one separator is stepped over at a time, so two in a row give an
 // entry of type 0.
 void BinaryTypReader::ReadDrawOrder() {
@@ -413,13 +436,14 @@ void BinaryTypReader::ReadDrawOrder() {
     for (int p = 1; p <= length; p += 5) {
         in.Seek(base + p - 1);
         std::uint8_t type = in.U8();
-        if (type == 0) {
+        if (type == 0 && (p + 4 > length || in.I32() == 0)) {
             p += 5;
             in.Seek(base + p - 1);
             type = in.U8();
             ++level;
         }
         if (p > length) break;
+        in.Seek(base + p);
         const std::uint32_t mask = static_cast<std::uint32_t>(in.I32());
         if (mask == 0) {
             doc_.DrawOrder.push_back({level, type, 0});
@@ -459,6 +483,7 @@ void BinaryTypReader::ReadPolygons() {
         ReadPolygonRecord(in, polygon);
         const std::int64_t distance = next.DistanceToNext(polygon.Offset, doc_.Header.PolygonDataLength);
         polygon.Length = static_cast<std::int32_t>(distance);
+        KeepSource(polygon, doc_.PolygonDataBase, distance, EncodePolygonRecord(polygon), IsRareLayout(polygon.Flags));
         if (PolygonRecordLength(polygon) != distance)
             LogLine("msgErreurPolygone2", [&] {
                 return MainText("Erreur dans la longueur du polygone", "msgErreurPolygone2") +
@@ -467,15 +492,20 @@ void BinaryTypReader::ReadPolygons() {
     }
 }
 
-// Extra polylines alone are not read: their records need the regular section.
+// Active-routing lines share the data section of the regular ones, which
+// may hold them alone.
 void BinaryTypReader::ReadPolylines() {
-    if (doc_.PolylineCount >= 1) {
+    if (!doc_.Polylines.empty() && doc_.PolylineDataBase >= 1) {
+        const NextOffsetFinder next(doc_.Polylines);
         for (PolylineRecord& polyline : doc_.Polylines) {
             SetContext("Erreur dans la lecture de la polyligne", "msgErreurPolyligne", polyline.Type,
                        polyline.SubType);
             FieldReader in = At(static_cast<std::int64_t>(doc_.PolylineDataBase) + polyline.Offset);
             ReadPolylineRecord(in, polyline);
             polyline.Length = PolylineRecordLength(polyline);
+            KeepSource(polyline, doc_.PolylineDataBase,
+                       next.DistanceToNext(polyline.Offset, doc_.Header.PolylineDataLength),
+                       EncodePolylineRecord(polyline), IsRareLayout(polyline.Flags1));
         }
     }
     SortPolylinesForDisplay(doc_.Polylines);
@@ -486,6 +516,7 @@ void BinaryTypReader::ReadPois() {
     for (PoiRecord& poi : doc_.Pois) {
         SetContext("Erreur dans la lecture du POI", "msgErreurPOI", poi.Type, poi.SubType);
         ReadOnePoi(poi, next);
+        KeepSource(poi, doc_.PoiDataBase, poi.Length, EncodePoiRecord(poi), false);
     }
 }
 

@@ -1,11 +1,13 @@
 #include "document/binary_writer.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "base/file_io.h"
 #include "document/encoding.h"
 #include "document/file_messages.h"
 #include "document/presentation.h"
+#include "document/record_writer.h"
 #include "document/run_time_errors.h"
 #include "document/sorts.h"
 #include "document/draw_order_table.h"
@@ -45,6 +47,10 @@ public:
         for (std::uint8_t b : bytes) U8(b);
     }
     void Reserve(std::size_t size) { bytes_.reserve(size); }
+    // Zeros at the end up to `size` bytes in all.
+    void PadTo(std::int64_t size) {
+        if (size > static_cast<std::int64_t>(bytes_.size())) bytes_.resize(static_cast<std::size_t>(size), 0);
+    }
     Bytes Take() { return std::move(bytes_); }
 
 private:
@@ -90,6 +96,7 @@ public:
         PlaceRawSections();
         WriteHeader();
         WriteRawSections();
+        out_.PadTo(readEnd_);
         return out_.Take();
     }
 
@@ -142,6 +149,14 @@ private:
         h.*fields.IndexLength = s.IndexLength;
     }
 
+    // A record written with source bytes shorter than its fields reads on
+    // past them, as it did in its own file: the file must reach that far.
+    template <typename Record>
+    void WriteRecord(const Record& record, Bytes encoded) {
+        readEnd_ = std::max(readEnd_, out_.Position() + static_cast<std::int64_t>(encoded.size()));
+        out_.Append(RecordBytesToWrite(record, std::move(encoded)));
+    }
+
     template <typename Record, typename WriteRecord>
     std::int64_t WriteData(std::vector<Record>& records, WriteRecord writeRecord) {
         const std::int64_t start = out_.Position();
@@ -178,23 +193,17 @@ private:
 
     void WritePolygons() {
         const Section s = WriteObjectSection(doc_.Polygons, [this](const PolygonRecord& r) {
-            out_.U8(r.Flags);
-            out_.Append(r.ColourBytes);
-            if (r.Flags & 0x08) out_.Append(r.PatternBytes);
-            if (r.Flags & 0x10) out_.Append(r.LabelBytes);
-            if (r.Flags & 0x20) out_.Append(r.ExtendedLabelBytes);
+            WriteRecord(r, EncodePolygonRecord(r));
         });
         StoreSection(s, kPolygonFields);
     }
 
     void WritePois() {
-        const Section s = WriteObjectSection(doc_.Pois, [this](const PoiRecord& r) { WritePoi(r); });
+        const Section s = WriteObjectSection(doc_.Pois, [this](const PoiRecord& r) {
+            WriteRecord(r, EncodePoiRecord(r));
+        });
         StoreSection(s, kPoiFields);
     }
-
-    // Night pixels are written only under bit 0, though the reader reads a
-    // true colour night bitmap without it.
-    void WritePoi(const PoiRecord& r) { out_.Append(EncodePoiRecord(r)); }
 
     void WritePolylines();
     void WriteExtraPolylineIndex(std::vector<ExtraPolylineIndexRow>& extraRows);
@@ -208,6 +217,7 @@ private:
     SaveTime time_;
     ByteSink out_;
     int headerSize_ = 0;
+    std::int64_t readEnd_ = 0;
 };
 
 void BinaryTypWriter::WritePolylines() {
@@ -220,12 +230,7 @@ void BinaryTypWriter::WritePolylines() {
     }
     h.PolylineDataOffset = static_cast<std::int32_t>(out_.Position());
     h.PolylineDataLength = static_cast<std::int32_t>(WriteData(doc_.Polylines, [this](const PolylineRecord& r) {
-        out_.U8(r.Flags1);
-        out_.U8(r.Flags2);
-        out_.Append(r.ColourBytes);
-        out_.Append(r.PatternBytes);
-        if (r.Flags2 & 0x01) out_.Append(r.LabelBytes);
-        if (r.Flags2 & 0x04) out_.Append(r.ExtendedLabelBytes);
+        WriteRecord(r, EncodePolylineRecord(r));
     }));
     h.PolylineIndexOffset = static_cast<std::int32_t>(out_.Position());
     h.PolylineIndexRecordSize = static_cast<std::uint16_t>(IndexRecordSize(h.PolylineDataLength));
@@ -278,7 +283,9 @@ void BinaryTypWriter::WriteExtraPolylineIndex(std::vector<ExtraPolylineIndexRow>
 }
 
 // One entry a type and level, subtypes gathered in its mask, one separator
-// of five zero bytes before each higher level however large the step.
+// of five zero bytes before each higher level however large the step. The
+// count starts at level 1, so that an empty first level (as mkgmap writes
+// it) is kept.
 void BinaryTypWriter::WriteDrawOrder() {
     TypHeader& h = doc_.Header;
     if (doc_.DrawOrder.empty()) {
@@ -292,7 +299,7 @@ void BinaryTypWriter::WriteDrawOrder() {
     const std::vector<DrawOrderEntry>& table = doc_.DrawOrder;
     for (std::size_t i = 0; i < table.size(); ++i) {
         const DrawOrderEntry& entry = table[i];
-        if (i > 0 && entry.Level > table[i - 1].Level) out_.LittleEndian(0, 5);
+        if (entry.Level > (i > 0 ? table[i - 1].Level : 1)) out_.LittleEndian(0, 5);
         if (i > 0 && entry.Level == table[i - 1].Level && entry.Type == table[i - 1].Type) continue;
         out_.U8(static_cast<std::uint8_t>(entry.Type & 0xFF));
         std::uint64_t mask = 0;
@@ -360,16 +367,18 @@ void BinaryTypWriter::PlaceRawSections() {
         doc_.Extra4 = {};
         return;
     }
-    // Label sections are placed whenever there is label text, even with an
-    // empty first table, so that no section is ever written at a stale offset.
+    // The three label sections are placed whenever one holds bytes, and each
+    // declares the length it holds, so that none is ever declared at a stale
+    // offset or past the end of the file.
     HeaderExtra2& x2 = doc_.Extra2;
-    if (doc_.LabelCount > 0 || !doc_.LabelTextBytes.empty()) {
-        x2.LabelTextOffset = static_cast<std::int32_t>(e);
-        x2.LabelTextLength = static_cast<std::int32_t>(doc_.LabelTextBytes.size());
-        x2.LabelTable1Offset = x2.LabelTextOffset + x2.LabelTextLength;
-        x2.LabelTable1Length = static_cast<std::int32_t>(doc_.LabelTable1Bytes.size());
-        x2.LabelTable2Offset = x2.LabelTable1Offset + x2.LabelTable1Length;
-    }
+    const bool labels = doc_.LabelCount > 0 || !doc_.LabelTextBytes.empty() || !doc_.LabelTable1Bytes.empty() ||
+                        !doc_.LabelTable2Bytes.empty();
+    x2.LabelTextOffset = labels ? static_cast<std::int32_t>(e) : 0;
+    x2.LabelTextLength = static_cast<std::int32_t>(doc_.LabelTextBytes.size());
+    x2.LabelTable1Offset = labels ? x2.LabelTextOffset + x2.LabelTextLength : 0;
+    x2.LabelTable1Length = static_cast<std::int32_t>(doc_.LabelTable1Bytes.size());
+    x2.LabelTable2Offset = labels ? x2.LabelTable1Offset + x2.LabelTable1Length : 0;
+    x2.LabelTable2Length = static_cast<std::int32_t>(doc_.LabelTable2Bytes.size());
     if (h.HeaderSize < 157) {
         doc_.Extra3 = {};
         doc_.Extra4 = {};
@@ -441,7 +450,7 @@ void BinaryTypWriter::WriteRawSections() {
         writeAt(doc_.Extra1.ExtraPoiDataOffset, doc_.ExtraPoiDataBytes);
         writeAt(doc_.Extra1.ExtraPoiIndexOffset, doc_.ExtraPoiIndexBytes);
     }
-    if (doc_.Extra2.LabelTextLength > 0) {
+    if (doc_.Extra2.LabelTextOffset > 0) {
         writeAt(doc_.Extra2.LabelTextOffset, doc_.LabelTextBytes);
         writeAt(doc_.Extra2.LabelTable1Offset, doc_.LabelTable1Bytes);
         writeAt(doc_.Extra2.LabelTable2Offset, doc_.LabelTable2Bytes);
@@ -449,24 +458,6 @@ void BinaryTypWriter::WriteRawSections() {
 }
 
 }  // namespace
-
-Bytes EncodePoiRecord(const PoiRecord& r) {
-    const PoiBitmap& day = r.Bitmaps[0];
-    const PoiBitmap& night = r.Bitmaps[1];
-    Bytes out{r.Flags, r.Width, r.Height, day.ColourCount, day.ColourMode};
-    const auto append = [&out](const Bytes& block) { out.insert(out.end(), block.begin(), block.end()); };
-    if (day.ColourCount != 0) append(day.PaletteBytes);
-    append(day.PixelBytes);
-    if (r.Flags & 0x02) {
-        out.push_back(night.ColourCount);
-        out.push_back(night.ColourMode);
-        if (night.ColourCount != 0) append(night.PaletteBytes);
-        if (r.Flags & 0x01) append(night.PixelBytes);
-    }
-    if (r.Flags & 0x04) append(r.LabelBytes);
-    if (r.Flags & 0x08) append(r.ExtendedLabelBytes);
-    return out;
-}
 
 std::optional<SaveFailure> BuildBinaryTyp(Document& doc, Bytes& out, const SaveTime& time) {
     if (const std::optional<MissingIdentity> missing = FindMissingIdentity(doc.Identity))

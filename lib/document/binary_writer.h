@@ -26,9 +26,6 @@ struct SaveFailure {
     std::string Reason;
 };
 
-// A POI record's bytes as the POI section holds them, from its flags on.
-Bytes EncodePoiRecord(const PoiRecord& record);
-
 // Builds the file's bytes. Changes `doc` as a save does: record order, record
 // offsets, header fields and the order of the draw order.
 std::optional<SaveFailure> BuildBinaryTyp(Document& doc, Bytes& out, const SaveTime& time);

@@ -4,16 +4,11 @@
 
 namespace mirvane {
 
-std::optional<int> ColourCountOf(std::uint8_t flagsByte) {
-    switch (flagsByte & 7) {
-    case 0: return 2;
-    case 1: return 4;
-    case 3: return 3;
-    case 5: return 3;
-    case 6: return 1;
-    case 7: return 2;
-    default: return std::nullopt;
-    }
+// Layouts 2 and 4 are known only to some older editors; their count follows
+// the same rule.
+int ColourCountOf(std::uint8_t flagsByte) {
+    const int night = flagsByte & 1, dayClear = (flagsByte >> 1) & 1, nightClear = (flagsByte >> 2) & 1;
+    return 2 * (1 + night) - dayClear - nightClear * night;
 }
 
 int PaletteByteLength(int colourCount, int colourMode) {
@@ -69,27 +64,27 @@ int PolylineRecordLength(const PolylineRecord& r) {
     return length;
 }
 
-// Keeps the reader's slip: the day palette of a POI of size 0 is not counted,
-// though the reader read it.
+// Every part the reader reads: the day palette of a POI of size 0 too, and
+// night pixels in true colour whatever bit 0 says.
 int PoiRecordLength(const PoiRecord& r) {
     int length = 5;
     const bool sized = r.Width > 0 && r.Height > 0;
     const PoiBitmap& day = r.Bitmaps[0];
     const PoiBitmap& night = r.Bitmaps[1];
-    if (sized) {
-        if (day.ColourCount > 0) length += static_cast<int>(day.PaletteBytes.size());
-        length += static_cast<int>(day.PixelBytes.size());
-    }
+    if (day.ColourCount > 0) length += static_cast<int>(day.PaletteBytes.size());
+    if (sized) length += static_cast<int>(day.PixelBytes.size());
     if (r.Flags & 0x02) {
         length += 2;
-        if (sized) {
-            if (night.ColourCount > 0) length += static_cast<int>(night.PaletteBytes.size());
-            if (r.Flags & 0x01) length += static_cast<int>(night.PixelBytes.size());
-        }
+        if (night.ColourCount > 0) length += static_cast<int>(night.PaletteBytes.size());
+        if (sized && HasOwnNightPixels(r)) length += static_cast<int>(night.PixelBytes.size());
     }
     if (r.Flags & 0x04) length += static_cast<int>(r.LabelBytes.size());
     if (r.Flags & 0x08) length += static_cast<int>(r.ExtendedLabelBytes.size());
     return length;
+}
+
+bool HasOwnNightPixels(const PoiRecord& record) {
+    return (record.Flags & 0x02) && ((record.Flags & 0x01) || record.Bitmaps[1].ColourCount == 0);
 }
 
 std::uint32_t LeadingHex(std::string_view text, std::uint32_t limit) {

@@ -11,9 +11,9 @@
 
 namespace mirvane {
 
-// Colours of a polygon or polyline from the low three bits of its first byte;
-// layouts 2 and 4 have no colour count.
-std::optional<int> ColourCountOf(std::uint8_t flagsByte);
+// Colours of a polygon or polyline from the low three bits of its first byte:
+// 2 * (1 + b0) - b1 - b2 * b0.
+int ColourCountOf(std::uint8_t flagsByte);
 
 // Palette size in bytes; mode 32 packs 28 bits an entry; 0 for unknown modes.
 int PaletteByteLength(int colourCount, int colourMode);
@@ -33,6 +33,9 @@ std::optional<int> TrueColourPixelByteLength(int width, int height, int colourMo
 int PolygonRecordLength(const PolygonRecord& record);
 int PolylineRecordLength(const PolylineRecord& record);
 int PoiRecordLength(const PoiRecord& record);
+// Whether a POI's night block stores pixels of its own: under bit 0, and in
+// true colour always; else the night palette colours the day's pixels.
+bool HasOwnNightPixels(const PoiRecord& record);
 
 // Hexadecimal value of a Type or SubType text; what cannot be read counts as 0.
 int HexValue(std::string_view text);

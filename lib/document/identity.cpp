@@ -1,10 +1,17 @@
 #include "document/identity.h"
 
+#include <algorithm>
+
 #include "lang/lookup.h"
 
 namespace mirvane {
 
-bool IsListedCodePage(int codePage) { return codePage >= kFirstListedCodePage && codePage <= kLastListedCodePage; }
+int ListedCodePageRow(int codePage) {
+    const auto found = std::find(kListedCodePages.begin(), kListedCodePages.end(), codePage);
+    return found == kListedCodePages.end() ? -1 : static_cast<int>(found - kListedCodePages.begin());
+}
+
+bool IsListedCodePage(int codePage) { return ListedCodePageRow(codePage) >= 0; }
 
 std::optional<std::uint16_t> ParseIdentityNumber(std::string_view text) {
     while (!text.empty() && text.front() == ' ') text.remove_prefix(1);

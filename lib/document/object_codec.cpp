@@ -10,6 +10,12 @@ std::uint8_t ColourLayout::Bits() const {
     return static_cast<std::uint8_t>((Night ? 1 : 0) | (DayClear ? 2 : 0) | (NightClear ? 4 : 0));
 }
 
+ColourLayout ColourLayout::Writable() const {
+    ColourLayout known = *this;
+    if (!Night) known.NightClear = DayClear;
+    return known;
+}
+
 int ColourLayout::HeaderColours() const { return Night ? 4 : 2; }
 
 int ColourLayout::StoredColours() const {
@@ -92,7 +98,7 @@ DecodedPolygon DecodePolygon(const PolygonRecord& record) {
 
 void EncodePolygon(const DecodedPolygon& polygon, PolygonRecord& record) {
     const int pattern = polygon.Pattern ? 0x08 : 0;
-    record.Flags = static_cast<std::uint8_t>((record.Flags & ~0x0F) | polygon.Layout.Bits() | pattern);
+    record.Flags = static_cast<std::uint8_t>((record.Flags & ~0x0F) | polygon.Layout.Writable().Bits() | pattern);
     record.ColourBytes = EncodeColourTable(polygon.Colours);
     record.PatternBytes = polygon.Pattern ? EncodePattern(*polygon.Pattern) : Bytes{};
 }
@@ -118,7 +124,7 @@ DecodedPolyline DecodePolyline(const PolylineRecord& record) {
 
 void EncodePolyline(const DecodedPolyline& line, PolylineRecord& record) {
     const int rows = line.Pattern ? line.Pattern->Height() : 0;
-    record.Flags1 = static_cast<std::uint8_t>(line.Layout.Bits() | (rows << 3));
+    record.Flags1 = static_cast<std::uint8_t>(line.Layout.Writable().Bits() | (rows << 3));
     record.ColourBytes = EncodeColourTable(line.Colours);
     if (rows > 0) {
         record.PatternBytes = EncodePattern(*line.Pattern);

@@ -30,6 +30,9 @@ struct ColourLayout {
 
     static ColourLayout Of(std::uint8_t flags);
     std::uint8_t Bits() const;
+    // The same picture in a layout every decoder knows: without night
+    // colours bit 2 tells nothing, so layouts 2 and 4 become 6 and 0.
+    ColourLayout Writable() const;
     // 2 or 4: the count a pattern's header names, whatever is transparent.
     int HeaderColours() const;
     // The colours stored: day foreground, day background unless clear, and

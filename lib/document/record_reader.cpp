@@ -69,20 +69,9 @@ Bytes ReadExtendedLabelBlock(FieldReader& in) {
     return block;
 }
 
-// Layouts 2 and 4 have no colour count: the colour table cannot be sized,
-// which is reported, and the record is read on from where it stands.
-static Bytes ReadColourTable(FieldReader& in, std::uint8_t flagsByte) {
-    const std::optional<int> count = ColourCountOf(flagsByte);
-    if (!count) {
-        in.Fail(kErrOutOfRange);
-        return {};
-    }
-    return in.Block(*count * 3);
-}
-
 void ReadPolygonRecord(FieldReader& in, PolygonRecord& r) {
     r.Flags = in.U8();
-    r.ColourBytes = ReadColourTable(in, r.Flags);
+    r.ColourBytes = in.Block(ColourCountOf(r.Flags) * 3);
     if (r.Flags & 0x08) r.PatternBytes = in.Block(128);
     if (r.Flags & 0x10) r.LabelBytes = ReadLabelBlock(in);
     if (r.Flags & 0x20) r.ExtendedLabelBytes = ReadExtendedLabelBlock(in);
@@ -91,7 +80,7 @@ void ReadPolygonRecord(FieldReader& in, PolygonRecord& r) {
 void ReadPolylineRecord(FieldReader& in, PolylineRecord& r) {
     r.Flags1 = in.U8();
     r.Flags2 = in.U8();
-    r.ColourBytes = ReadColourTable(in, r.Flags1);
+    r.ColourBytes = in.Block(ColourCountOf(r.Flags1) * 3);
     if (r.Flags1 < 8) r.PatternBytes = in.Block((r.Flags1 & 0x02) ? 1 : 2);
     else r.PatternBytes = in.Block(4 * (r.Flags1 >> 3));
     if (r.Flags2 & 0x01) r.LabelBytes = ReadLabelBlock(in);

@@ -79,6 +79,16 @@ struct HeaderExtra4 {
     std::int32_t ExtraPolylineIndexLength = 0;
 };
 
+// The bytes a record was read from, up to the next record, kept only when
+// they differ from what its fields encode to (a record shorter than its
+// flags say, say): while the fields still encode as they did when read, the
+// record is unchanged and the writer stores these bytes.
+struct SourceBytes {
+    Bytes Slice;
+    Bytes Encoded;
+    bool Holds() const { return !Slice.empty(); }
+};
+
 struct PolygonRecord {
     std::string Type;     // three lowercase hex digits
     std::string SubType;  // two lowercase hex digits
@@ -89,6 +99,7 @@ struct PolygonRecord {
     Bytes LabelBytes;
     std::int32_t Length = 0;
     Bytes ExtendedLabelBytes;
+    SourceBytes Source;
 };
 
 struct PolylineRecord {
@@ -103,6 +114,7 @@ struct PolylineRecord {
     std::int32_t Length = 0;
     Bytes ExtendedLabelBytes;
     std::array<std::uint8_t, 2> ExtraIndexBytes{};  // both zero for a regular polyline
+    SourceBytes Source;
 };
 
 struct PoiBitmap {
@@ -124,6 +136,7 @@ struct PoiRecord {
     Bytes LabelBytes;
     std::int32_t Length = 0;
     Bytes ExtendedLabelBytes;
+    SourceBytes Source;
 };
 
 struct ExtraPoiRecord {

@@ -24,11 +24,6 @@ T Need(const std::optional<T>& value) {
     return *value;
 }
 
-std::uint32_t ColourAt(const std::vector<std::uint32_t>& colours, std::size_t k) {
-    if (k >= colours.size()) throw ListingFault();
-    return colours[k];
-}
-
 std::string Hex2(unsigned value) {
     char buffer[8];
     std::snprintf(buffer, sizeof buffer, "%02X", value & 0xFF);
@@ -125,10 +120,12 @@ void ListPolygon(Document& doc, int index, ListingText& text) {
         text.KeyLine("Xpm=", "\"32 32 " + std::to_string(layout.HeaderColours()) + " 1\"");
         PatternBody(text, layout, polygon.Colours, *polygon.Pattern, polygon.Status);
     } else {
-        // Lines numbered by their place in the table, whatever the layout.
-        text.KeyLine("Xpm=", "\"0 0 " + std::to_string(layout.StoredColours()) + " 0\"");
-        ColourLine(text, "1", ColourAt(polygon.Colours, 0));
-        if (layout.Night) ColourLine(text, "2", ColourAt(polygon.Colours, 1));
+        // A solid polygon draws its foregrounds alone, whatever else its
+        // layout stores: the day one, and with night colours the night one.
+        const ColourRoles roles = polygon.Roles();
+        text.KeyLine("Xpm=", std::string("\"0 0 ") + (layout.Night ? "2" : "1") + " 0\"");
+        ColourLine(text, "1", Need(roles.DayForeground));
+        if (layout.Night) ColourLine(text, "2", Need(roles.NightForeground));
     }
     text.Break();
     text.Head("[end]");
@@ -144,24 +141,33 @@ std::string HalfText(int twice) {
     return value;
 }
 
+// A colour line, or "none" for a clear background.
+void RoleLine(ListingText& text, std::string_view code, const std::optional<std::uint32_t>& colour, bool clear) {
+    if (clear) text.TextLine(Quoted(std::string(code) + " c none"));
+    else ColourLine(text, code, Need(colour));
+}
+
+// The border width is stored unless the day background is clear. With night
+// colours and one clear background, four lines with "none" in its place.
 void ListSolidLine(const DecodedPolyline& line, ListingText& text) {
     const ColourLayout& layout = line.Layout;
     const bool bothClear = layout.DayClear && layout.NightClear;
     const int lineWidth = Need(line.LineWidth);
     text.KeyLine("LineWidth=", std::to_string(lineWidth));
-    if (!bothClear) text.KeyLine("BorderWidth=", HalfText(Need(line.TotalWidth) - lineWidth));
-    text.KeyLine("Xpm=", "\"0 0 " + std::to_string(layout.StoredColours()) + " 0\"");
+    if (!layout.DayClear) text.KeyLine("BorderWidth=", HalfText(Need(line.TotalWidth) - lineWidth));
+    const bool fourLines = layout.Night && !bothClear;
+    text.KeyLine("Xpm=", "\"0 0 " + std::to_string(fourLines ? 4 : layout.StoredColours()) + " 0\"");
 
-    // Lines numbered by their place in the table. With night colours and one
-    // clear bit there are fewer colours than lines, and the object is broken.
-    ColourLine(text, "1", ColourAt(line.Colours, 0));
-    if (!bothClear) ColourLine(text, "2", ColourAt(line.Colours, 1));
-    if (!layout.Night) return;
-    if (bothClear) {
-        ColourLine(text, "2", ColourAt(line.Colours, 1));
-    } else {
-        ColourLine(text, "3", ColourAt(line.Colours, 2));
-        ColourLine(text, "4", ColourAt(line.Colours, 3));
+    const ColourRoles roles = line.Roles();
+    ColourLine(text, "1", Need(roles.DayForeground));
+    if (fourLines) {
+        RoleLine(text, "2", roles.DayBackground, layout.DayClear);
+        ColourLine(text, "3", Need(roles.NightForeground));
+        RoleLine(text, "4", roles.NightBackground, layout.NightClear);
+    } else if (layout.Night) {
+        ColourLine(text, "2", Need(roles.NightForeground));
+    } else if (!layout.DayClear) {
+        ColourLine(text, "2", Need(roles.DayBackground));
     }
 }
 

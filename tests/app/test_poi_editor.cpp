@@ -20,6 +20,7 @@
 #include "corpus.h"
 #include "document/binary_reader.h"
 #include "document/binary_writer.h"
+#include "document/record_writer.h"
 #include "models/poi/extra_poi_icons.h"
 #include "models/shell/main_window_model.h"
 #include "models/shell/settings_store.h"

@@ -6,6 +6,7 @@
 #include "document/binary_writer.h"
 #include "document/encoding.h"
 #include "document/presentation.h"
+#include "document/record_writer.h"
 #include "support/sample_document.h"
 
 using namespace mirvane;
@@ -30,6 +31,11 @@ std::size_t Count(const std::string& text, const std::string& what) {
     for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) ++n;
     return n;
 }
+
+// The record as if read from a file holding `raw` for it: the writer stores
+// those bytes as they stand.
+void GiveRawBytes(PolygonRecord& record, Bytes raw) { record.Source = {std::move(raw), EncodePolygonRecord(record)}; }
+void GiveRawBytes(PoiRecord& record, Bytes raw) { record.Source = {std::move(raw), EncodePoiRecord(record)}; }
 
 void PutU16(Bytes& b, std::size_t at, int v) {
     b[at] = static_cast<std::uint8_t>(v & 0xFF);
@@ -60,19 +66,43 @@ TEST(DamagedInput, WrongSignatureIsReportedAndReadingGoesOn) {
     EXPECT_EQ(doc.PoiCount(), 16);
 }
 
-TEST(DamagedInput, ColourLayoutsTwoAndFourAreLoggedAndTheRecordReadOn) {
+// Older editors wrote layouts 2 and 4: they read by the same rule as the
+// others, and are saved as 6 and 0, the same picture.
+TEST(DamagedInput, ColourLayoutsTwoAndFourAreReadAndSavedAsKnownOnes) {
     Document source = MakeSampleDocument({2, 0, 0, 16, false});
-    source.Polygons[0].Flags = 0x02;
-    source.Polygons[0].ColourBytes.clear();
-    source.Polygons[1].Flags = 0x04 | 0x10;
-    source.Polygons[1].ColourBytes.clear();
+    GiveRawBytes(source.Polygons[0], {0x02, 1, 2, 3});
+    GiveRawBytes(source.Polygons[1], {0x04 | 0x10, 1, 2, 3, 4, 5, 6, 0x07, 0x04, 'A', 0});
     Bytes file;
     ASSERT_FALSE(BuildBinaryTyp(source, file, {}).has_value());
-    const Document doc = Read(file);
-    EXPECT_EQ(Count(doc.ReadErrorLog, "Erreur dans la lecture du polygone 0x"), 2u) << doc.ReadErrorLog;
-    EXPECT_NE(doc.ReadErrorLog.find(" : erreur n°9   Description: Subscript out of range"), std::string::npos);
+    Document doc = Read(file);
+    EXPECT_FALSE(doc.ReadErrorFlag) << doc.ReadErrorLog;
     ASSERT_EQ(doc.PolygonCount(), 2);
-    EXPECT_EQ(doc.Polygons[1].LabelBytes, source.Polygons[1].LabelBytes);  // read on from where it stood
+    EXPECT_EQ(doc.Polygons[0].ColourBytes, (Bytes{1, 2, 3}));
+    EXPECT_EQ(doc.Polygons[1].LabelBytes, (Bytes{0x07, 0x04, 'A', 0}));
+    ASSERT_FALSE(BuildBinaryTyp(doc, file, {}).has_value());
+    const Document saved = Read(file);
+    EXPECT_FALSE(saved.ReadErrorFlag) << saved.ReadErrorLog;
+    EXPECT_EQ(saved.Polygons[0].Flags, 0x06);
+    EXPECT_EQ(saved.Polygons[1].Flags, 0x10);
+    EXPECT_EQ(saved.Polygons[1].ColourBytes, doc.Polygons[1].ColourBytes);
+}
+
+// An extended label byte above 0x1F counts as its own length and runs into
+// the next record: saved unchanged, the record keeps its own bytes and the
+// next one is not duplicated into it.
+TEST(DamagedInput, OddRecordIsWrittenBackWithItsOwnBytes) {
+    Document source = MakeSampleDocument({2, 0, 2, 16, false});
+    const Bytes odd{0x26, 1, 2, 3, 0x28};
+    GiveRawBytes(source.Polygons[0], odd);
+    Bytes file;
+    ASSERT_FALSE(BuildBinaryTyp(source, file, {}).has_value());
+    Document doc = Read(file);
+    ASSERT_FALSE(BuildBinaryTyp(doc, file, {}).has_value());
+    const Document again = Read(file);
+    EXPECT_EQ(again.ReadErrorLog, doc.ReadErrorLog);
+    const auto start = file.begin() + again.Header.PolygonDataOffset;
+    EXPECT_EQ(Bytes(start, start + 5), odd);
+    EXPECT_EQ(again.Polygons[1].ColourBytes, source.Polygons[1].ColourBytes);
 }
 
 TEST(DamagedInput, PaletteBitmapDeclaringNoColoursIsReadAgainWithPalette) {
@@ -83,6 +113,7 @@ TEST(DamagedInput, PaletteBitmapDeclaringNoColoursIsReadAgainWithPalette) {
     odd.Width = odd.Height = 4;  // 48 bytes as true colour, 4 with a palette: the next POI lies in reach
     odd.Bitmaps[0] = PoiBitmap{};
     odd.Bitmaps[0].PixelBytes = Bytes(PalettePixelByteLength(4, 4, 1), 0xA5);
+    GiveRawBytes(odd, {0x01, 4, 4, 0, 0, 0xA5, 0xA5, 0xA5, 0xA5});
     Bytes file;
     ASSERT_FALSE(BuildBinaryTyp(source, file, {}).has_value());
     const Document doc = Read(file);
@@ -102,9 +133,13 @@ TEST(DamagedInput, PaletteBitmapDeclaringNoColoursIsReadAgainWithPalette) {
 
 TEST(DamagedInput, LastPoiThatRunsOutOfFileIsRetriedSilently) {
     Document source = MakeSampleDocument({0, 0, 1, 8, false});
-    source.Pois[0].Flags = 0x01;
-    source.Pois[0].Bitmaps[0] = PoiBitmap{};
-    source.Pois[0].Bitmaps[0].PixelBytes = Bytes(PalettePixelByteLength(8, 8, 1), 0x0F);
+    PoiRecord& poi = source.Pois[0];
+    poi.Flags = 0x01;
+    poi.Bitmaps[0] = PoiBitmap{};
+    poi.Bitmaps[0].PixelBytes = Bytes(PalettePixelByteLength(8, 8, 1), 0x0F);
+    Bytes raw{0x01, 8, 8, 0, 0};
+    raw.insert(raw.end(), poi.Bitmaps[0].PixelBytes.begin(), poi.Bitmaps[0].PixelBytes.end());
+    GiveRawBytes(poi, raw);
     source.DrawOrder.clear();
     Bytes file;
     ASSERT_FALSE(BuildBinaryTyp(source, file, {}).has_value());

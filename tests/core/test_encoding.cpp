@@ -7,6 +7,7 @@ using namespace mirvane;
 TEST(Encoding, ColourLayouts) {
     EXPECT_EQ(ColourCountOf(0x06), 1);
     EXPECT_EQ(ColourCountOf(0x0F), 2);
-    EXPECT_FALSE(ColourCountOf(0x02).has_value());
-    EXPECT_FALSE(ColourCountOf(0x04).has_value());
+    // Layouts of older editors: day only, the background clear or not.
+    EXPECT_EQ(ColourCountOf(0x02), 1);
+    EXPECT_EQ(ColourCountOf(0x04), 2);
 }

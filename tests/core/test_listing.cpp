@@ -248,7 +248,7 @@ TEST(Listing, BadLabelBlockIsLoggedAndTheObjectListed) {
 TEST(Listing, BrokenObjectsAreLoggedAndTheListingGoesOn) {
     Document doc = LoadedDocument();
     doc.Polygons = {Polygon("001", "00", 7, Colours({1})), Polygon("002", "00", 6, Colours({2}))};
-    doc.Polylines = {Polyline(5, 0, Colours({1, 2, 3}), {1, 3}), Polyline(6, 0, Colours({4}), {1})};
+    doc.Polylines = {Polyline(5, 0, Colours({1, 2}), {1, 3}), Polyline(6, 0, Colours({4}), {1})};  // one colour short
     doc.PolylineCount = 2;
     PoiRecord shortPixels = PalettePoi(4, 4, 2, 0);
     shortPixels.Bitmaps[0].PixelBytes.resize(1);

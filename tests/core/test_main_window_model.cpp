@@ -132,7 +132,8 @@ TEST_F(ModelFixture, CombosFollowTheDocumentsCodePageAndHeaderSize) {
     const Case cases[] = {
         {1250, 91, 0, "", 0, 5, "La taille de l'entête est de 91 octets."},
         {1258, 110, 8, "", 1, 5, "\tdes POI supplémentaires"},
-        {65001, 168, -1, "65001", 5, 6, "\td'autres données encore inconnues..."},
+        {1300, 91, -1, "1300", 0, 5, "La taille de l'entête est de 91 octets."},
+        {65001, 168, 9, "", 5, 6, "\td'autres données encore inconnues..."},
     };
     model.New();
     for (const Case& c : cases) {

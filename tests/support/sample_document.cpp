@@ -98,7 +98,7 @@ PolygonRecord MakeSamplePolygon(int index, int variant) {
     r.Type = TypeText(index < 0x60 ? index + 1 : 0x100 + index % 0x100);
     r.SubType = SubTypeText(index < 0x60 ? 0 : (index / 0x100) % 32);
     r.Flags = kFlags[variant % kPolygonVariants];
-    r.ColourBytes = Colours(ColourCountOf(r.Flags).value_or(0), index);
+    r.ColourBytes = Colours(ColourCountOf(r.Flags), index);
     if (r.Flags & 0x08) r.PatternBytes = Pattern(32, index);
     if (variant % 2 == 1) {
         r.Flags |= 0x10;
@@ -125,7 +125,7 @@ PolylineRecord MakeSamplePolyline(int index, int variant) {
         r.Flags1 = static_cast<std::uint8_t>((rows << 3) | (v % 2 == 0 ? 0x00 : 0x06));
         r.PatternBytes = Pattern(rows, index);
     }
-    r.ColourBytes = Colours(ColourCountOf(r.Flags1).value_or(0), index);
+    r.ColourBytes = Colours(ColourCountOf(r.Flags1), index);
     r.Flags2 = (variant % 3 == 0) ? 0x02 : 0x00;
     if (variant % 2 == 0) {
         r.Flags2 |= 0x01;

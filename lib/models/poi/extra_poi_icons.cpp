@@ -1,6 +1,7 @@
 #include "models/poi/extra_poi_icons.h"
 
 #include "document/binary_writer.h"
+#include "document/record_writer.h"
 #include "document/encoding.h"
 #include "document/record_reader.h"
 #include "labels/label_block.h"

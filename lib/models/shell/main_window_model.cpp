@@ -347,7 +347,7 @@ std::string MainWindowModel::ProductCodeText() const { return IdentityNumberText
 
 int MainWindowModel::CodePageIndex() const {
     const int page = doc_.Identity.CodePage;
-    return HasDocument() && IsListedCodePage(page) ? page - kFirstListedCodePage : -1;
+    return HasDocument() ? ListedCodePageRow(page) : -1;
 }
 
 std::string MainWindowModel::UnlistedCodePageText() const {
@@ -412,8 +412,9 @@ void MainWindowModel::SetProductCode(std::uint16_t productCode) {
 }
 
 void MainWindowModel::SetCodePageIndex(int index) {
-    const int page = kFirstListedCodePage + index;
-    if (!IsListedCodePage(page) || doc_.Identity.CodePage == page) return;
+    if (index < 0 || index >= static_cast<int>(kListedCodePages.size())) return;
+    const int page = kListedCodePages[static_cast<std::size_t>(index)];
+    if (doc_.Identity.CodePage == page) return;
     doc_.Identity.CodePage = page;
     MarkModified(Change::Identity);
 }

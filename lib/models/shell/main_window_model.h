@@ -110,8 +110,8 @@ public:
     // fields are empty and the combos have no selection.
     std::string FidText() const;
     std::string ProductCodeText() const;
-    int CodePageIndex() const;  // cbbCodepage: 0..8 for 1250..1258, -1 for a page it does not list
-    std::string UnlistedCodePageText() const;  // "65001" for a page cbbCodepage does not list
+    int CodePageIndex() const;  // row of cbbCodepage (kListedCodePages), -1 for a page it does not list
+    std::string UnlistedCodePageText() const;  // "1300" for a page cbbCodepage does not list
     // cbbHeadersize: the five known sizes, and the document's own size when it is none of them.
     std::vector<std::string> HeaderSizeItems() const;
     int HeaderSizeIndex() const;
