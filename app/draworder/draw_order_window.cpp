@@ -156,11 +156,9 @@ void DrawOrderTree::paintEvent(QPaintEvent* event) {
 DrawOrderWindow::DrawOrderWindow(MainWindowModel& model, QWidget* parent)
     : QDialog(parent), model_(model), drawOrder_(model.Doc().DrawOrder) {
     setObjectName("frmDraworder");
-    cmdAjouter_ = MakeNamed<QPushButton>(this, "cmdAjouter");
+    cmdAjouter_ = MakeButton(this, "cmdAjouter");
     cmdOK_ = MakeNamed<QPushButton>(this, "cmdOK");
-    cmdAnnuler_ = MakeNamed<QPushButton>(this, "cmdAnnuler");
-    cmdAjouter_->setAutoDefault(false);
-    cmdAnnuler_->setAutoDefault(false);
+    cmdAnnuler_ = MakeButton(this, "cmdAnnuler");
     cmdOK_->setDefault(true);  // Enter is OK, Escape Cancel
 
     auto* sides = new QHBoxLayout;

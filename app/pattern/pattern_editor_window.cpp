@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include "app/colour/palette_dialog.h"
+#include "app/common/colour_style.h"
 #include "app/common/named_widget.h"
 #include "app/common/pixel_canvas.h"
 #include "app/common/texts.h"
@@ -415,11 +416,9 @@ void PatternEditorWindow::ShowColourField(int index, bool shown) {
     const bool garmin = !colour || IsGarminColour(static_cast<Colour>(*colour));
     cmdGarmin_[index]->setVisible(shown && !garmin);
     if (!colour) return;
-    const QString text = Q(ColourText(static_cast<Colour>(*colour)));
+    const QString text = HtmlOf(*colour);
     if (txtcouleur_[index]->text().toUpper() != text) txtcouleur_[index]->setText(text);
-    const RgbChannels rgb = SplitColour(static_cast<Colour>(*colour));
-    txtcouleur_[index]->setStyleSheet(QStringLiteral("QLineEdit { background: %1; color: %2; }")
-                                          .arg(text, rgb.g < 202 ? QStringLiteral("white") : QStringLiteral("black")));
+    txtcouleur_[index]->setStyleSheet(FilledStyle(*colour));
     if (!garmin) {
         const Colour nearest = NearestGarminColour(static_cast<Colour>(*colour));
         cmdGarmin_[index]->setStyleSheet(QStringLiteral("QToolButton { background: %1; border: 1px solid gray; }")
