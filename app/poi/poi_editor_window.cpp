@@ -45,6 +45,13 @@ constexpr int kTransparentSwatch = 255;
 constexpr int kPreviewFrame = 64;
 constexpr int kPreviewZoom = 2;
 constexpr int kGridFrame = 460;  // Picture7: the grid is centred in it
+constexpr int kSmallestCell = 3;  // the zoom's lower end, in pixels a cell
+
+// The largest cell at which a bitmap of `width` x `height` fits in `room`
+// pixels, the closing grid line included: the zoom's upper end.
+int FittingCellSize(int room, int width, int height) {
+    return std::max((room - 1) / std::max({width, height, 1}), kSmallestCell);
+}
 
 // A filled label: the colour behind, the text white on dark greens, black on light ones.
 void ShowColour(QLabel* label, std::optional<std::uint32_t> colour, const QString& text = {}) {
@@ -221,9 +228,10 @@ QWidget* PoiEditorWindow::BuildGrid() {
     auto* column = new QWidget(this);
     auto* layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
-    // Picture7: the grid centred in a frame of its own, scrolled when zoomed beyond it.
+    // Picture7: the grid centred in a frame of its own.
     auto* frame = MakeNamed<QScrollArea>(column, "Picture7");
     frame->setFixedSize(kGridFrame, kGridFrame);
+    gridRoom_ = kGridFrame - 2 * frame->frameWidth();
     frame->setAlignment(Qt::AlignCenter);
     Picture2_ = MakeNamed<PixelCanvas>(frame, "Picture2");
     Picture2_->setMouseTracking(true);
@@ -232,7 +240,6 @@ QWidget* PoiEditorWindow::BuildGrid() {
     frame->setWidget(Picture2_);
 
     sldZoom2_ = MakeNamed<QSlider>(column, "sldZoom2", Qt::Horizontal);
-    sldZoom2_->setRange(1, 10);
     chkGrille_ = MakeNamed<QCheckBox>(column, "chkGrille");
     chkGrille_->setChecked(true);
     lblZoom_ = MakeNamed<QLabel>(column, "lblZoom");
@@ -250,7 +257,7 @@ QWidget* PoiEditorWindow::BuildGrid() {
     layout->addLayout(infoRow);
 
     connect(sldZoom2_, &QSlider::valueChanged, this, [this](int value) {
-        Picture2_->SetCellSize(2 * value + 1);
+        Picture2_->SetCellSize(value);
         Picture2_->adjustSize();
     });
     connect(chkGrille_, &QCheckBox::toggled, this, [this](bool on) { Picture2_->SetGridLines(on); });
@@ -278,6 +285,8 @@ QWidget* PoiEditorWindow::BuildTools() {
     for (int i = 0; i < 3; ++i) {
         auto* button = MakeNamed<QToolButton>(box, modes[i].second);
         button->setCheckable(true);
+        // As wide as its column, like the push buttons under it.
+        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
         tools_->addButton(button, i);
         layout->addWidget(button, 0, i);
         *modes[i].first = button;
@@ -495,10 +504,14 @@ void PoiEditorWindow::Refresh() {
     chkBitmapNuit_->setChecked(night);
     optBitmap_[1]->setVisible(night);
     optBitmap_[model_.NightShown() ? 1 : 0]->setChecked(true);
-    // A new size brings the zoom that fits it, as on opening.
-    if (Picture2_->Columns() != shown.Width || Picture2_->Rows() != shown.Height)
-        sldZoom2_->setValue(std::min(240 / std::max({shown.Width, shown.Height, 1}), 10));
-    Picture2_->SetCellSize(2 * sldZoom2_->value() + 1);
+    // A new size brings the zoom at which the bitmap fills the frame, as on
+    // opening; the slider's upper end is that zoom.
+    if (Picture2_->Columns() != shown.Width || Picture2_->Rows() != shown.Height) {
+        const int fit = FittingCellSize(gridRoom_, shown.Width, shown.Height);
+        sldZoom2_->setRange(kSmallestCell, fit);
+        sldZoom2_->setValue(fit);
+    }
+    Picture2_->SetCellSize(sldZoom2_->value());
     Picture2_->SetGrid(shown.Width, shown.Height, [this](Cell cell) -> std::optional<QColor> {
         const auto colour = model_.Shown().ShownColour(cell);
         if (!colour) return std::nullopt;

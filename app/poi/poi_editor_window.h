@@ -97,6 +97,7 @@ private:
     std::array<QRadioButton*, 2> optBitmap_{};
     PixelCanvas* Picture2_ = nullptr;
     QSlider* sldZoom2_ = nullptr;
+    int gridRoom_ = 0;  // the inside of Picture7, in pixels
     QLabel *lblCoordonnees_ = nullptr, *lblCanalalpha_ = nullptr;
     QButtonGroup* tools_ = nullptr;
     QToolButton *optPinceau_ = nullptr, *optPot_ = nullptr, *optPipette_ = nullptr;
