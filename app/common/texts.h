@@ -21,6 +21,14 @@ inline QString MainCaption(std::string_view defaultText, std::string_view key) {
     return QString::fromStdString(FormCaption("Main", defaultText, key));
 }
 
+// Texts of the object editors (section "Editer"): a message or tip, looked up.
+inline QString EditTr(std::string_view defaultText, std::string_view key) { return Tr("Editer", defaultText, key); }
+
+// A caption of the object editors: built in under French, like MainCaption.
+inline QString EditCaption(std::string_view defaultText, std::string_view key) {
+    return QString::fromStdString(FormCaption("Editer", defaultText, key));
+}
+
 inline QString Q(const std::string& utf8) { return QString::fromStdString(utf8); }
 
 // Text bytes of the document (labels, the listing) in its code page, for the

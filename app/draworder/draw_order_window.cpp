@@ -33,12 +33,6 @@ constexpr int kTreePreviewSide = 24;
 constexpr int kLevelRole = Qt::UserRole;      // on a level header
 constexpr int kRowRole = Qt::UserRole + 1;    // on a row of a level
 
-QString EditCaption(std::string_view defaultText, std::string_view key) {
-    return QString::fromStdString(FormCaption("Editer", defaultText, key));
-}
-
-QString Indexed(const char* name, int index) { return QStringLiteral("%1(%2)").arg(name).arg(index); }
-
 // Keys that the field takes, up to `typed` characters typed; a longer value
 // read from a file stays until the user shortens it.
 class FieldValidator : public QValidator {
@@ -162,11 +156,9 @@ void DrawOrderTree::paintEvent(QPaintEvent* event) {
 DrawOrderWindow::DrawOrderWindow(MainWindowModel& model, QWidget* parent)
     : QDialog(parent), model_(model), drawOrder_(model.Doc().DrawOrder) {
     setObjectName("frmDraworder");
-    cmdAjouter_ = MakeNamed<QPushButton>(this, "cmdAjouter");
+    cmdAjouter_ = MakeButton(this, "cmdAjouter");
     cmdOK_ = MakeNamed<QPushButton>(this, "cmdOK");
-    cmdAnnuler_ = MakeNamed<QPushButton>(this, "cmdAnnuler");
-    cmdAjouter_->setAutoDefault(false);
-    cmdAnnuler_->setAutoDefault(false);
+    cmdAnnuler_ = MakeButton(this, "cmdAnnuler");
     cmdOK_->setDefault(true);  // Enter is OK, Escape Cancel
 
     auto* sides = new QHBoxLayout;
@@ -291,12 +283,12 @@ void DrawOrderWindow::AddRowWidgets() {
     const int column = i / kRowsPerColumn, gridRow = i % kRowsPerColumn + 1, left = column * kCellsPerRow;
     EnsureColumnHeaders(column);
     RowWidgets w;
-    w.Preview = MakeNamed<QLabel>(content, qPrintable(Indexed("Apercu", i)));
+    w.Preview = MakeNamed<QLabel>(content, IndexedName("Apercu", i));
     w.Preview->setFixedSize(kGridPreviewSide, kGridPreviewSide);
-    w.Level = MakeField(content, Indexed("txtNiveau", i), false, 2, 36);
-    w.Type = MakeField(content, Indexed("txtTypes", i), true, 3, 46);
-    w.SubType = MakeField(content, Indexed("txtSubTypes", i), true, 2, 36);
-    w.Kept = MakeNamed<QCheckBox>(content, qPrintable(Indexed("Check1", i)));
+    w.Level = MakeField(content, IndexedName("txtNiveau", i), false, 2, 36);
+    w.Type = MakeField(content, IndexedName("txtTypes", i), true, 3, 46);
+    w.SubType = MakeField(content, IndexedName("txtSubTypes", i), true, 2, 36);
+    w.Kept = MakeNamed<QCheckBox>(content, IndexedName("Check1", i));
     w.Kept->setToolTip(EditCaption("Décocher pour enlever le polygone du draworder", "check1Tip"));
     grid_->addWidget(w.Preview, gridRow, left);
     grid_->addWidget(w.Level, gridRow, left + 1);

@@ -13,18 +13,17 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpressionValidator>
-#include <QScrollArea>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include "app/colour/palette_dialog.h"
+#include "app/common/colour_style.h"
 #include "app/common/named_widget.h"
 #include "app/common/pixel_canvas.h"
 #include "app/common/texts.h"
+#include "app/labels/label_strings_panel.h"
 #include "app/preview/raster_image.h"
-#include "base/codepage.h"
 #include "colour/palette.h"
-#include "labels/language_codes.h"
 
 namespace mirvane::app {
 
@@ -35,27 +34,9 @@ std::optional<int> RowOfKind(const Document& doc, std::optional<ObjectRef> objec
 
 namespace {
 
-QString EditTip(std::string_view defaultText, std::string_view key) { return Tr("Editer", defaultText, key); }
-
-QString Indexed(const char* name, int index) { return QStringLiteral("%1(%2)").arg(QString::fromUtf8(name)).arg(index); }
-
-template <typename W>
-W* Named(QWidget* parent, const QString& name) {
-    auto* widget = new W(parent);
-    widget->setObjectName(name);
-    return widget;
-}
-
-QPushButton* MakeButton(QWidget* parent, const char* name) {
-    auto* button = MakeNamed<QPushButton>(parent, name);
-    button->setAutoDefault(false);  // Enter is OK wherever the focus is
-    return button;
-}
-
 QColor CellColour(std::uint8_t cell) { return cell == kFirstColourCell ? Qt::black : Qt::white; }
 
 constexpr RasterColour kPreviewBackground = 0xFFFFFF;
-constexpr int kLanguageComboWidth = 120;
 
 // The object's picture repeated across the preview, and down it when `down`;
 // else centred in its height.
@@ -132,7 +113,9 @@ void PatternEditorWindow::BuildUi(QWidget* kindFields, QWidget* kindChecks) {
     top->addWidget(BuildToolBox(), 0, Qt::AlignTop);
 
     auto* bottom = new QHBoxLayout;
-    bottom->addWidget(BuildLabels(), 1);
+    labels_ = new LabelStringsPanel(model_.Labels, codePage_, nullptr, this);
+    connect(labels_, &LabelStringsPanel::ExtendedStyleChanged, this, &PatternEditorWindow::Refresh);
+    bottom->addWidget(labels_, 1);
     auto* buttons = new QVBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdOK_);
@@ -213,14 +196,14 @@ QWidget* PatternEditorWindow::BuildColourFields() {
     auto* grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);
     for (int i = 0; i < kColourFields; ++i) {
-        lblcouleur_[i] = Named<QLabel>(box, Indexed("lblcouleur", i));
-        txtcouleur_[i] = Named<QLineEdit>(box, Indexed("txtcouleur", i));
+        lblcouleur_[i] = MakeNamed<QLabel>(box, IndexedName("lblcouleur", i));
+        txtcouleur_[i] = MakeNamed<QLineEdit>(box, IndexedName("txtcouleur", i));
         txtcouleur_[i]->setValidator(
             new QRegularExpressionValidator(QRegularExpression("#?[0-9A-Fa-f]{0,6}"), txtcouleur_[i]));
         txtcouleur_[i]->setMaxLength(7);
         txtcouleur_[i]->setFixedWidth(76);
         txtcouleur_[i]->installEventFilter(this);
-        cmdGarmin_[i] = Named<QToolButton>(box, Indexed("cmdGarmin", i));
+        cmdGarmin_[i] = MakeNamed<QToolButton>(box, IndexedName("cmdGarmin", i));
         cmdGarmin_[i]->setFixedSize(18, 18);
         grid->addWidget(lblcouleur_[i], i, 0);
         grid->addWidget(txtcouleur_[i], i, 1);
@@ -415,7 +398,7 @@ QWidget* PatternEditorWindow::BuildPreviews() {
     const QSize size = PreviewSize();
     for (int i = 0; i < 2; ++i) {
         Aperçu_[i] = new RasterPicture(size.width(), size.height(), box);
-        Aperçu_[i]->setObjectName(Indexed("Aperçu", i));
+        Aperçu_[i]->setObjectName(IndexedName("Aperçu", i));
     }
     grid->addWidget(lblAperçuJour_, 0, 0);
     grid->addWidget(lblAperçuJourNuit_, 0, 0);
@@ -426,116 +409,6 @@ QWidget* PatternEditorWindow::BuildPreviews() {
     return box;
 }
 
-QWidget* PatternEditorWindow::BuildLabels() {
-    auto* box = new QWidget(this);
-    auto* layout = new QGridLayout(box);
-    layout->setContentsMargins(0, 0, 0, 0);
-    chkString_ = MakeNamed<QCheckBox>(box, "chkString");
-    txtLangue_ = MakeNamed<QLabel>(box, "txtLangue");
-    txtString_ = MakeNamed<QLabel>(box, "txtString");
-    picLangues_ = MakeNamed<QScrollArea>(box, "picLangues");
-    picString1_ = MakeNamed<QWidget>(picLangues_, "picString1");
-    labelRows_ = new QGridLayout(picString1_);
-    labelRows_->setContentsMargins(2, 2, 2, 2);
-    labelRows_->setColumnStretch(1, 1);
-    picLangues_->setWidget(picString1_);
-    picLangues_->setWidgetResizable(true);
-    picLangues_->setFixedHeight(110);
-    cmdNouvelleLangue_ = MakeButton(box, "cmdNouvelleLangue");
-
-    chkExtendedLabel_ = MakeNamed<QCheckBox>(box, "chkExtendedLabel");
-    lblFontStyle_ = MakeNamed<QLabel>(box, "lblFontStyle");
-    lblCustomColor_ = MakeNamed<QLabel>(box, "lblCustomColor");
-    cbbFontStyle_ = MakeNamed<QComboBox>(box, "cbbFontStyle");
-    cbbCustomColor_ = MakeNamed<QComboBox>(box, "cbbCustomColor");
-    auto* extended = new QGridLayout;
-    extended->addWidget(chkExtendedLabel_, 0, 0, 1, 2);
-    extended->addWidget(lblFontStyle_, 1, 0);
-    extended->addWidget(cbbFontStyle_, 1, 1);
-    extended->addWidget(lblCustomColor_, 2, 0);
-    extended->addWidget(cbbCustomColor_, 2, 1);
-    extended->setRowStretch(3, 1);
-
-    auto* heads = new QHBoxLayout;
-    // The heads stand over their columns: the frame, the margin and the combo's width.
-    heads->addSpacing(4);
-    txtLangue_->setFixedWidth(kLanguageComboWidth + labelRows_->horizontalSpacing());
-    heads->addWidget(txtLangue_);
-    heads->addWidget(txtString_, 1);
-    layout->addWidget(chkString_, 0, 0);
-    layout->addLayout(heads, 1, 0);
-    layout->addWidget(picLangues_, 2, 0);
-    layout->addWidget(cmdNouvelleLangue_, 3, 0, Qt::AlignLeft);
-    layout->addLayout(extended, 0, 1, 4, 1);
-    layout->setColumnStretch(0, 1);
-    layout->setColumnMinimumWidth(0, 430);
-
-    connect(chkString_, &QCheckBox::clicked, this, [this](bool on) {
-        model_.Labels.SetEnabled(on);
-        Refresh();
-    });
-    connect(cmdNouvelleLangue_, &QPushButton::clicked, this, [this] {
-        model_.Labels.AddRow();
-        Refresh();
-    });
-    connect(chkExtendedLabel_, &QCheckBox::clicked, this, [this](bool on) {
-        model_.Labels.SetExtendedEnabled(on);
-        Refresh();
-    });
-    connect(cbbFontStyle_, &QComboBox::currentIndexChanged, this, [this](int index) {
-        if (formReady_) model_.Labels.Extended().FontStyle = index;
-    });
-    connect(cbbCustomColor_, &QComboBox::currentIndexChanged, this, [this](int index) {
-        if (!formReady_) return;
-        model_.Labels.Extended().CustomColor = index;
-        Refresh();
-    });
-    return box;
-}
-
-void PatternEditorWindow::RefreshLabelRows() {
-    const auto& rows = model_.Labels.Rows();
-    while (rows_.size() > rows.size()) {
-        const LabelRow row = rows_.back();
-        rows_.pop_back();
-        delete row.Language;
-        delete row.Text;
-        delete row.Remove;
-    }
-    while (rows_.size() < rows.size()) {
-        const int i = static_cast<int>(rows_.size());
-        LabelRow row{Named<QComboBox>(picString1_, Indexed("cbbLangue", i)),
-                     Named<QLineEdit>(picString1_, Indexed("txtTexte", i)),
-                     Named<QPushButton>(picString1_, Indexed("cmdSupprimerLangue", i))};
-        for (int code = 0; code < LanguageCodeCount(); ++code) row.Language->addItem(Q(LanguageCodeName(code)));
-        row.Language->setFixedWidth(kLanguageComboWidth);
-        row.Remove->setAutoDefault(false);
-        row.Remove->setText(QStringLiteral("✕"));
-        row.Remove->setFixedWidth(28);
-        row.Remove->setToolTip(EditTip("Supprimer cette langue", "cmdSupprimerLangueTip"));
-        labelRows_->addWidget(row.Language, i, 0);
-        labelRows_->addWidget(row.Text, i, 1);
-        labelRows_->addWidget(row.Remove, i, 2);
-        connect(row.Language, &QComboBox::currentIndexChanged, this, [this, i](int code) {
-            if (formReady_ && code >= 0) model_.Labels.SetLanguage(i, static_cast<std::uint8_t>(code));
-        });
-        connect(row.Text, &QLineEdit::textEdited, this, [this, i](const QString& text) {
-            model_.Labels.SetText(i, EncodeCodePage(text.toStdString(), codePage_));
-        });
-        connect(row.Remove, &QPushButton::clicked, this, [this, i] {
-            model_.Labels.RemoveRow(i);
-            Refresh();
-        });
-        rows_.push_back(row);
-    }
-    labelRows_->setRowStretch(static_cast<int>(rows.size()), 1);
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        rows_[i].Language->setCurrentIndex(rows[i].LanguageCode < LanguageCodeCount() ? rows[i].LanguageCode : 0);
-        const QString text = DecodeDocumentText(rows[i].Text, codePage_);
-        if (rows_[i].Text->text() != text) rows_[i].Text->setText(text);
-    }
-}
-
 void PatternEditorWindow::ShowColourField(int index, bool shown) {
     lblcouleur_[index]->setVisible(shown);
     txtcouleur_[index]->setVisible(shown);
@@ -543,11 +416,9 @@ void PatternEditorWindow::ShowColourField(int index, bool shown) {
     const bool garmin = !colour || IsGarminColour(static_cast<Colour>(*colour));
     cmdGarmin_[index]->setVisible(shown && !garmin);
     if (!colour) return;
-    const QString text = Q(ColourText(static_cast<Colour>(*colour)));
+    const QString text = HtmlOf(*colour);
     if (txtcouleur_[index]->text().toUpper() != text) txtcouleur_[index]->setText(text);
-    const RgbChannels rgb = SplitColour(static_cast<Colour>(*colour));
-    txtcouleur_[index]->setStyleSheet(QStringLiteral("QLineEdit { background: %1; color: %2; }")
-                                          .arg(text, rgb.g < 202 ? QStringLiteral("white") : QStringLiteral("black")));
+    txtcouleur_[index]->setStyleSheet(FilledStyle(*colour));
     if (!garmin) {
         const Colour nearest = NearestGarminColour(static_cast<Colour>(*colour));
         cmdGarmin_[index]->setStyleSheet(QStringLiteral("QToolButton { background: %1; border: 1px solid gray; }")
@@ -617,15 +488,7 @@ void PatternEditorWindow::Refresh() {
     cbbPixelsH_->setCurrentIndex(model_.RepeatIndexH);
     cbbPixelsV_->setCurrentIndex(model_.RepeatIndexV);
 
-    chkString_->setChecked(model_.Labels.Enabled());
-    for (QWidget* w : std::initializer_list<QWidget*>{txtLangue_, txtString_, picLangues_, cmdNouvelleLangue_})
-        w->setVisible(model_.Labels.Enabled());
-    RefreshLabelRows();
-    chkExtendedLabel_->setChecked(extended);
-    for (QWidget* w : std::initializer_list<QWidget*>{lblFontStyle_, cbbFontStyle_, lblCustomColor_, cbbCustomColor_})
-        w->setVisible(extended);
-    cbbFontStyle_->setCurrentIndex(style.FontStyle);
-    cbbCustomColor_->setCurrentIndex(style.CustomColor);
+    labels_->Refresh();
 
     RefreshKind();
     RefreshPattern();
@@ -645,7 +508,7 @@ void PatternEditorWindow::RetranslateUi() {
     };
     for (int i = 0; i < kColourFields; ++i) {
         lblcouleur_[i]->setText(EditCaption(colourCaptions[i][0], colourCaptions[i][1]));
-        txtcouleur_[i]->setToolTip(EditTip("Double-cliquer pour choisir la couleur", "txtcouleurTip"));
+        txtcouleur_[i]->setToolTip(EditTr("Double-cliquer pour choisir la couleur", "txtcouleurTip"));
     }
     lblAperçuJour_->setText(EditCaption("Jour", "lblAperçuJour"));
     lblAperçuNuit_->setText(EditCaption("Nuit", "lblAperçuNuit"));
@@ -653,7 +516,7 @@ void PatternEditorWindow::RetranslateUi() {
     fraDrawingMode_->setTitle(EditCaption("Outil", "fraDrawingMode"));
     optPinceau_->setText(EditCaption("Crayon", "optPinceau"));
     optPot_->setText(EditCaption("Pot de peinture", "optPot"));
-    lblCouleurChoisie_->setToolTip(EditTip("Couleur du bouton gauche : cliquer pour changer", "lblCouleurChoisieTip"));
+    lblCouleurChoisie_->setToolTip(EditTr("Couleur du bouton gauche : cliquer pour changer", "lblCouleurChoisieTip"));
     chkGrille_->setText(EditCaption("Grille", "chkGrille"));
     chkAuto_->setText(EditCaption("Répétition auto", "chkAuto"));
     lblRepeterH_->setText(EditCaption("Répéter en largeur", "lblRépéterH"));
@@ -672,7 +535,7 @@ void PatternEditorWindow::RetranslateUi() {
     };
     for (const auto& [name, tip, key] : tips)
         for (const auto& [button, which] : commands_)
-            if (button->objectName() == QString::fromUtf8(name)) button->setToolTip(EditTip(tip, key));
+            if (button->objectName() == QString::fromUtf8(name)) button->setToolTip(EditTr(tip, key));
     for (const auto& [button, which] : commands_) {
         if (which == PatternCommand::Invert) button->setText(EditCaption("Inverser", "cmdInverser"));
         if (which == PatternCommand::FillAll) button->setText(EditCaption("Remplir", "cmdRemplir"));
@@ -688,27 +551,7 @@ void PatternEditorWindow::RetranslateUi() {
     cbbPixelsH_->setCurrentIndex(std::max(h, 0));
     cbbPixelsV_->setCurrentIndex(std::max(v, 0));
 
-    chkString_->setText(EditCaption("Labels", "chkString"));
-    txtLangue_->setText(EditCaption("Langue", "txtLangue"));
-    txtString_->setText(EditCaption("Description", "txtString"));
-    cmdNouvelleLangue_->setText(EditCaption("Ajouter une langue", "cmdNouvelleLangue"));
-    for (const LabelRow& row : rows_)
-        for (int code = 0; code < row.Language->count(); ++code) row.Language->setItemText(code, Q(LanguageCodeName(code)));
-    chkExtendedLabel_->setText(EditCaption("Label étendu", "chkExtendedLabel"));
-    lblFontStyle_->setText(EditCaption("Police", "lblFontStyle"));
-    lblCustomColor_->setText(EditCaption("Couleur", "lblCustomColor"));
-    const int font = cbbFontStyle_->currentIndex(), custom = cbbCustomColor_->currentIndex();
-    cbbFontStyle_->clear();
-    for (const auto& [text, key] : {std::pair{"Défaut", "cbbFontStyle0"}, {"Pas de label (invisible)", "cbbFontStyle1"},
-                                    {"Petite police", "cbbFontStyle2"}, {"Police normale", "cbbFontStyle3"},
-                                    {"Grande police", "cbbFontStyle4"}})
-        cbbFontStyle_->addItem(EditCaption(text, key));
-    cbbCustomColor_->clear();
-    for (const auto& [text, key] : {std::pair{"Aucune", "cbbCustomColor0"}, {"De jour", "cbbCustomColor1"},
-                                    {"De nuit", "cbbCustomColor2"}, {"De jour et de nuit", "cbbCustomColor3"}})
-        cbbCustomColor_->addItem(EditCaption(text, key));
-    cbbFontStyle_->setCurrentIndex(std::max(font, 0));
-    cbbCustomColor_->setCurrentIndex(std::max(custom, 0));
+    labels_->RetranslateUi();
     cmdOK_->setText(EditCaption("OK", "cmdOK"));
     cmdAnnuler_->setText(EditCaption("Annuler", "cmdAnnuler"));
     RetranslateKind();

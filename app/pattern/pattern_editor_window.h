@@ -29,15 +29,11 @@ class QVBoxLayout;
 
 namespace mirvane::app {
 
+class LabelStringsPanel;
 class PixelCanvas;
 class RasterPicture;
 
 inline constexpr int kPatternCellSize = 11;
-
-// A caption of the editors (section "Editer"): built in under French.
-inline QString EditCaption(std::string_view defaultText, std::string_view key) {
-    return QString::fromStdString(FormCaption("Editer", defaultText, key));
-}
 
 // The row `object` names when it is a `kind` the document holds.
 std::optional<int> RowOfKind(const Document& doc, std::optional<ObjectRef> object, ObjectKind kind);
@@ -95,13 +91,11 @@ private:
     QWidget* BuildPatternColumn();
     QWidget* BuildToolBox();
     QWidget* BuildPreviews();
-    QWidget* BuildLabels();
     void ConnectColourField(int index);
     void SetColourOfField(int index, std::uint32_t colour);
     std::optional<std::uint32_t> ColourOfField(int index) const;
     void ShowColourField(int index, bool shown);
     void ChooseColour(int index);
-    void RefreshLabelRows();
     void RefreshPattern();
     void AfterPatternChange();
     void RunCommand(PatternCommand command);
@@ -126,20 +120,7 @@ private:
     QLabel *lblRepeterH_ = nullptr, *lblRepeterV_ = nullptr;
     QLabel *lblAperçuJour_ = nullptr, *lblAperçuNuit_ = nullptr, *lblAperçuJourNuit_ = nullptr;
     std::array<RasterPicture*, 2> Aperçu_{};
-    // Labels.
-    QCheckBox *chkString_ = nullptr, *chkExtendedLabel_ = nullptr;
-    QLabel *txtLangue_ = nullptr, *txtString_ = nullptr, *lblFontStyle_ = nullptr, *lblCustomColor_ = nullptr;
-    QComboBox *cbbFontStyle_ = nullptr, *cbbCustomColor_ = nullptr;
-    QScrollArea* picLangues_ = nullptr;
-    QWidget* picString1_ = nullptr;
-    QGridLayout* labelRows_ = nullptr;
-    struct LabelRow {
-        QComboBox* Language;
-        QLineEdit* Text;
-        QPushButton* Remove;
-    };
-    std::vector<LabelRow> rows_;
-    QPushButton* cmdNouvelleLangue_ = nullptr;
+    LabelStringsPanel* labels_ = nullptr;
     QPushButton *cmdOK_ = nullptr, *cmdAnnuler_ = nullptr;
 };
 

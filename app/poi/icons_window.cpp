@@ -53,11 +53,9 @@ IconsWindow::IconsWindow(MainWindowModel& model, QWidget* parent)
     : QDialog(parent), model_(model), browser_(model.Doc(), model.Prompts(), SharedPoiClipboard()) {
     setObjectName("frmIcones");
     Check1_ = MakeNamed<QCheckBox>(this, "Check1");
-    cmdModifier_ = MakeNamed<QPushButton>(this, "cmdModifier");
-    cmdCopier_ = MakeNamed<QPushButton>(this, "cmdCopier");
+    cmdModifier_ = MakeButton(this, "cmdModifier");
+    cmdCopier_ = MakeButton(this, "cmdCopier");
     cmdFermer_ = MakeNamed<QPushButton>(this, "cmdFermer");
-    cmdModifier_->setAutoDefault(false);
-    cmdCopier_->setAutoDefault(false);
     cmdFermer_->setDefault(true);
 
     auto* top = new QHBoxLayout;

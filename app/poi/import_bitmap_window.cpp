@@ -9,6 +9,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "app/common/named_widget.h"
 #include "app/common/texts.h"
 #include "app/platform/qt_image_source.h"
 #include "app/preview/raster_image.h"
@@ -30,12 +31,6 @@ template <typename T>
 T* Named(T* widget, const QString& name) {
     widget->setObjectName(name);
     return widget;
-}
-
-QPushButton* MakeButton(QWidget* parent, const QString& name) {
-    auto* button = Named(new QPushButton(parent), name);
-    button->setAutoDefault(false);  // Return in Text1 opens the file, not a button
-    return button;
 }
 
 QComboBox* MakeSizeCombo(QWidget* parent, const char* name) {

@@ -24,7 +24,9 @@
 #include "app/colour/palette_dialog.h"
 #include "app/common/named_widget.h"
 #include "app/common/pixel_canvas.h"
+#include "app/common/colour_style.h"
 #include "app/common/texts.h"
+#include "app/labels/label_strings_panel.h"
 #include "app/platform/qt_image_source.h"
 #include "app/poi/import_bitmap_window.h"
 #include "base/codepage.h"
@@ -43,40 +45,20 @@ constexpr int kTransparentSwatch = 255;
 constexpr int kPreviewFrame = 64;
 constexpr int kPreviewZoom = 2;
 constexpr int kGridFrame = 460;  // Picture7: the grid is centred in it
+constexpr int kSmallestCell = 3;  // the zoom's lower end, in pixels a cell
 
-// cbbLangue: the language codes of the labels, by code.
-constexpr std::array<const char*, 35> kLanguages{
-    "Autre",    "Français", "Allemand", "Hollandais", "Anglais",   "Italien", "Finlandais", "Suédois",  "Espagnol",
-    "Basque",   "Catalan",  "Galican",  "Irlandais",  "Gaëlique",  "Danois",  "Norvégien",  "Portuguais", "Slovaque",
-    "Tchèque",  "Croate",   "Hongrois", "Polonais",   "Turc",      "Grec",    "Slovène",    "Russe",    "Estonien",
-    "Letton",   "Roumain",  "Albanais", "Bosniaque",  "Lituanien", "Serbe",   "Macédonien", "Bulgare"};
-constexpr int kLanguageCount = static_cast<int>(kLanguages.size());
-
-QString LanguageName(int code) { return Tr("Editer", kLanguages[static_cast<std::size_t>(code)], "Langue" + std::to_string(code)); }
-
-QString EditTr(std::string_view defaultText, std::string_view key) { return Tr("Editer", defaultText, key); }
-
-QString Indexed(const char* name, int index) { return QStringLiteral("%1(%2)").arg(name).arg(index); }
-
-QColor ColourOf(std::uint32_t colour) { return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF); }
-// "#RRGGBB" as 0x00BBGGRR; none for any other text.
-std::optional<std::uint32_t> ParseColourText(const QString& text) {
-    bool ok = false;
-    const std::uint32_t rgb = text.mid(1).toUInt(&ok, 16);
-    if (text.size() != 7 || !text.startsWith('#') || !ok) return std::nullopt;
-    return (rgb >> 16 & 0xFF) | (rgb & 0xFF00) | (rgb & 0xFF) << 16;
+// The largest cell at which a bitmap of `width` x `height` fits in `room`
+// pixels, the closing grid line included: the zoom's upper end.
+int FittingCellSize(int room, int width, int height) {
+    return std::max((room - 1) / std::max({width, height, 1}), kSmallestCell);
 }
-
-QString HtmlOf(std::uint32_t colour) { return Q(ColourText(static_cast<Colour>(colour))); }
 
 // A filled label: the colour behind, the text white on dark greens, black on light ones.
 void ShowColour(QLabel* label, std::optional<std::uint32_t> colour, const QString& text = {}) {
     if (!colour) {
         label->setStyleSheet("border: 1px solid gray;");
     } else {
-        const bool dark = ((*colour >> 8) & 0xFF) < 202;
-        label->setStyleSheet(QStringLiteral("background: %1; color: %2; border: 1px solid gray;")
-                                 .arg(ColourOf(*colour).name(), dark ? "white" : "black"));
+        label->setStyleSheet(FilledStyle(*colour) + " border: 1px solid gray;");
     }
     label->setText(text);
 }
@@ -101,12 +83,6 @@ QPixmap PreviewOf(const WorkingBitmap& bitmap, const QColor& ground) {
     return QPixmap::fromImage(frame.scaled(kPreviewFrame * kPreviewZoom, kPreviewFrame * kPreviewZoom));
 }
 
-QPushButton* Button(QWidget* parent, const char* name) {
-    auto* button = MakeNamed<QPushButton>(parent, name);
-    button->setAutoDefault(false);
-    return button;
-}
-
 }  // namespace
 
 PoiEditorWindow::PoiEditorWindow(MainWindowModel& main, PoiEditorTarget target, QWidget* parent)
@@ -121,8 +97,8 @@ PoiEditorWindow::PoiEditorWindow(MainWindowModel& main, PoiEditorTarget target, 
 
     cmdOK_ = MakeNamed<QPushButton>(this, "cmdOK");
     cmdOK_->setDefault(true);  // Enter
-    cmdAnnuler_ = Button(this, "cmdAnnuler");
-    cmdConvertir_ = Button(this, "cmdConvertir");
+    cmdAnnuler_ = MakeButton(this, "cmdAnnuler");
+    cmdConvertir_ = MakeButton(this, "cmdConvertir");
     cmdConvertir_->setVisible(target_.Kind == PoiEditorTarget::Use::Extra);
 
     auto* centre = new QVBoxLayout;
@@ -144,7 +120,8 @@ PoiEditorWindow::PoiEditorWindow(MainWindowModel& main, PoiEditorTarget target, 
     auto* whole = new QVBoxLayout(this);
     whole->addWidget(BuildHead());
     whole->addLayout(middle, 1);
-    whole->addWidget(BuildLabels());
+    labels_ = new LabelStringsPanel(model_.Labels, main_.Doc().Identity.CodePage, &main_.Prompts(), this);
+    whole->addWidget(labels_);
     whole->addLayout(buttons);
 
     connect(cmdOK_, &QPushButton::clicked, this, &PoiEditorWindow::accept);
@@ -251,9 +228,10 @@ QWidget* PoiEditorWindow::BuildGrid() {
     auto* column = new QWidget(this);
     auto* layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
-    // Picture7: the grid centred in a frame of its own, scrolled when zoomed beyond it.
+    // Picture7: the grid centred in a frame of its own.
     auto* frame = MakeNamed<QScrollArea>(column, "Picture7");
     frame->setFixedSize(kGridFrame, kGridFrame);
+    gridRoom_ = kGridFrame - 2 * frame->frameWidth();
     frame->setAlignment(Qt::AlignCenter);
     Picture2_ = MakeNamed<PixelCanvas>(frame, "Picture2");
     Picture2_->setMouseTracking(true);
@@ -262,7 +240,6 @@ QWidget* PoiEditorWindow::BuildGrid() {
     frame->setWidget(Picture2_);
 
     sldZoom2_ = MakeNamed<QSlider>(column, "sldZoom2", Qt::Horizontal);
-    sldZoom2_->setRange(1, 10);
     chkGrille_ = MakeNamed<QCheckBox>(column, "chkGrille");
     chkGrille_->setChecked(true);
     lblZoom_ = MakeNamed<QLabel>(column, "lblZoom");
@@ -280,7 +257,7 @@ QWidget* PoiEditorWindow::BuildGrid() {
     layout->addLayout(infoRow);
 
     connect(sldZoom2_, &QSlider::valueChanged, this, [this](int value) {
-        Picture2_->SetCellSize(2 * value + 1);
+        Picture2_->SetCellSize(value);
         Picture2_->adjustSize();
     });
     connect(chkGrille_, &QCheckBox::toggled, this, [this](bool on) { Picture2_->SetGridLines(on); });
@@ -308,6 +285,8 @@ QWidget* PoiEditorWindow::BuildTools() {
     for (int i = 0; i < 3; ++i) {
         auto* button = MakeNamed<QToolButton>(box, modes[i].second);
         button->setCheckable(true);
+        // As wide as its column, like the push buttons under it.
+        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
         tools_->addButton(button, i);
         layout->addWidget(button, 0, i);
         *modes[i].first = button;
@@ -316,7 +295,7 @@ QWidget* PoiEditorWindow::BuildTools() {
         model_.Tool = static_cast<PoiTool>(id);
     });
     const auto command = [&](QPushButton*& button, const char* name, int row, int column, std::function<void()> run) {
-        button = Button(box, name);
+        button = MakeButton(box, name);
         layout->addWidget(button, row, column);
         commands_.emplace_back(button, run);
         connect(button, &QPushButton::clicked, this, [this, run] { Edit(run); });
@@ -368,7 +347,7 @@ QWidget* PoiEditorWindow::BuildPalette() {
     for (int i = 0; i <= kTransparentSwatch; ++i) {
         if (i == kMaxPaletteColours) continue;  // 254: no entry
         auto* swatch = new QLabel(fraPalette_);
-        swatch->setObjectName(Indexed("lblpalette", i));
+        swatch->setObjectName(IndexedName("lblpalette", i));
         swatch->setFixedSize(i == kTransparentSwatch ? QSize(kSwatchSide * 6, kSwatchSide) : QSize(kSwatchSide, kSwatchSide));
         swatch->installEventFilter(this);
         lblpalette_[static_cast<std::size_t>(i)] = swatch;
@@ -379,9 +358,9 @@ QWidget* PoiEditorWindow::BuildPalette() {
     lblCouleurCourante_->setMinimumHeight(24);
     lblCouleurCourante_->setAlignment(Qt::AlignCenter);
     lblCouleurCourante_->installEventFilter(this);
-    cmdAjouterCouleur_ = Button(column, "cmdAjouterCouleur");
-    cmdSupprimerCouleur_ = Button(column, "cmdSupprimerCouleur");
-    cmdCanalAlpha_ = Button(column, "cmdCanalAlpha");
+    cmdAjouterCouleur_ = MakeButton(column, "cmdAjouterCouleur");
+    cmdSupprimerCouleur_ = MakeButton(column, "cmdSupprimerCouleur");
+    cmdCanalAlpha_ = MakeButton(column, "cmdCanalAlpha");
     lblIsGarmin_ = MakeNamed<QLabel>(column, "lblIsGarmin");
     lblIsGarmin_->setWordWrap(true);
     lblIsGarmin_->installEventFilter(this);
@@ -421,147 +400,14 @@ QWidget* PoiEditorWindow::BuildPreviews() {
     auto* layout = new QGridLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     for (int i = 0; i < 3; ++i) {
-        lblApercu_[i] = MakeNamed<QLabel>(row, qPrintable(Indexed("lblApercu", i)));
-        Apercu_[i] = MakeNamed<QLabel>(row, qPrintable(Indexed("Aperçu", i)));
+        lblApercu_[i] = MakeNamed<QLabel>(row, IndexedName("lblApercu", i));
+        Apercu_[i] = MakeNamed<QLabel>(row, IndexedName("Aperçu", i));
         Apercu_[i]->setFixedSize(kPreviewFrame * kPreviewZoom + 2, kPreviewFrame * kPreviewZoom + 2);
         Apercu_[i]->setFrameShape(QFrame::Box);
         layout->addWidget(lblApercu_[i], 0, i);
         layout->addWidget(Apercu_[i], 1, i);
     }
     return row;
-}
-
-QWidget* PoiEditorWindow::BuildLabels() {
-    auto* box = new QWidget(this);
-    auto* layout = new QGridLayout(box);
-    layout->setContentsMargins(0, 0, 0, 0);
-    chkString_ = MakeNamed<QCheckBox>(box, "chkString");
-    txtLangue_ = MakeNamed<QLabel>(box, "txtLangue");
-    txtString_ = MakeNamed<QLabel>(box, "txtString");
-    picLangues_ = MakeNamed<QWidget>(box, "picString1");
-    languageRows_ = new QGridLayout(picLangues_);
-    languageRows_->setContentsMargins(0, 0, 0, 0);
-    languageRows_->setAlignment(Qt::AlignTop);
-    auto* scroll = MakeNamed<QScrollArea>(box, "picLangues");
-    scroll->setWidget(picLangues_);
-    scroll->setWidgetResizable(true);
-    scroll->setFixedHeight(96);
-    cmdNouvelleLangue_ = Button(box, "cmdNouvelleLangue");
-    chkExtendedLabel_ = MakeNamed<QCheckBox>(box, "chkExtendedLabel");
-    lblFontStyle_ = MakeNamed<QLabel>(box, "lblFontStyle");
-    lblCustomColor_ = MakeNamed<QLabel>(box, "lblCustomColor");
-    cbbFontStyle_ = MakeNamed<QComboBox>(box, "cbbFontStyle");
-    cbbCustomColor_ = MakeNamed<QComboBox>(box, "cbbCustomColor");
-    cbbFontStyle_->addItems(QStringList(5, QString()));
-    cbbCustomColor_->addItems(QStringList(4, QString()));
-    for (int i = 0; i < 2; ++i) {
-        lblcouleur_[i] = MakeNamed<QLabel>(box, qPrintable(Indexed("lblcouleur", i)));
-        txtcouleur_[i] = MakeNamed<QLineEdit>(box, qPrintable(Indexed("txtcouleur", i + 4)));
-        txtcouleur_[i]->setMaxLength(7);
-        txtcouleur_[i]->setMaximumWidth(80);
-    }
-    auto* heads = new QHBoxLayout;
-    heads->addWidget(txtLangue_);
-    heads->addWidget(txtString_, 1);
-    layout->addWidget(chkString_, 0, 0);
-    layout->addLayout(heads, 1, 0);
-    layout->addWidget(scroll, 2, 0, 3, 1);
-    layout->addWidget(cmdNouvelleLangue_, 5, 0, Qt::AlignLeft);
-    layout->addWidget(chkExtendedLabel_, 0, 1, 1, 2);
-    layout->addWidget(lblFontStyle_, 1, 1);
-    layout->addWidget(cbbFontStyle_, 1, 2);
-    layout->addWidget(lblCustomColor_, 2, 1);
-    layout->addWidget(cbbCustomColor_, 2, 2);
-    layout->addWidget(lblcouleur_[0], 3, 1);
-    layout->addWidget(txtcouleur_[0], 3, 2);
-    layout->addWidget(lblcouleur_[1], 4, 1);
-    layout->addWidget(txtcouleur_[1], 4, 2);
-    layout->setColumnStretch(0, 1);
-
-    connect(chkString_, &QCheckBox::toggled, this, [this](bool on) {
-        if (refreshing_) return;
-        model_.Labels.SetEnabled(on);
-        RefreshLabels();
-    });
-    connect(cmdNouvelleLangue_, &QPushButton::clicked, this, [this] {
-        model_.Labels.AddRow();
-        RefreshLabels();
-    });
-    connect(chkExtendedLabel_, &QCheckBox::toggled, this, [this](bool on) {
-        if (refreshing_) return;
-        model_.Labels.SetExtendedEnabled(on);
-        RefreshLabels();
-    });
-    connect(cbbFontStyle_, &QComboBox::currentIndexChanged, this, [this](int i) {
-        if (!refreshing_) model_.Labels.Extended().FontStyle = i;
-    });
-    connect(cbbCustomColor_, &QComboBox::currentIndexChanged, this, [this](int i) {
-        if (refreshing_) return;
-        model_.Labels.Extended().CustomColor = i;
-        RefreshLabels();
-    });
-    for (int i = 0; i < 2; ++i)
-        connect(txtcouleur_[i], &QLineEdit::editingFinished, this, [this, i] {
-            const auto colour = ParseColourText(txtcouleur_[i]->text());
-            if (!colour) {
-                main_.Prompts().Inform("Mirvane", EditTr("Il faut rentrer une valeur html du type #RRGGBB", "msgCouleur")
-                                                      .toStdString());
-                return;
-            }
-            (i == 0 ? model_.Labels.Extended().DayColour : model_.Labels.Extended().NightColour) =
-                static_cast<std::uint32_t>(*colour);
-            RefreshLabels();
-        });
-    return box;
-}
-
-void PoiEditorWindow::RebuildLanguageRows() {
-    const auto& rows = model_.Labels.Rows();
-    while (cbbLangue_.size() > rows.size()) {
-        delete cbbLangue_.back();
-        delete txtTexte_.back();
-        delete cmdSupprimerLangue_.back();
-        cbbLangue_.pop_back();
-        txtTexte_.pop_back();
-        cmdSupprimerLangue_.pop_back();
-    }
-    while (cbbLangue_.size() < rows.size()) {
-        const int i = static_cast<int>(cbbLangue_.size());
-        auto* language = new QComboBox(picLangues_);
-        language->setObjectName(Indexed("cbbLangue", i));
-        for (int code = 0; code < kLanguageCount; ++code)
-            language->addItem(LanguageName(code));
-        auto* text = new QLineEdit(picLangues_);
-        text->setObjectName(Indexed("txtTexte", i));
-        auto* remove = new QPushButton("X", picLangues_);
-        remove->setObjectName(Indexed("cmdSupprimerLangue", i));
-        remove->setAutoDefault(false);
-        remove->setFixedWidth(28);
-        languageRows_->addWidget(language, i, 0);
-        languageRows_->addWidget(text, i, 1);
-        languageRows_->addWidget(remove, i, 2);
-        connect(language, &QComboBox::currentIndexChanged, this, [this, i](int code) {
-            if (!refreshing_) model_.Labels.SetLanguage(i, static_cast<std::uint8_t>(code));
-        });
-        connect(text, &QLineEdit::textEdited, this,
-                [this, i](const QString& t) { model_.Labels.SetText(i, CodePageBytes(t)); });
-        connect(remove, &QPushButton::clicked, this, [this, i] {
-            model_.Labels.RemoveRow(i);
-            RefreshLabels();
-        });
-        cbbLangue_.push_back(language);
-        txtTexte_.push_back(text);
-        cmdSupprimerLangue_.push_back(remove);
-    }
-}
-
-QString PoiEditorWindow::CodePageText(const std::string& bytes) const {
-    return DecodeDocumentText(bytes, main_.Doc().Header.CodePage);
-}
-
-std::string PoiEditorWindow::CodePageBytes(const QString& text) const {
-    const int codePage = main_.Doc().Header.CodePage;
-    return EncodeCodePage(text.toStdString(), IsSupportedCodePage(codePage) ? codePage : 1252);
 }
 
 void PoiEditorWindow::RetranslateUi() {
@@ -630,26 +476,10 @@ void PoiEditorWindow::RetranslateUi() {
     lblApercu_[0]->setText(EditTr("Actuel", "lblActuel"));
     lblApercu_[1]->setText(EditTr("Modifié", "lblModifie"));
     lblApercu_[2]->setText(EditTr("Autre bitmap", "lblAutreBitmap"));
-    chkString_->setText(EditTr("Labels", "chkString"));
-    txtLangue_->setText(EditTr("Langue", "txtLangue"));
-    txtString_->setText(EditTr("Description", "txtString"));
-    cmdNouvelleLangue_->setText(EditTr("Ajouter une langue", "cmdNouvelleLangue"));
-    chkExtendedLabel_->setText(EditTr("Label étendu", "chkExtendedLabel"));
-    lblFontStyle_->setText(EditTr("Police", "lblFontStyle"));
-    lblCustomColor_->setText(EditTr("Couleur", "lblCustomColor"));
-    const std::array<const char*, 5> fonts{"Défaut", "Pas de label (invisible)", "Petite police", "Police normale",
-                                           "Grande police"};
-    for (int i = 0; i < 5; ++i) cbbFontStyle_->setItemText(i, EditTr(fonts[i], "cbbFontStyle" + std::to_string(i)));
-    const std::array<const char*, 4> colours{"Aucune", "De jour", "De nuit", "De jour et de nuit"};
-    for (int i = 0; i < 4; ++i) cbbCustomColor_->setItemText(i, EditTr(colours[i], "cbbCustomColor" + std::to_string(i)));
-    lblcouleur_[0]->setText(EditTr("Jour", "optBitmap0"));
-    lblcouleur_[1]->setText(EditTr("Nuit", "optBitmap1"));
+    labels_->RetranslateUi();
     cmdOK_->setText(EditTr("OK", "cmdOK"));
     cmdAnnuler_->setText(EditTr("Annuler", "cmdAnnuler"));
     cmdConvertir_->setText(EditTr("Convertir en POI", "cmdConvertir"));
-    for (std::size_t i = 0; i < cbbLangue_.size(); ++i)
-        for (int code = 0; code < kLanguageCount; ++code)
-            cbbLangue_[i]->setItemText(code, LanguageName(code));
     Refresh();
 }
 
@@ -674,14 +504,18 @@ void PoiEditorWindow::Refresh() {
     chkBitmapNuit_->setChecked(night);
     optBitmap_[1]->setVisible(night);
     optBitmap_[model_.NightShown() ? 1 : 0]->setChecked(true);
-    // A new size brings the zoom that fits it, as on opening.
-    if (Picture2_->Columns() != shown.Width || Picture2_->Rows() != shown.Height)
-        sldZoom2_->setValue(std::min(240 / std::max({shown.Width, shown.Height, 1}), 10));
-    Picture2_->SetCellSize(2 * sldZoom2_->value() + 1);
+    // A new size brings the zoom at which the bitmap fills the frame, as on
+    // opening; the slider's upper end is that zoom.
+    if (Picture2_->Columns() != shown.Width || Picture2_->Rows() != shown.Height) {
+        const int fit = FittingCellSize(gridRoom_, shown.Width, shown.Height);
+        sldZoom2_->setRange(kSmallestCell, fit);
+        sldZoom2_->setValue(fit);
+    }
+    Picture2_->SetCellSize(sldZoom2_->value());
     Picture2_->SetGrid(shown.Width, shown.Height, [this](Cell cell) -> std::optional<QColor> {
         const auto colour = model_.Shown().ShownColour(cell);
         if (!colour) return std::nullopt;
-        return ColourOf(*colour);
+        return QColourOf(*colour);
     });
     Picture2_->adjustSize();
     Picture2_->Refresh();
@@ -692,7 +526,7 @@ void PoiEditorWindow::Refresh() {
             button->setEnabled(model_.HasBitmap);
     RefreshPalette();
     RefreshPreviews();
-    RefreshLabels();
+    labels_->Refresh();
     refreshing_ = false;
 }
 
@@ -776,40 +610,6 @@ void PoiEditorWindow::RefreshPreviews() {
     Apercu_[2]->setVisible(other);
     lblApercu_[2]->setVisible(other);
     if (other) Apercu_[2]->setPixmap(PreviewOf(model_.NightShown() ? current.Day : *current.Night, ground));
-}
-
-void PoiEditorWindow::RefreshLabels() {
-    const bool wasRefreshing = std::exchange(refreshing_, true);
-    const LabelStringsModel& labels = model_.Labels;
-    chkString_->setChecked(labels.Enabled());
-    for (QWidget* w : {static_cast<QWidget*>(txtLangue_), static_cast<QWidget*>(txtString_),
-                       static_cast<QWidget*>(cmdNouvelleLangue_)})
-        w->setVisible(labels.Enabled());
-    RebuildLanguageRows();
-    for (std::size_t i = 0; i < labels.Rows().size(); ++i) {
-        cbbLangue_[i]->setCurrentIndex(labels.Rows()[i].LanguageCode);
-        const QString text = CodePageText(labels.Rows()[i].Text);
-        if (txtTexte_[i]->text() != text) txtTexte_[i]->setText(text);
-    }
-    const bool extended = labels.ExtendedEnabled();
-    const ExtendedLabelStyle& style = labels.Extended();
-    chkExtendedLabel_->setChecked(extended);
-    for (QWidget* w : {static_cast<QWidget*>(lblFontStyle_), static_cast<QWidget*>(cbbFontStyle_),
-                       static_cast<QWidget*>(lblCustomColor_), static_cast<QWidget*>(cbbCustomColor_)})
-        w->setVisible(extended);
-    cbbFontStyle_->setCurrentIndex(style.FontStyle);
-    cbbCustomColor_->setCurrentIndex(style.CustomColor);
-    for (int i = 0; i < 2; ++i) {
-        const bool shown = extended && (style.CustomColor & (1 << i));
-        const std::uint32_t colour = i == 0 ? style.DayColour : style.NightColour;
-        lblcouleur_[i]->setVisible(shown);
-        txtcouleur_[i]->setVisible(shown);
-        txtcouleur_[i]->setText(HtmlOf(colour));
-        const bool dark = ((colour >> 8) & 0xFF) < 202;
-        txtcouleur_[i]->setStyleSheet(
-            QStringLiteral("background: %1; color: %2;").arg(ColourOf(colour).name(), dark ? "white" : "black"));
-    }
-    refreshing_ = wasRefreshing;
 }
 
 bool PoiEditorWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -29,6 +29,7 @@ class MainWindowModel;
 
 namespace mirvane::app {
 
+class LabelStringsPanel;
 class PixelCanvas;
 
 // What the editor was opened on.
@@ -69,11 +70,8 @@ private:
     QWidget* BuildTools();
     QWidget* BuildPalette();
     QWidget* BuildPreviews();
-    QWidget* BuildLabels();
-    void RebuildLanguageRows();
     void RefreshPalette();
     void RefreshPreviews();
-    void RefreshLabels();
     void Edit(const std::function<void()>& change);  // runs a model change, then refreshes
     void PaletteClicked(int index, Qt::MouseButton button);
     void CurrentColourClicked(Qt::MouseButton button);
@@ -82,8 +80,6 @@ private:
     bool CheckHexField(QLineEdit* field, int maximum);
     void ConvertToStandard();  // cmdConvertir
     void Finish(ChangeSet changed, std::optional<ObjectRef> select);
-    QString CodePageText(const std::string& bytes) const;
-    std::string CodePageBytes(const QString& text) const;
 
     MainWindowModel& main_;
     PoiEditorTarget target_;
@@ -101,6 +97,7 @@ private:
     std::array<QRadioButton*, 2> optBitmap_{};
     PixelCanvas* Picture2_ = nullptr;
     QSlider* sldZoom2_ = nullptr;
+    int gridRoom_ = 0;  // the inside of Picture7, in pixels
     QLabel *lblCoordonnees_ = nullptr, *lblCanalalpha_ = nullptr;
     QButtonGroup* tools_ = nullptr;
     QToolButton *optPinceau_ = nullptr, *optPot_ = nullptr, *optPipette_ = nullptr;
@@ -116,17 +113,7 @@ private:
     QPushButton *cmdAjouterCouleur_ = nullptr, *cmdSupprimerCouleur_ = nullptr, *cmdCanalAlpha_ = nullptr;
     std::array<QLabel*, 3> Apercu_{};
     std::array<QLabel*, 3> lblApercu_{};
-    QCheckBox *chkString_ = nullptr, *chkExtendedLabel_ = nullptr;
-    QLabel *txtLangue_ = nullptr, *txtString_ = nullptr, *lblFontStyle_ = nullptr, *lblCustomColor_ = nullptr;
-    QWidget* picLangues_ = nullptr;
-    QGridLayout* languageRows_ = nullptr;
-    std::vector<QComboBox*> cbbLangue_;
-    std::vector<QLineEdit*> txtTexte_;
-    std::vector<QPushButton*> cmdSupprimerLangue_;
-    QPushButton* cmdNouvelleLangue_ = nullptr;
-    QComboBox *cbbFontStyle_ = nullptr, *cbbCustomColor_ = nullptr;
-    std::array<QLabel*, 2> lblcouleur_{};
-    std::array<QLineEdit*, 2> txtcouleur_{};  // (4) day, (5) night
+    LabelStringsPanel* labels_ = nullptr;
     QPushButton *cmdOK_ = nullptr, *cmdAnnuler_ = nullptr, *cmdConvertir_ = nullptr;
 };
 

@@ -11,6 +11,7 @@
 #include <QWidget>
 #include <memory>
 
+#include "child_widget.h"
 #include "models/shell/main_window_model.h"
 #include "scripted_prompts.h"
 #include "app/shell/application.h"
@@ -18,12 +19,6 @@
 
 inline QString CorpusFile(const char* name) {
     return QString(MIRVANE_SHARED_DIR) + "/corpus/binary/" + name;
-}
-
-// Where the pictures of the windows go, when asked for.
-inline void Picture(QWidget& widget, const char* name) {
-    const QString folder = qEnvironmentVariable("MIRVANE_SCREENSHOTS");
-    if (!folder.isEmpty()) widget.grab().save(folder + "/" + name);
 }
 
 // The bundled sample: what a test needs when any TYP will do.
@@ -54,11 +49,7 @@ protected:
     std::unique_ptr<mirvane::app::MainWindow> window_;
 
     template <typename T>
-    static T* Find(QObject* parent, const char* name) {
-        T* found = parent->findChild<T*>(QString::fromUtf8(name));
-        if (!found) qFatal("no widget %s", name);
-        return found;
-    }
+    static T* Find(QObject* parent, const char* name) { return Child<T>(parent, QString::fromUtf8(name)); }
     template <typename T>
     T* Find(const char* name) { return Find<T>(window_.get(), name); }
     QAction* Action(const char* name) { return Find<QAction>(name); }

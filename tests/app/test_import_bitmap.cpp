@@ -17,19 +17,13 @@
 #include "app/poi/import_bitmap_window.h"
 #include "app/preview/raster_image.h"
 #include "app/shell/application.h"
+#include "child_widget.h"
 #include "scripted_prompts.h"
 
 using namespace mirvane;
 using mirvane::app::ImportBitmapWindow;
 
 namespace {
-
-template <typename T = QWidget>
-T* Child(QWidget* parent, const QString& name) {
-    T* widget = parent->findChild<T*>(name);
-    if (!widget) qFatal("no widget %s", qPrintable(name));
-    return widget;
-}
 
 // A transparent ground with an opaque blue square in the middle.
 QImage BlueSquareOnNothing(int width, int height) {

@@ -81,14 +81,14 @@ private slots:
             QVERIFY(Find<QPushButton>(mapsets_.get(), button)->isVisible());
             QVERIFY(!Find<QPushButton>(mapsets_.get(), button)->text().isEmpty());
         }
-        Picture(*mapsets_, "mapsets_window.png");
+        SavePicture(*mapsets_, "mapsets_window.png");
 
         SetLanguageName("English");
         mapsets_->RetranslateUi();
         QCOMPARE(mapsets_->windowTitle(), QString("Select a mapset"));
         QCOMPARE(list->headerItem()->text(3), QString("TYP file"));
         QCOMPARE(Find<QPushButton>(mapsets_.get(), "cmdOK")->text(), QString("Choose a TYP file"));
-        Picture(*mapsets_, "mapsets_window_english.png");
+        SavePicture(*mapsets_, "mapsets_window_english.png");
     }
 
     void associatingWritesTheRegistryAndAdjustsTheTypWhenAsked() {

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "app_test_support.h"
+#include "child_widget.h"
 #include "app/colour/colour_identifier.h"
 #include "app/colour/colours_dialog.h"
 #include "app/colour/palette_dialog.h"
@@ -28,13 +29,6 @@ namespace {
 Colour Rgb(std::uint32_t rrggbb) {
     return MakeColour(static_cast<std::uint8_t>(rrggbb >> 16), static_cast<std::uint8_t>(rrggbb >> 8),
                             static_cast<std::uint8_t>(rrggbb));
-}
-
-template <typename T = QWidget>
-T* Child(QWidget* parent, const QString& name) {
-    T* widget = parent->findChild<T*>(name);
-    if (!widget) qFatal("no widget %s", qPrintable(name));
-    return widget;
 }
 
 QWidget* Square(QWidget* dialog, int index) { return Child(dialog, QStringLiteral("Carré(%1)").arg(index)); }

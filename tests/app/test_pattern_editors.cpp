@@ -13,6 +13,7 @@
 #include "app/pattern/line_editor_window.h"
 #include "app/pattern/polygon_editor_window.h"
 #include "app_test_support.h"
+#include "child_widget.h"
 #include "document/binary_reader.h"
 #include "document/binary_writer.h"
 #include "document/encoding.h"
@@ -24,13 +25,6 @@ using mirvane::app::PixelCanvas;
 using mirvane::app::PolygonEditorWindow;
 
 namespace {
-
-template <typename T = QWidget>
-T* Child(QWidget* parent, const QString& name) {
-    T* widget = parent->findChild<T*>(name);
-    if (!widget) qFatal("no widget %s", qPrintable(name));
-    return widget;
-}
 
 void Type(QWidget* window, const QString& field, const QString& text) {
     auto* edit = Child<QLineEdit>(window, field);

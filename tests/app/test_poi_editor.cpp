@@ -17,6 +17,7 @@
 
 #include "app/common/pixel_canvas.h"
 #include "app/poi/poi_editor_window.h"
+#include "child_widget.h"
 #include "corpus.h"
 #include "document/binary_reader.h"
 #include "document/binary_writer.h"
@@ -32,13 +33,6 @@ using mirvane::app::PoiEditorTarget;
 using mirvane::app::PoiEditorWindow;
 
 namespace {
-
-template <typename T = QWidget>
-T* Child(QWidget& parent, const QString& name) {
-    T* widget = parent.findChild<T*>(name);
-    if (!widget) qFatal("no widget %s", qPrintable(name));
-    return widget;
-}
 
 // Each pixel's colour as shown, none for a transparent one.
 std::vector<std::optional<std::uint32_t>> ShownPixels(const WorkingBitmap& b) {

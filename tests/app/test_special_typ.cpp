@@ -9,19 +9,13 @@
 #include <QtTest>
 
 #include "app/special/special_typ_window.h"
+#include "child_widget.h"
 #include "document/binary_writer.h"
 #include "scripted_prompts.h"
 
 using mirvane::app::SpecialTypWindow;
 
 namespace {
-
-template <typename T>
-T* Find(QObject* parent, const char* name) {
-    T* found = parent->findChild<T*>(QString::fromUtf8(name));
-    if (!found) qFatal("no widget %s", name);
-    return found;
-}
 
 // The file without bytes 14 to 20 of its header, the date of the save.
 QByteArray WithoutDate(const QString& path) {
@@ -39,15 +33,15 @@ private slots:
     void OkTellsWhatIsMissing() {
         ScriptedPrompts prompts;
         SpecialTypWindow window(prompts, [] { return 1u; });
-        QCOMPARE(Find<QComboBox>(&window, "cbbPlage")->count(), 19);
-        QCOMPARE(Find<QComboBox>(&window, "cbbPlage")->itemText(18), QString("0x11000  à  0x11F1F"));
-        Find<QPushButton>(&window, "cmdOK")->click();
-        Find<QRadioButton>(&window, "optPOI")->setChecked(true);
-        Find<QPushButton>(&window, "cmdOK")->click();
+        QCOMPARE(Child<QComboBox>(&window, "cbbPlage")->count(), 19);
+        QCOMPARE(Child<QComboBox>(&window, "cbbPlage")->itemText(18), QString("0x11000  à  0x11F1F"));
+        Child<QPushButton>(&window, "cmdOK")->click();
+        Child<QRadioButton>(&window, "optPOI")->setChecked(true);
+        Child<QPushButton>(&window, "cmdOK")->click();
         QCOMPARE(prompts.Log.size(), std::size_t{2});
         QVERIFY(!window.Result().has_value());
-        Find<QComboBox>(&window, "cbbPlage")->setCurrentIndex(0);
-        Find<QPushButton>(&window, "cmdOK")->click();
+        Child<QComboBox>(&window, "cbbPlage")->setCurrentIndex(0);
+        Child<QPushButton>(&window, "cmdOK")->click();
         QVERIFY(window.Result().has_value());
         QCOMPARE(window.Result()->PoiCount(), 256);
         QCOMPARE(prompts.Log.size(), std::size_t{2});
@@ -58,9 +52,9 @@ private slots:
         const QString fromWindow = folder.filePath("window.typ"), fromCli = folder.filePath("cli.typ");
         ScriptedPrompts prompts;
         SpecialTypWindow window(prompts, [] { return 42u; });
-        Find<QRadioButton>(&window, "optPolygone")->setChecked(true);
-        Find<QComboBox>(&window, "cbbPlage")->setCurrentIndex(18);
-        Find<QPushButton>(&window, "cmdOK")->click();
+        Child<QRadioButton>(&window, "optPolygone")->setChecked(true);
+        Child<QComboBox>(&window, "cbbPlage")->setCurrentIndex(18);
+        Child<QPushButton>(&window, "cmdOK")->click();
         QVERIFY(window.Result().has_value());
         mirvane::Document& doc = *window.Result();
         doc.Identity.Fid = 1;
