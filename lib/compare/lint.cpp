@@ -64,7 +64,9 @@ private:
     void CheckPolygon(const std::string& name, const ObjectKey& key, const PolygonRecord& record) {
         bool drawn = false;
         for (const DrawOrderEntry& row : doc_.DrawOrder) drawn = drawn || DrawOrderRowCovers(row, key.Type, key.SubType);
-        if (!drawn) Say(name, "not in the draw order; add a row for it to [_drawOrder]");
+        // The draw order cannot hold type 0: its entry reads as the step to the next level.
+        if (key.Type == 0) Say(name, "type 0 cannot be placed in the draw order, so no map draws it; use another type");
+        else if (!drawn) Say(name, "not in the draw order; add a row for it to [_drawOrder]");
         const DecodedPolygon polygon = DecodePolygon(record);
         CheckLayout(name, polygon.Layout, polygon.Status);
         CheckLabels(name, record.LabelBytes);

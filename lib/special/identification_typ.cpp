@@ -119,14 +119,14 @@ PoiRecord PoiOf(const Identified& object, bool withSubTypes) {
     return record;
 }
 
-// Every polygon of the range at level 1, so that all of them are drawn. Types
-// 0x000 and 0x100 are left out: an entry starting with a zero byte is read as
-// the step to the next level, and every later polygon would drop a level.
+// Every polygon of the range at level 1, so that all of them are drawn. Type
+// 0x000 is left out: its entry, five zero bytes, is the step to the next
+// level, and every later polygon would drop a level.
 std::vector<DrawOrderEntry> DrawOrderOf(const std::vector<Identified>& objects) {
     std::vector<DrawOrderEntry> entries;
     entries.reserve(objects.size());
     for (const Identified& object : objects) {
-        if ((object.Type & 0xFF) != 0) entries.push_back({1, object.Type, object.SubType});
+        if (object.Type != 0) entries.push_back({1, object.Type, object.SubType});
     }
     SortDrawOrder(entries);
     return entries;

@@ -96,12 +96,12 @@ TEST_P(IdentificationTypTest, ReadsBackCleanAndEveryObjectNamesItself) {
     ExpectLabelsName(doc.Pois, range.WithSubTypes);
 
     // Polygons are all drawn, at level 1. The file's draw order holds a type
-    // below 0x100 once whatever its subtypes, and types 0x000
-    // and 0x100 are not in it (their entries would read as a level step).
+    // below 0x100 once whatever its subtypes, and type 0x000 is not in it (its
+    // entry would read as a level step).
     std::set<std::pair<int, int>> drawable;
     if (kind == ObjectKind::Polygon) {
         for (const auto& [t, s] : codes)
-            if ((t & 0xFF) != 0) drawable.insert({t, t >= 0x100 ? s : 0});
+            if (t != 0) drawable.insert({t, t >= 0x100 ? s : 0});
     }
     std::set<std::pair<int, int>> drawn;
     for (const DrawOrderEntry& entry : doc.DrawOrder) {
