@@ -112,6 +112,12 @@ TEST(LintDocument, EachProblemIsOneFinding) {
              std::erase_if(d.DrawOrder, [&](const DrawOrderEntry& e) { return e.Type == type; });
          },
          "not in the draw order"},
+        {"polygon of type 0",
+         [](Document& d) {
+             d.Polygons.push_back(d.Polygons[0]);
+             d.Polygons.back().Type = "000";
+         },
+         "type 0 cannot be placed"},
         {"draw order row alone", [](Document& d) { d.DrawOrder.push_back({2, 0x50, 0}); }, "no polygon"},
         {"FID 0", [](Document& d) { d.Identity.Fid = 0; }, "FID"},
         {"no product code", [](Document& d) { d.Identity.ProductCode.reset(); }, "product code"},
