@@ -183,7 +183,8 @@ int RunMirvane(const QStringList& arguments) {
         if (!TakeOption(args, "--screenshot", out) || !TakeOption(args, "--window", windowName) ||
             !TakeOption(args, "--picture", picture) || !TakeOption(args, "--language", language) ||
             !TakeOption(args, "--object", objectName) || out.isEmpty()) {
-            std::fprintf(stderr, "usage: mirvane --screenshot OUT.png [--window frmMapsets | frmTypSpeciaux | frmPOI | frmImporterBitmap --picture PICTURE] "
+            std::fprintf(stderr, "usage: mirvane --screenshot OUT.png [--window frmPolygone | frmPolyline | frmPOI | frmDraworder | "
+                                 "frmIcones | frmMapsets | frmTypSpeciaux | frmImporterBitmap --picture PICTURE] "
                                  "[--object polygon|line|poi:TYPE[:SUBTYPE]] [--language NAME] [FILE]\n");
             return 2;
         }
