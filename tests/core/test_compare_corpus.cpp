@@ -2,14 +2,19 @@
 // after a save and after the text listing is compiled back.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <functional>
 #include <random>
+#include <sstream>
 
 #include "compare/drawing_diff.h"
+#include "compare/lint.h"
 #include "corpus.h"
 #include "document/binary_reader.h"
 #include "document/binary_writer.h"
 #include "document/encoding.h"
+#include "listing_test_support.h"
 #include "support/sample_document.h"
 #include "text/listing.h"
 #include "text/parser.h"
@@ -30,8 +35,11 @@ Document Saved(Document doc) {
     return reread;
 }
 
-Document Compiled(Document doc) {
-    const std::string text = ListWholeDocument(doc, ListingContext{}).Plain();
+using TextEdit = std::function<std::string(const std::string&)>;
+
+Document Compiled(Document doc, const TextEdit& edit = {}) {
+    std::string text = ListWholeDocument(doc, ListingContext{}).Plain();
+    if (edit) text = edit(text);
     Document parsed;
     LoadTypText(parsed, text, "/maps/listed.txt");
     return Saved(std::move(parsed));
@@ -118,6 +126,111 @@ TEST(CompareRandom, EveryLayoutDrawsTheSameAfterASaveAndThroughTheText) {
         doc.Polylines.resize(static_cast<std::size_t>(doc.PolylineCount));
         doc.ExtraPolylineCount = 0;
         const auto lines = CompareDrawings(doc, Compiled(doc));
+        EXPECT_TRUE(lines.empty()) << lines.size() << " differences\n" << FirstLines(lines);
+    }
+}
+
+// Each line of `text` through `edit`, which appends what it returns.
+std::string EachLine(const std::string& text, const std::function<std::string(const std::string&)>& edit) {
+    std::istringstream in(text);
+    std::string out, line;
+    while (std::getline(in, line)) out += edit(line);
+    return out;
+}
+
+// A comment after every bitmap header, palette line and pixel row.
+std::string WithComments(const std::string& text) {
+    return EachLine(text, [](const std::string& line) {
+        const bool bitmap = line.starts_with('"') || line.find("Xpm=") != std::string::npos;
+        return line + "\n" + (bitmap ? "; a comment\n" : "");
+    });
+}
+
+// The 4x3 night bitmap listed 5x4: a pixel more on every row and one row more.
+std::string LargerNight(const std::string& text) {
+    bool night = false;
+    std::string lastRow;
+    return EachLine(text, [&](std::string line) {
+        std::string out;
+        if (line.starts_with("NightXpm=\"4 3 ")) {
+            night = true;
+            line.replace(10, 3, "5 4");
+        } else if (night && line.starts_with('"') && line.find("\tc ") == std::string::npos) {
+            line.insert(line.rfind('"'), "1");
+            lastRow = line;
+        } else if (night && !lastRow.empty()) {
+            out = lastRow + "\n";
+            night = false;
+        }
+        return out + line + "\n";
+    });
+}
+
+Document WithPolylineWidths(std::initializer_list<std::pair<std::uint8_t, std::array<std::uint8_t, 2>>> lines) {
+    Document doc = MakeSampleDocument({0, 0, 0, 16, false});
+    for (const auto& [layout, widths] : lines) {
+        PolylineRecord l = MakeSamplePolyline(static_cast<int>(doc.Polylines.size()), 0);
+        l.Flags1 = layout;
+        l.ColourBytes.assign(static_cast<std::size_t>(ColourCountOf(layout)) * 3, 0x40);
+        l.PatternBytes = {widths[0], widths[1]};
+        doc.Polylines.push_back(l);
+    }
+    doc.PolylineCount = static_cast<int>(doc.Polylines.size());
+    return doc;
+}
+
+Document WithTwoSizedNight() {
+    Document doc = MakeSampleDocument({0, 0, 0, 16, false});
+    PoiRecord poi = PalettePoi(4, 3, 2, 0);
+    poi.Bitmaps[0].PixelBytes[0] = 0x05;  // a few pixels of the second colour
+    poi.Bitmaps[1] = poi.Bitmaps[0];
+    poi.Bitmaps[1].PixelBytes[1] = 0x01;
+    poi.Flags |= 0x02;
+    doc.Pois.push_back(poi);
+    return doc;
+}
+
+Document WithSubTypedDrawOrderOfAStandardType() {
+    Document doc = MakeSampleDocument({0, 0, 0, 16, false});
+    doc.Polygons.push_back(MakeSamplePolygon(0, 0));
+    doc.Polygons.back().Type = "003";
+    doc.DrawOrder = {{1, 3, 0}, {2, 3, 5}};
+    return doc;
+}
+
+// Small documents the text once lost: listed, edited as a map maker might,
+// compiled back, and drawing the same; or, where the file cannot hold what
+// the document says, named by lint.
+TEST(CompareText, ObjectsComeBackThroughAnEditedText) {
+    struct Case {
+        const char* Name;
+        Document Made;
+        TextEdit Edit;
+        const char* Lint = nullptr;
+    };
+    Document routed = RandomDocument(7, 8);
+    routed.Polylines.resize(8);
+    routed.ExtraPolylineCount = 0;
+    const Case cases[] = {
+        {"comments in palettes and pixel rows", routed, WithComments},
+        {"odd total widths", WithPolylineWidths({{0, {1, 2}}, {0, {2, 5}}, {1, {3, 4}}, {0, {1, 1}}}), {}},
+        {"a night bitmap of another size", WithTwoSizedNight(), LargerNight},
+        {"a draw order subtype on a standard type", WithSubTypedDrawOrderOfAStandardType(), {},
+         "draw order polygon 0x003,0x05: a type below 0x100 has no subtypes"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.Name);
+        Document doc = Saved(c.Made);
+        ASSERT_FALSE(doc.ReadErrorFlag) << doc.ReadErrorLog;
+        if (c.Lint) {
+            const auto findings = LintDocument(c.Made);
+            const auto named = [&](const std::string& line) { return line.starts_with(c.Lint); };
+            EXPECT_TRUE(std::any_of(findings.begin(), findings.end(), named)) << FirstLines(findings);
+            continue;
+        }
+        const Document compiled = Compiled(doc, c.Edit);
+        EXPECT_FALSE(compiled.ReadErrorFlag) << compiled.ReadErrorLog;
+        const auto lines = CompareDrawings(doc, compiled);
         EXPECT_TRUE(lines.empty()) << lines.size() << " differences\n" << FirstLines(lines);
     }
 }
