@@ -226,6 +226,10 @@ void ReadPolylineKeyLine(ParseContext& ctx, PolylineRecord& record, PatternWork&
     if (StartsWithNoCase(line, "useorientation=y")) {
         record.Flags2 &= static_cast<std::uint8_t>(~0x02);
     } else if (ReadWidthKey(line, work)) {
+    } else if (const auto extra = KeyValue(line, "extraindex")) {
+        const std::uint32_t bytes = TolerantHex(StartsWithNoCase(*extra, "0x") ? extra->substr(2) : *extra);
+        if (bytes > 0xFFFF) throw ParseFailure{};
+        record.ExtraIndexBytes = {static_cast<std::uint8_t>(bytes >> 8), static_cast<std::uint8_t>(bytes)};
     } else if (StartsWithNoCase(line, "xpm=")) {
         ReadPolylineXpm(ctx, record, work);
     }
