@@ -158,6 +158,10 @@ private:
             if (!used) Say(name, "no polygon of this type; remove the row or add the polygon");
             if (row.Type >= 0x100 && row.SubType > kLargestSubType)
                 Say(name, "subtype above 0x1f cannot be saved; use a subtype up to 0x1f");
+            // The file gives a type below 0x100 one row with no subtype mask.
+            if (row.Type < 0x100 && row.SubType != 0)
+                Say(name, "a type below 0x100 has no subtypes in the draw order; the file keeps the type alone, "
+                          "give the row subtype 0");
         }
     }
 

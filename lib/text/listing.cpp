@@ -178,12 +178,21 @@ void ListPatternLine(const DecodedPolyline& line, ListingText& text) {
     PatternBody(text, line.Layout, line.Colours, *line.Pattern, line.Status);
 }
 
+// An active-routing line's two bytes of the extra index, "ExtraIndex=0x0102".
+void ExtraIndexLine(ListingText& text, const std::array<std::uint8_t, 2>& bytes) {
+    if (bytes[0] == 0 && bytes[1] == 0) return;
+    char value[8];
+    std::snprintf(value, sizeof value, "%02x%02x", bytes[0], bytes[1]);
+    text.KeyLine("ExtraIndex=0x", value);
+}
+
 void ListPolyline(Document& doc, int index, ListingText& text) {
     const PolylineRecord& record = doc.Polylines[index];
     const DecodedPolyline line = DecodePolyline(record);
     if (record.Flags1 == 2) text.Notices.push_back("1er octet d'en-t\xC3\xAAte : 0x02 !!!");
     text.Head("[_line]");
     TypeLine(text, record.Type, record.SubType);
+    ExtraIndexLine(text, record.ExtraIndexBytes);
     text.KeyLine("UseOrientation=", (record.Flags2 & 0x02) ? "N" : "Y");
     if (line.Pattern) ListPatternLine(line, text);
     else ListSolidLine(line, text);
@@ -378,10 +387,6 @@ void ListUnderTrap(ObjectLister lister, ObjectKind kind, std::size_t count, Docu
     }
 }
 
-std::size_t RegularPolylineCount(const Document& doc) {
-    return std::min(static_cast<std::size_t>(std::max(doc.PolylineCount, 0)), doc.Polylines.size());
-}
-
 // --- Whole document -------------------------------------------------------
 
 void Headings(const Document& doc, const ListingContext& context, ListingText& text) {
@@ -520,7 +525,7 @@ ListingText ListWholeDocument(Document& doc, const ListingContext& context) {
                   ObjectKind::Polygon, doc.Polygons.size());
     text.Break(3);
     ObjectSection(doc, text, ";====================== LINES ===========================", ListPolyline,
-                  ObjectKind::Polyline, RegularPolylineCount(doc));
+                  ObjectKind::Polyline, doc.Polylines.size());
     text.Break(3);
     ObjectSection(doc, text, ";====================== POINTS ==========================", ListPoi, ObjectKind::Poi,
                   doc.Pois.size());

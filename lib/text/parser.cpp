@@ -250,11 +250,19 @@ int FinishKind(ParseContext& ctx, std::vector<Record>& records, ObjectKind kind,
     return selectIndex;
 }
 
+// A header of 174 bytes has room for the index of active-routing lines.
+constexpr int kRoutingHeaderSize = 174;
+
+// A document born of a text has no header yet: one with active-routing lines
+// gets one that holds their index, or the first save would drop them.
 void CountPolylines(Document& doc) {
     int regular = 0;
     for (const auto& line : doc.Polylines) regular += line.ExtraIndexBytes[0] == 0 && line.ExtraIndexBytes[1] == 0;
     doc.PolylineCount = regular;
     doc.ExtraPolylineCount = static_cast<int>(doc.Polylines.size()) - regular;
+    if (doc.ExtraPolylineCount == 0 || doc.Header.HeaderSize != 0) return;
+    doc.Identity.HeaderSize = std::max(doc.Identity.HeaderSize, kRoutingHeaderSize);
+    doc.Header.HeaderSize = static_cast<std::uint16_t>(doc.Identity.HeaderSize);
 }
 
 ParseResult Finish(ParseContext& ctx) {

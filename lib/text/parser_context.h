@@ -41,6 +41,10 @@ struct ParseContext {
     bool HasLine(std::size_t k) const { return k < Lines.size(); }
     // Moves to the next line; fails, without moving, at the last line.
     void Advance();
+    // Line k, or the first line after it that is not only a comment.
+    std::size_t SkipComments(std::size_t k) const;
+    // Moves to the next line that is not only a comment; fails, without moving, when none is left.
+    void AdvancePastComments();
 
     // Appends "Ligne n : "..."" for the current line and sets ReadErrorFlag.
     void LogFailure();

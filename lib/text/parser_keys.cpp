@@ -23,6 +23,19 @@ void ParseContext::Advance() {
     ++I;
 }
 
+// Comments may stand between the lines of a palette or a bitmap; prepared,
+// a comment line is empty.
+std::size_t ParseContext::SkipComments(std::size_t k) const {
+    while (k < Lines.size() && Lines[k].empty()) ++k;
+    return k;
+}
+
+void ParseContext::AdvancePastComments() {
+    const std::size_t next = SkipComments(I + 1);
+    if (next >= Lines.size()) throw ParseFailure{};
+    I = next;
+}
+
 constexpr std::size_t kMaxEchoedLine = 200;
 
 void ParseContext::LogFailure() {
@@ -175,8 +188,8 @@ ColourLine ReadColourLine(std::string_view line, std::size_t cpp) {
 }
 
 const std::string& AdvanceToColourLine(ParseContext& ctx) {
-    if (IsEndLine(ctx.Line(ctx.I + 1))) throw ParseFailure{};
-    ctx.Advance();
+    if (IsEndLine(ctx.Line(ctx.SkipComments(ctx.I + 1)))) throw ParseFailure{};
+    ctx.AdvancePastComments();
     return ctx.Current();
 }
 

@@ -97,12 +97,26 @@ void RequireLines(const ParseContext& ctx, std::size_t first, std::size_t count)
     if (count > 0 && !ctx.HasLine(first + count - 1)) throw ParseFailure{};
 }
 
-// Pixel lines of a true colour bitmap, read by position behind the line that
-// follows the header (the listing's ";Couleurs 24 bits" comment). Any mode
-// but 0 and 32 starts with the key colour of transparent pixels.
-void ReadTrueColourPixels(ParseContext& ctx, const PoiRecord& record, PoiBitmap& bitmap) {
+// Line `next`, or the first line after it that is not only a comment; `next` moves past it.
+const std::string& NextBitmapLine(const ParseContext& ctx, std::size_t& next) {
+    next = ctx.SkipComments(next);
+    return ctx.Line(next++);
+}
+
+// The size a bitmap's header gives: the lines it takes. Its pixels are
+// stored at the record's size, which the first bitmap sets; a later bitmap
+// of another size is cut or filled to it, as mkgmap does.
+struct ListedSize {
+    int Width = 0;
+    int Height = 0;
+};
+
+// Pixel lines of a true colour bitmap, read behind the line that follows the
+// header (the listing's ";Couleurs 24 bits" comment). Any mode but 0 and 32
+// starts with the key colour of transparent pixels.
+void ReadTrueColourPixels(ParseContext& ctx, const PoiRecord& record, ListedSize listed, PoiBitmap& bitmap) {
     ctx.Advance();
-    const std::size_t pixels = static_cast<std::size_t>(record.Width) * record.Height;
+    const std::size_t pixels = static_cast<std::size_t>(listed.Width) * listed.Height;
     const bool mode32 = bitmap.ColourMode == 32;
     const bool keyed = !mode32 && bitmap.ColourMode != 0;
     RequireLines(ctx, ctx.I + 1, keyed ? pixels + 1 : pixels);
@@ -111,10 +125,11 @@ void ReadTrueColourPixels(ParseContext& ctx, const PoiRecord& record, PoiBitmap&
     decoded.Colours = ColourGrid(record.Width, record.Height);
     if (mode32) decoded.Alpha = AlphaGrid(record.Width, record.Height);
     std::size_t next = ctx.I + 1;
-    if (keyed) decoded.KeyColour = PixelLineColour(ctx.Line(next++));
-    for (int y = 0; y < record.Height; ++y) {
-        for (int x = 0; x < record.Width; ++x) {
-            const std::string& line = ctx.Line(next++);
+    if (keyed) decoded.KeyColour = PixelLineColour(NextBitmapLine(ctx, next));
+    for (int y = 0; y < listed.Height; ++y) {
+        for (int x = 0; x < listed.Width; ++x) {
+            const std::string& line = NextBitmapLine(ctx, next);
+            if (x >= record.Width || y >= record.Height) continue;
             if (!mode32) {
                 decoded.Colours.Set({x, y}, PixelLineColour(line));
                 continue;
@@ -130,11 +145,11 @@ void ReadTrueColourPixels(ParseContext& ctx, const PoiRecord& record, PoiBitmap&
 }
 
 // Mode 32 palette: colour and alpha an entry; a "c none" line has no alpha and fails.
-void ReadMode32Palette(ParseContext& ctx, std::vector<PaletteEntry>& palette, std::vector<std::string>& codes,
-                       std::size_t cpp) {
+void ReadMode32Palette(ParseContext& ctx, std::size_t& next, std::vector<PaletteEntry>& palette,
+                       std::vector<std::string>& codes, std::size_t cpp) {
     palette.assign(codes.size(), PaletteEntry{});
     for (std::size_t k = 0; k < codes.size(); ++k) {
-        const std::string& line = ctx.Line(ctx.I + 1 + k);
+        const std::string& line = NextBitmapLine(ctx, next);
         codes[k] = std::string(Mid(line, 2, cpp));
         ctx.Try([&] {
             const ColourLine colour = ReadColourLine(line, cpp);
@@ -160,13 +175,15 @@ void ReadTransparentPaletteLine(PoiBitmap& bitmap, std::vector<PaletteEntry>& pa
     codes.at(bitmap.ColourCount) = line.Code;
 }
 
-void ReadColourPalette(ParseContext& ctx, PoiBitmap& bitmap, std::vector<PaletteEntry>& palette,
+void ReadColourPalette(ParseContext& ctx, std::size_t& next, PoiBitmap& bitmap, std::vector<PaletteEntry>& palette,
                        std::vector<std::string>& codes, std::size_t cpp) {
     palette.assign(codes.size(), PaletteEntry{});
     std::size_t skipped = 0;
     for (std::size_t k = 0; k < codes.size(); ++k) {
+        next = ctx.SkipComments(next);
+        const std::size_t at = next++;
         ctx.Try([&] {
-            const ColourLine line = ReadColourLine(ctx.Line(ctx.I + 1 + k), cpp);
+            const ColourLine line = ReadColourLine(ctx.Line(at), cpp);
             if (line.Transparent) {
                 ReadTransparentPaletteLine(bitmap, palette, codes, line);
                 skipped = 1;
@@ -182,17 +199,21 @@ void ReadColourPalette(ParseContext& ctx, PoiBitmap& bitmap, std::vector<Palette
 
 // Rows from the current line on, `cpp` characters a pixel; the line index
 // stays on the first row.
-void ReadPaletteRows(ParseContext& ctx, const PoiRecord& record, PoiBitmap& bitmap,
+void ReadPaletteRows(ParseContext& ctx, const PoiRecord& record, ListedSize listed, PoiBitmap& bitmap,
                      const std::vector<std::string>& codes, std::size_t cpp) {
     const auto bits = BitsPerPixel(bitmap.ColourMode, bitmap.ColourCount);
     if (!bits) throw ParseFailure{};
-    RequireLines(ctx, ctx.I, record.Height);
     IndexGrid indices(PaddedRowWidth(record.Width, *bits), record.Height);
+    const int rows = std::min(indices.Height(), listed.Height);
+    RequireLines(ctx, ctx.I, static_cast<std::size_t>(rows));
     const CodeIndex index(codes);
-    for (int y = 0; y < indices.Height(); ++y) {
-        const std::string& line = ctx.Line(ctx.I + static_cast<std::size_t>(y));
+    std::size_t next = ctx.I;
+    for (int y = 0; y < rows; ++y) {
+        const std::string& line = NextBitmapLine(ctx, next);
         auto row = indices.Row(y);
-        for (std::size_t x = 0; x < row.size(); ++x)
+        const std::size_t narrower = std::min<std::size_t>(row.size(), listed.Width);
+        const std::size_t columns = listed.Width == record.Width ? row.size() : narrower;
+        for (std::size_t x = 0; x < columns; ++x)
             row[x] = static_cast<std::uint8_t>(index.Find(Mid(line, x * cpp + 2, cpp)));
     }
     bitmap.PixelBytes = EncodeIndices(indices, record.Width, record.Height, *bits);
@@ -200,56 +221,67 @@ void ReadPaletteRows(ParseContext& ctx, const PoiRecord& record, PoiBitmap& bitm
 
 // The palette's entries stand in the record from the first palette line
 // on, also when the text ends inside the palette.
-void ReadPaletteBitmap(ParseContext& ctx, const PoiRecord& record, PoiBitmap& bitmap, std::size_t& cpp,
-                       const XpmHeader& header) {
+void ReadPaletteBitmap(ParseContext& ctx, const PoiRecord& record, ListedSize listed, PoiBitmap& bitmap,
+                       std::size_t& cpp, const XpmHeader& header) {
     ctx.Try([&] { cpp = StrictByte(header.Field(3)); });
     std::vector<std::string> codes(bitmap.ColourCount);
     std::optional<std::vector<PaletteEntry>> palette;
-    const std::size_t headerLine = ctx.I;
+    std::size_t next = ctx.I + 1;
     ctx.Try([&] {
-        if (bitmap.ColourMode >= 32) ReadMode32Palette(ctx, palette.emplace(), codes, cpp);
-        else ReadColourPalette(ctx, bitmap, palette.emplace(), codes, cpp);
+        if (bitmap.ColourMode >= 32) ReadMode32Palette(ctx, next, palette.emplace(), codes, cpp);
+        else ReadColourPalette(ctx, next, bitmap, palette.emplace(), codes, cpp);
     });
     if (palette) bitmap.PaletteBytes = EncodePalette(*palette, bitmap.ColourMode);
-    ctx.I = std::min(headerLine + codes.size() + 1, ctx.LineCount() - 1);
-    ctx.Try([&] { ReadPaletteRows(ctx, record, bitmap, codes, cpp); });
+    ctx.I = std::min(ctx.SkipComments(next), ctx.LineCount() - 1);
+    ctx.Try([&] { ReadPaletteRows(ctx, record, listed, bitmap, codes, cpp); });
 }
 
-void ReadPoiBitmap(ParseContext& ctx, PoiRecord& record, PoiBitmap& bitmap, std::size_t& cpp) {
+struct PoiWork {
+    std::size_t Cpp = 0;  // characters per code, kept from one bitmap to the next
+    bool Sized = false;   // a bitmap has set the record's size
+    LabelWork Labels;
+};
+
+void ReadPoiBitmap(ParseContext& ctx, PoiRecord& record, PoiBitmap& bitmap, PoiWork& work) {
     const std::string& line = ctx.Current();
     const XpmHeader header = ReadXpmHeader(line);
-    ctx.Try([&] { record.Width = StrictByte(header.Field(0)); });
-    ctx.Try([&] { record.Height = StrictByte(header.Field(1)); });
+    ListedSize listed{record.Width, record.Height};
+    ctx.Try([&] { listed.Width = StrictByte(header.Field(0)); });
+    ctx.Try([&] { listed.Height = StrictByte(header.Field(1)); });
     ctx.Try([&] { bitmap.ColourCount = StrictByte(header.Field(2)); });
+    if (!work.Sized) {
+        record.Width = static_cast<std::uint8_t>(listed.Width);
+        record.Height = static_cast<std::uint8_t>(listed.Height);
+    }
     if (record.Width == 0 && record.Length == 0) {
         bitmap.ColourCount = 0;
         bitmap.ColourMode = 0;
         return;
     }
+    work.Sized = true;
     ctx.Try([&] { bitmap.ColourMode = ColourModeOf(line); });
-    if (bitmap.ColourCount == 0) ctx.Try([&] { ReadTrueColourPixels(ctx, record, bitmap); });
-    else ReadPaletteBitmap(ctx, record, bitmap, cpp, header);
+    if (bitmap.ColourCount == 0) ctx.Try([&] { ReadTrueColourPixels(ctx, record, listed, bitmap); });
+    else ReadPaletteBitmap(ctx, record, listed, bitmap, work.Cpp, header);
 }
 
-void ReadPoiKeyLine(ParseContext& ctx, PoiRecord& record, std::size_t& cpp, LabelWork& labels) {
-    if (ReadSharedKey(ctx, record, labels)) return;
+void ReadPoiKeyLine(ParseContext& ctx, PoiRecord& record, PoiWork& work) {
+    if (ReadSharedKey(ctx, record, work.Labels)) return;
     const std::string& line = ctx.Current();
     if (StartsWithNoCase(line, "xpm=") || StartsWithNoCase(line, "dayxpm=")) {
         record.Flags |= 0x01;
-        ReadPoiBitmap(ctx, record, record.Bitmaps[0], cpp);
+        ReadPoiBitmap(ctx, record, record.Bitmaps[0], work);
     } else if (StartsWithNoCase(line, "nightxpm=")) {
         record.Flags |= 0x02;
-        ReadPoiBitmap(ctx, record, record.Bitmaps[1], cpp);
+        ReadPoiBitmap(ctx, record, record.Bitmaps[1], work);
     }
 }
 
 }  // namespace
 
 void ReadPoiBody(ParseContext& ctx, PoiRecord& record) {
-    std::size_t cpp = 0;  // characters per code, kept from one bitmap to the next
-    LabelWork labels;
-    ReadBody(ctx, [&] { ReadPoiKeyLine(ctx, record, cpp, labels); });
-    FinishRecordLabels(ctx, labels, record, record.Flags, 0x04, 0x08);
+    PoiWork work;
+    ReadBody(ctx, [&] { ReadPoiKeyLine(ctx, record, work); });
+    FinishRecordLabels(ctx, work.Labels, record, record.Flags, 0x04, 0x08);
     ctx.Try([&] { record.Length = PoiRecordLength(record); });
 }
 

@@ -1,5 +1,6 @@
 // Bodies of [_polygon] and [_line]. A key is found at the start of the line
 // in any case; its value is read from the line as typed, by fixed position.
+#include <cmath>
 #include <optional>
 #include <vector>
 
@@ -11,12 +12,14 @@ namespace mirvane::textparse {
 
 namespace {
 
+constexpr int kNoBorder = 510;  // twice 255, the border width that means none
+
 // Working values of one body.
 struct PatternWork {
     std::string Letter;   // code of the first real colour; only it sets a pattern bit
     std::size_t Cpp = 1;  // characters per pixel; lines have one
     std::uint8_t LineWidth = 0;
-    int BorderWidth = 255;  // 255: none was given
+    int BorderHalves = kNoBorder;  // twice the border width, so that "1.5" is kept
     LabelWork Labels;
 };
 
@@ -68,7 +71,7 @@ void ReadNightColours(ParseContext& ctx, const PatternWork& work, ColourList& co
 
 void ReadPatternRowsInto(ParseContext& ctx, BitGrid& pattern, const std::string& letter, std::size_t cpp) {
     for (int y = 0; y < pattern.Height(); ++y) {
-        ctx.Advance();
+        ctx.AdvancePastComments();
         const std::string& line = ctx.Current();
         auto row = pattern.Row(y);
         for (std::size_t x = 0; x < row.size(); ++x) row[x] = Mid(line, x * cpp + 2, cpp) == letter;
@@ -143,7 +146,9 @@ bool ReadWidthKey(std::string_view line, PatternWork& work) {
         return true;
     }
     if (StartsWithNoCase(line, "borderwidth")) {
-        work.BorderWidth = StrictByte(Mid(line, 13));
+        const double halves = std::nearbyint(2 * StrictNumber(Mid(line, 13)));  // half to even
+        if (halves < 0 || halves > kNoBorder) throw ParseFailure{};
+        work.BorderHalves = static_cast<int>(halves);
         return true;
     }
     return false;
@@ -177,7 +182,7 @@ void ReadPolylineColours(ParseContext& ctx, std::uint8_t& flags, const XpmHeader
             if (!(flags & 0x01)) flags |= 0x04;
         } else {
             // Without BorderWidth a solid two-colour line is a day and night line.
-            if (work.BorderWidth > 254 && flags < 8) flags |= 0x07;
+            if (work.BorderHalves >= kNoBorder && flags < 8) flags |= 0x07;
             colours->push_back(second.Colour);
         }
     } else {
@@ -190,7 +195,7 @@ void ReadPolylineColours(ParseContext& ctx, std::uint8_t& flags, const XpmHeader
 // line's width and the width with both borders.
 void ReadLineWidths(PolylineRecord& record, const PatternWork& work) {
     const ColourLayout layout = ColourLayout::Of(record.Flags1);
-    const int total = work.LineWidth + 2 * work.BorderWidth;
+    const int total = work.LineWidth + work.BorderHalves;
     if (!layout.DayClear && total > 255) throw ParseFailure{};
     record.PatternBytes = EncodeLineWidths(layout, work.LineWidth, static_cast<std::uint8_t>(total));
 }
@@ -221,6 +226,10 @@ void ReadPolylineKeyLine(ParseContext& ctx, PolylineRecord& record, PatternWork&
     if (StartsWithNoCase(line, "useorientation=y")) {
         record.Flags2 &= static_cast<std::uint8_t>(~0x02);
     } else if (ReadWidthKey(line, work)) {
+    } else if (const auto extra = KeyValue(line, "extraindex")) {
+        const std::uint32_t bytes = TolerantHex(StartsWithNoCase(*extra, "0x") ? extra->substr(2) : *extra);
+        if (bytes > 0xFFFF) throw ParseFailure{};
+        record.ExtraIndexBytes = {static_cast<std::uint8_t>(bytes >> 8), static_cast<std::uint8_t>(bytes)};
     } else if (StartsWithNoCase(line, "xpm=")) {
         ReadPolylineXpm(ctx, record, work);
     }

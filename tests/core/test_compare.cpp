@@ -119,6 +119,8 @@ TEST(LintDocument, EachProblemIsOneFinding) {
          },
          "type 0 cannot be placed"},
         {"draw order row alone", [](Document& d) { d.DrawOrder.push_back({2, 0x50, 0}); }, "no polygon"},
+        {"subtype of a standard type in the draw order", [](Document& d) { d.DrawOrder[0].SubType = 5; },
+         "no subtypes"},
         {"FID 0", [](Document& d) { d.Identity.Fid = 0; }, "FID"},
         {"no product code", [](Document& d) { d.Identity.ProductCode.reset(); }, "product code"},
         {"UTF-8 label", [](Document& d) { d.Pois[0].LabelBytes = EncodeLabelBlock({{1, "Stra\xC3\x9F" "e"}}); },

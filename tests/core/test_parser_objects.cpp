@@ -121,11 +121,11 @@ TEST(ParserPolygon, TwoCharactersPerPixel) {
 
 TEST(ParserLine, WidthsBordersAndOrientation) {
     const char* twoColours = "Xpm=\"0 0 2 0\"\n\"1 c #000000\"\n\"2 c #FFFFFF\"\n";
-    // The writer's half border comes back rounded to even: 2 + 2 * 2.
+    // The listing's half border comes back whole: 2 + 2 * 1.5.
     PolylineRecord r = ParseLine(std::string("UseOrientation=Y\nLineWidth=2\nBorderWidth=1.5\n") + twoColours);
     EXPECT_EQ(r.Flags1, 0);
     EXPECT_EQ(r.Flags2, 0);
-    EXPECT_EQ(r.PatternBytes, B({2, 6}));
+    EXPECT_EQ(r.PatternBytes, B({2, 5}));
     EXPECT_EQ(r.Length, 2 + 6 + 2);
     // Widths after the Xpm block are found by the look-ahead.
     r = ParseLine(std::string(twoColours) + "LineWidth=3\nBorderWidth=0\n");
@@ -243,14 +243,14 @@ TEST(ParserPoi, NightOnlyPoiCountsNoNightPixels) {
     EXPECT_EQ(r.Length, 5 + 2 + 3);
 }
 
-TEST(ParserPoi, NightHeaderSetsTheSizeOfBoth) {
+TEST(ParserPoi, NightOfAnotherSizeIsCutToTheDays) {
     const PoiRecord r = ParsePoi("DayXpm=\"2 2 1 1\"\n\"! c #000000\"\n\"!!\"\n\"!!\"\n"
                                  "NightXpm=\"3 1 1 1\"\n\"! c #FFFFFF\"\n\"!!!\"\n");
-    EXPECT_EQ(r.Width, 3);
-    EXPECT_EQ(r.Height, 1);
+    EXPECT_EQ(r.Width, 2);
+    EXPECT_EQ(r.Height, 2);
     EXPECT_EQ(r.Flags, 0x03);
-    EXPECT_EQ(r.Bitmaps[0].PixelBytes.size(), 2u);  // packed for the day size
-    EXPECT_EQ(r.Bitmaps[1].PixelBytes.size(), 1u);
+    EXPECT_EQ(r.Bitmaps[0].PixelBytes.size(), 2u);
+    EXPECT_EQ(r.Bitmaps[1].PixelBytes.size(), 2u);
 }
 
 TEST(ParserPoi, EmptyBitmapHeader) {
