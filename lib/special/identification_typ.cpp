@@ -119,15 +119,12 @@ PoiRecord PoiOf(const Identified& object, bool withSubTypes) {
     return record;
 }
 
-// Every polygon of the range at level 1, so that all of them are drawn. Type
-// 0x000 is left out: its entry, five zero bytes, is the step to the next
-// level, and every later polygon would drop a level.
-std::vector<DrawOrderEntry> DrawOrderOf(const std::vector<Identified>& objects) {
+// Every polygon at level 1, so that all of them are drawn.
+std::vector<DrawOrderEntry> DrawOrderOf(const std::vector<PolygonRecord>& polygons) {
     std::vector<DrawOrderEntry> entries;
-    entries.reserve(objects.size());
-    for (const Identified& object : objects) {
-        if (object.Type != 0) entries.push_back({1, object.Type, object.SubType});
-    }
+    entries.reserve(polygons.size());
+    for (const PolygonRecord& polygon : polygons)
+        entries.push_back({1, HexValue(polygon.Type), HexValue(polygon.SubType)});
     SortDrawOrder(entries);
     return entries;
 }
@@ -167,13 +164,17 @@ Document BuildIdentificationTyp(ObjectKind kind, int rangeRow, std::uint32_t see
     doc.State = DocumentState::New;
     for (const Identified& object : objects) {
         switch (kind) {
-            case ObjectKind::Polygon: doc.Polygons.push_back(PolygonOf(object, range.WithSubTypes)); break;
+            case ObjectKind::Polygon:
+                // No map draws a polygon of type 0: its draw order entry, five
+                // zero bytes, would read as the step to the next level.
+                if (object.Type != 0) doc.Polygons.push_back(PolygonOf(object, range.WithSubTypes));
+                break;
             case ObjectKind::Polyline: doc.Polylines.push_back(PolylineOf(object, range.WithSubTypes)); break;
             case ObjectKind::Poi: doc.Pois.push_back(PoiOf(object, range.WithSubTypes)); break;
         }
     }
     doc.PolylineCount = static_cast<int>(doc.Polylines.size());
-    if (kind == ObjectKind::Polygon) doc.DrawOrder = DrawOrderOf(objects);
+    if (kind == ObjectKind::Polygon) doc.DrawOrder = DrawOrderOf(doc.Polygons);
     return doc;
 }
 

@@ -62,7 +62,9 @@ TEST_P(IdentificationTypTest, ReadsBackCleanAndEveryObjectNamesItself) {
 
     EXPECT_EQ(doc.ReadErrorLog, "");
     EXPECT_FALSE(doc.ReadErrorFlag);
-    ASSERT_EQ(doc.CountOf(kind), range.ObjectCount());
+    // Polygons of type 0 are left out: no map draws them.
+    const int typeZero = kind == ObjectKind::Polygon && range.FirstType == 0 ? (range.WithSubTypes ? 32 : 1) : 0;
+    ASSERT_EQ(doc.CountOf(kind), range.ObjectCount() - typeZero);
     for (ObjectKind other : kObjectKinds) {
         if (other != kind) {
             EXPECT_EQ(doc.CountOf(other), 0);
@@ -89,7 +91,7 @@ TEST_P(IdentificationTypTest, ReadsBackCleanAndEveryObjectNamesItself) {
             EXPECT_EQ(colour & 0x0F, static_cast<std::uint32_t>(t >> 8));
         }
     }
-    EXPECT_EQ(codes.size(), static_cast<std::size_t>(range.ObjectCount())) << "two objects share their codes";
+    EXPECT_EQ(codes.size(), static_cast<std::size_t>(doc.CountOf(kind))) << "two objects share their codes";
 
     ExpectLabelsName(doc.Polygons, range.WithSubTypes);
     ExpectLabelsName(doc.Polylines, range.WithSubTypes);
@@ -139,9 +141,8 @@ TEST(IdentificationTyp, LabelsReadTypeSlashSubtype) {
     EXPECT_EQ(IdentificationLabelText(0, 0, true), " 000/00");
     EXPECT_EQ(IdentificationLabelText(0x11f, 0x1f, true), " 11F/1F");
     EXPECT_EQ(IdentificationLabelText(0xab, 0, false), "  AB/00");
-    const Document doc = BuildIdentificationTyp(ObjectKind::Polygon, 1, 0);
-    EXPECT_EQ(doc.Polygons.front().LabelBytes,
-              (Bytes{19, 1, ' ', '0', '0', '0', '/', '0', '0', 0}));
+    const Document doc = BuildIdentificationTyp(ObjectKind::Poi, 1, 0);
+    EXPECT_EQ(doc.Pois.front().LabelBytes, (Bytes{19, 1, ' ', '0', '0', '0', '/', '0', '0', 0}));
 }
 
 TEST(IdentificationTyp, SeedsChangeOnlyTheSpreadNibble) {
