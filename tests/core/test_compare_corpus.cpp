@@ -4,10 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <functional>
 #include <random>
 #include <set>
 #include <sstream>
 
+#include "base/codepage.h"
 #include "compare/drawing_diff.h"
 #include "corpus.h"
 #include "document/binary_reader.h"
@@ -33,7 +35,8 @@ Document Saved(Document doc) {
     return reread;
 }
 
-Document Compiled(Document doc, std::string (*edit)(const std::string&) = nullptr) {
+// The listing compiled back, after `edit` when given.
+Document Compiled(Document doc, const std::function<std::string(const std::string&)>& edit = {}) {
     std::string text = ListWholeDocument(doc, ListingContext{}).Plain();
     if (edit) text = edit(text);
     Document parsed;
@@ -52,9 +55,15 @@ TEST(CompareCorpus, CompiledListingDrawsTheSame) {
     for (const auto& path : CorpusFiles("binary", ".typ")) {
         Document doc;
         ASSERT_TRUE(OpenBinaryTyp(doc, path.string())) << path;
-        const auto lines = CompareDrawings(doc, Compiled(doc));
-        EXPECT_TRUE(lines.empty()) << path.filename() << ": " << lines.size() << " differences\n"
-                                   << FirstLines(lines);
+        // As decompile writes it: in the file's code page, or in UTF-8 with a byte order mark.
+        const auto inUtf8 = [&doc](const std::string& text) {
+            return "\xEF\xBB\xBF" + DecodeDocumentBytes(text, doc.Identity.CodePage);
+        };
+        for (const bool utf8 : {false, true}) {
+            const auto lines = CompareDrawings(doc, utf8 ? Compiled(doc, inUtf8) : Compiled(doc));
+            EXPECT_TRUE(lines.empty()) << path.filename() << (utf8 ? " in UTF-8: " : ": ") << lines.size()
+                                       << " differences\n" << FirstLines(lines);
+        }
     }
 }
 
