@@ -47,6 +47,11 @@ ReadResult ReadInto(const fs::path& path, Container& out) {
     // A file that grows while it is read is still cut at the bound.
     Container content;
     try {
+        // One allocation of the file's size: growing by chunks copies the
+        // content again and again and touches fresh pages each time.
+        std::error_code sizeError;
+        const auto size = fs::file_size(path, sizeError);
+        if (!sizeError) content.reserve(static_cast<std::size_t>(std::min<std::uintmax_t>(size, kMaxInputFileSize)) + 1);
         char chunk[1 << 16];
         while (stream.read(chunk, sizeof chunk) || stream.gcount() > 0) {
             content.insert(content.end(), chunk, chunk + stream.gcount());

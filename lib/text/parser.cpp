@@ -53,21 +53,20 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 // stands: the outer loop never looks at it.
 std::vector<std::string> PrepareLines(std::string_view text, bool& byteOrderMark) {
     std::vector<std::string> lines;
-    std::string current;
-    for (std::size_t k = 0; k < text.size(); ++k) {
-        const char c = text[k];
-        if (c == '\r' && k + 1 < text.size() && text[k + 1] == '\n') continue;
-        if (c == '\n') {
-            lines.push_back(std::move(current));
-            current.clear();
-        } else if (current.empty() && text.substr(k, 3) == kByteOrderMark) {
+    lines.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1);
+    for (std::size_t start = 0;;) {
+        const std::size_t end = text.find('\n', start);
+        std::string_view piece = text.substr(start, end == std::string_view::npos ? text.npos : end - start);
+        if (end != std::string_view::npos && piece.ends_with('\r')) piece.remove_suffix(1);
+        while (piece.starts_with(kByteOrderMark)) {
             byteOrderMark = true;
-            k += 2;
-        } else {
-            current += c == '\t' ? ' ' : c;
+            piece.remove_prefix(kByteOrderMark.size());
         }
+        std::string& line = lines.emplace_back(piece);
+        std::replace(line.begin(), line.end(), '\t', ' ');
+        if (end == std::string_view::npos) break;
+        start = end + 1;
     }
-    lines.push_back(std::move(current));
     for (std::size_t k = 0; k + 1 < lines.size(); ++k) PrepareLine(lines[k]);
     return lines;
 }
