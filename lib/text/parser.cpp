@@ -32,17 +32,15 @@ bool IsLabelLine(std::string_view line) {
 
 // A comment runs from ';' to the end of a line, except in a quoted line or a
 // label line; one final comma goes, so C-array style rows ("....",) pass.
-void PrepareLine(std::string& line) {
+void PrepareLine(std::string_view& line) {
     if (line.empty()) return;
-    std::string_view kept = line;
-    if (IsLabelLine(kept)) {
-        line.erase(0, line.find_first_not_of(' '));
+    if (IsLabelLine(line)) {
+        line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
         return;
     }
-    if (kept.front() != '"') kept = kept.substr(0, kept.find(';'));
-    kept = TrimBlanks(kept);
-    if (!kept.empty() && kept.back() == ',') kept.remove_suffix(1);
-    line = std::string(kept);
+    if (line.front() != '"') line = line.substr(0, line.find(';'));
+    line = TrimBlanks(line);
+    if (!line.empty() && line.back() == ',') line.remove_suffix(1);
 }
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
@@ -50,20 +48,22 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 // CR LF and LF end a line, a tab is a blank. A UTF-8 byte order mark at the
 // start of a line goes (texts joined from several files hold one after their
 // first comment lines) and sets `byteOrderMark`. The last piece is left as it
-// stands: the outer loop never looks at it.
-std::vector<std::string> PrepareLines(std::string_view text, bool& byteOrderMark) {
-    std::vector<std::string> lines;
-    lines.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1);
+// stands: the outer loop never looks at it. The lines are views into `text`,
+// whose tabs become blanks: one copy of the text, not one string a line.
+std::vector<std::string_view> PrepareLines(std::string& text, bool& byteOrderMark) {
+    std::replace(text.begin(), text.end(), '\t', ' ');
+    const std::string_view all = text;
+    std::vector<std::string_view> lines;
+    lines.reserve(static_cast<std::size_t>(std::count(all.begin(), all.end(), '\n')) + 1);
     for (std::size_t start = 0;;) {
-        const std::size_t end = text.find('\n', start);
-        std::string_view piece = text.substr(start, end == std::string_view::npos ? text.npos : end - start);
+        const std::size_t end = all.find('\n', start);
+        std::string_view piece = all.substr(start, end == std::string_view::npos ? all.npos : end - start);
         if (end != std::string_view::npos && piece.ends_with('\r')) piece.remove_suffix(1);
         while (piece.starts_with(kByteOrderMark)) {
             byteOrderMark = true;
             piece.remove_prefix(kByteOrderMark.size());
         }
-        std::string& line = lines.emplace_back(piece);
-        std::replace(line.begin(), line.end(), '\t', ' ');
+        lines.push_back(piece);
         if (end == std::string_view::npos) break;
         start = end + 1;
     }
@@ -81,7 +81,7 @@ bool IsUtf8WithNonAscii(std::string_view text) {
 int LabelCodePage(const ParseContext& ctx, bool utf8) {
     if (!utf8) return 0;
     int codePage = ctx.Doc.Identity.CodePage;
-    for (const std::string& line : ctx.Lines)
+    for (const std::string_view line : ctx.Lines)
         if (const auto value = KeyValue(line, "codepage")) {
             codePage = static_cast<int>(LeadingNumber(*value));
             break;
@@ -284,7 +284,8 @@ ParseResult ParseTypText(Document& doc, std::string_view textBytes, std::optiona
     // A single object's text holds no comment section: applying it keeps the comment.
     if (!target) doc.HeaderGapBytes.clear();
     bool byteOrderMark = false;
-    ParseContext ctx{doc, PrepareLines(textBytes, byteOrderMark)};
+    std::string text(textBytes);  // the lines are views into it
+    ParseContext ctx{doc, PrepareLines(text, byteOrderMark)};
     ctx.Target = target;
     ctx.LabelCodePage = LabelCodePage(ctx, byteOrderMark || IsUtf8WithNonAscii(textBytes));
     for (ctx.I = 0; ctx.I + 1 < ctx.LineCount(); ++ctx.I) {

@@ -23,7 +23,7 @@ struct ParseFailure {};
 
 struct ParseContext {
     Document& Doc;
-    std::vector<std::string> Lines;
+    std::vector<std::string_view> Lines;  // views into the text being read
     std::size_t I = 0;  // the current line, shared by all sections
     std::optional<ObjectRef> Target;  // the object whose text is read; none for a whole document
     // Record written by the last add or reset of each kind (the trap of a
@@ -36,8 +36,8 @@ struct ParseContext {
 
     std::size_t LineCount() const { return Lines.size(); }
     // Line k; reading past the last line fails.
-    const std::string& Line(std::size_t k) const;
-    const std::string& Current() const { return Line(I); }
+    std::string_view Line(std::size_t k) const;
+    std::string_view Current() const { return Line(I); }
     bool HasLine(std::size_t k) const { return k < Lines.size(); }
     // Moves to the next line; fails, without moving, at the last line.
     void Advance();
@@ -118,7 +118,7 @@ struct ColourLine {
 ColourLine ReadColourLine(std::string_view line, std::size_t cpp);
 // Moves onto the next line as a colour line; fails, without moving, when it
 // is a closing line, so a palette shorter than its header stays in its body.
-const std::string& AdvanceToColourLine(ParseContext& ctx);
+std::string_view AdvanceToColourLine(ParseContext& ctx);
 
 struct TypeAndSubType {
     std::string Type;                    // three digits
@@ -163,7 +163,7 @@ void FinishLabels(ParseContext& ctx, const LabelWork& work, Bytes& labelBytes, B
 // False when the current line is none of them.
 template <typename Record>
 bool ReadSharedKey(ParseContext& ctx, Record& record, LabelWork& labels) {
-    const std::string& line = ctx.Current();
+    const std::string_view line = ctx.Current();
     if (StartsWithNoCase(line, "type")) ReadTypeKey(line, record.Type, record.SubType);
     else if (StartsWithNoCase(line, "subtype")) ReadSubTypeKey(line, record.SubType);
     else return ReadLabelKey(ctx, labels);

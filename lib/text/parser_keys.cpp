@@ -13,7 +13,7 @@
 
 namespace mirvane::textparse {
 
-const std::string& ParseContext::Line(std::size_t k) const {
+std::string_view ParseContext::Line(std::size_t k) const {
     if (k >= Lines.size()) throw ParseFailure{};
     return Lines[k];
 }
@@ -47,7 +47,8 @@ void ParseContext::LogFailure() {
         log += " : \"";
         // A line of thousands of characters is named, not copied whole.
         if (I < Lines.size())
-            log += Lines[I].size() > kMaxEchoedLine ? Lines[I].substr(0, kMaxEchoedLine) + "..." : Lines[I];
+            log += Lines[I].size() > kMaxEchoedLine ? std::string(Lines[I].substr(0, kMaxEchoedLine)) + "..."
+                                                    : std::string(Lines[I]);
         log += '"';
         return log;
     });
@@ -187,7 +188,7 @@ ColourLine ReadColourLine(std::string_view line, std::size_t cpp) {
     return colour;
 }
 
-const std::string& AdvanceToColourLine(ParseContext& ctx) {
+std::string_view AdvanceToColourLine(ParseContext& ctx) {
     if (IsEndLine(ctx.Line(ctx.SkipComments(ctx.I + 1)))) throw ParseFailure{};
     ctx.AdvancePastComments();
     return ctx.Current();
@@ -359,7 +360,7 @@ Bytes ExtendedLabelBlock(const LabelWork& work) {
 // Texts made for mkgmap give the extended label keys without
 // "ExtendedLabels=Y" and in any order.
 bool ReadLabelKey(ParseContext& ctx, LabelWork& work) {
-    const std::string& line = ctx.Current();
+    const std::string_view line = ctx.Current();
     if (StartsWithNoCase(line, "string")) {
         const auto equals = line.find('=');
         if (equals == std::string::npos) return false;

@@ -98,7 +98,7 @@ void RequireLines(const ParseContext& ctx, std::size_t first, std::size_t count)
 }
 
 // Line `next`, or the first line after it that is not only a comment; `next` moves past it.
-const std::string& NextBitmapLine(const ParseContext& ctx, std::size_t& next) {
+std::string_view NextBitmapLine(const ParseContext& ctx, std::size_t& next) {
     next = ctx.SkipComments(next);
     return ctx.Line(next++);
 }
@@ -128,7 +128,7 @@ void ReadTrueColourPixels(ParseContext& ctx, const PoiRecord& record, ListedSize
     if (keyed) decoded.KeyColour = PixelLineColour(NextBitmapLine(ctx, next));
     for (int y = 0; y < listed.Height; ++y) {
         for (int x = 0; x < listed.Width; ++x) {
-            const std::string& line = NextBitmapLine(ctx, next);
+            const std::string_view line = NextBitmapLine(ctx, next);
             if (x >= record.Width || y >= record.Height) continue;
             if (!mode32) {
                 decoded.Colours.Set({x, y}, PixelLineColour(line));
@@ -149,7 +149,7 @@ void ReadMode32Palette(ParseContext& ctx, std::size_t& next, std::vector<Palette
                        std::vector<std::string>& codes, std::size_t cpp) {
     palette.assign(codes.size(), PaletteEntry{});
     for (std::size_t k = 0; k < codes.size(); ++k) {
-        const std::string& line = NextBitmapLine(ctx, next);
+        const std::string_view line = NextBitmapLine(ctx, next);
         codes[k] = std::string(Mid(line, 2, cpp));
         ctx.Try([&] {
             const ColourLine colour = ReadColourLine(line, cpp);
@@ -209,7 +209,7 @@ void ReadPaletteRows(ParseContext& ctx, const PoiRecord& record, ListedSize list
     const CodeIndex index(codes);
     std::size_t next = ctx.I;
     for (int y = 0; y < rows; ++y) {
-        const std::string& line = NextBitmapLine(ctx, next);
+        const std::string_view line = NextBitmapLine(ctx, next);
         auto row = indices.Row(y);
         const std::size_t narrower = std::min<std::size_t>(row.size(), listed.Width);
         const std::size_t columns = listed.Width == record.Width ? row.size() : narrower;
@@ -243,7 +243,7 @@ struct PoiWork {
 };
 
 void ReadPoiBitmap(ParseContext& ctx, PoiRecord& record, PoiBitmap& bitmap, PoiWork& work) {
-    const std::string& line = ctx.Current();
+    const std::string_view line = ctx.Current();
     const XpmHeader header = ReadXpmHeader(line);
     ListedSize listed{record.Width, record.Height};
     ctx.Try([&] { listed.Width = StrictByte(header.Field(0)); });
@@ -266,7 +266,7 @@ void ReadPoiBitmap(ParseContext& ctx, PoiRecord& record, PoiBitmap& bitmap, PoiW
 
 void ReadPoiKeyLine(ParseContext& ctx, PoiRecord& record, PoiWork& work) {
     if (ReadSharedKey(ctx, record, work.Labels)) return;
-    const std::string& line = ctx.Current();
+    const std::string_view line = ctx.Current();
     if (StartsWithNoCase(line, "xpm=") || StartsWithNoCase(line, "dayxpm=")) {
         record.Flags |= 0x01;
         ReadPoiBitmap(ctx, record, record.Bitmaps[0], work);

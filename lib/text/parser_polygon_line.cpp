@@ -72,7 +72,7 @@ void ReadNightColours(ParseContext& ctx, const PatternWork& work, ColourList& co
 void ReadPatternRowsInto(ParseContext& ctx, BitGrid& pattern, const std::string& letter, std::size_t cpp) {
     for (int y = 0; y < pattern.Height(); ++y) {
         ctx.AdvancePastComments();
-        const std::string& line = ctx.Current();
+        const std::string_view line = ctx.Current();
         auto row = pattern.Row(y);
         for (std::size_t x = 0; x < row.size(); ++x) row[x] = Mid(line, x * cpp + 2, cpp) == letter;
     }
@@ -158,7 +158,7 @@ bool ReadWidthKey(std::string_view line, PatternWork& work) {
 // the closing line.
 void LookAheadForWidths(ParseContext& ctx, PatternWork& work) {
     for (std::size_t k = ctx.I + 1; k <= ctx.I + 50 && ctx.HasLine(k); ++k) {
-        const std::string& line = ctx.Lines[k];
+        const std::string_view line = ctx.Lines[k];
         if (IsEndLine(line)) break;
         ctx.Try([&] { ReadWidthKey(line, work); });
     }
@@ -222,7 +222,7 @@ void ReadPolylineXpm(ParseContext& ctx, PolylineRecord& record, PatternWork& wor
 
 void ReadPolylineKeyLine(ParseContext& ctx, PolylineRecord& record, PatternWork& work) {
     if (ReadSharedKey(ctx, record, work.Labels)) return;
-    const std::string& line = ctx.Current();
+    const std::string_view line = ctx.Current();
     if (StartsWithNoCase(line, "useorientation=y")) {
         record.Flags2 &= static_cast<std::uint8_t>(~0x02);
     } else if (ReadWidthKey(line, work)) {
