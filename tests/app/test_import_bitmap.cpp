@@ -175,8 +175,6 @@ private slots:
         QCOMPARE(app::RunMirvane({"--screenshot", out, "--window", "frmImporterBitmap", "--picture", picture}), 0);
         const QImage drawn(out);
         QCOMPARE(drawn.size() / drawn.devicePixelRatio(), window_->size());
-        QCOMPARE(app::RunMirvane({"--screenshot", out, "--window", "frmNothing"}), 2);
-        QCOMPARE(app::RunMirvane({"--screenshot", out, "--window"}), 2);
     }
 
     void picturesConvertWithoutPremultipliedColours() {
