@@ -289,8 +289,6 @@ private slots:
         auto* box = dialog.findChild<QPlainTextEdit*>("txtErreurs");
         QVERIFY(box && box->isReadOnly());
         QCOMPARE(box->toPlainText(), QString("Erreurs rencontrées\nLigne 3"));
-        QCOMPARE(dialog.findChild<QPushButton*>("cmdCopy")->text(), QString("Copier dans le presse-papier"));
-        QCOMPARE(dialog.findChild<QPushButton*>("cmdFermer")->text(), QString("Fermer"));
         dialog.findChild<QPushButton*>("cmdCopy")->click();
         QCOMPARE(QApplication::clipboard()->text(), box->toPlainText());
     }

@@ -90,13 +90,6 @@ private slots:
         QVERIFY(!Find<QPushButton>("cmdAppliquerModif")->isVisible());
     }
 
-    void coloursComeFromTheSettings() {
-        settings_->Set(kSettingsSection, "RtfColour3", "\\red10\\green20\\blue30");
-        window_->Text().SetColours(LoadRtfColours(*settings_));
-        ShowWholeText();
-        QCOMPARE(Pane()->document()->find("ProductCode").charFormat().foreground().color(), QColor(10, 20, 30));
-    }
-
     void applyOnePolygonKeepsItsCyrillicLabelAndReselectsIt() {
         PickPolygon(0);
         QVERIFY(Pane()->toPlainText().contains(QString::fromUtf8("Москва")));
@@ -132,13 +125,10 @@ private slots:
         QCOMPARE(doc_->Polygons.size(), std::size_t(1));
         QVERIFY(ListingOfPolygon(0).find("String1=0x04," + kMoscow1251) != std::string::npos);
         QCOMPARE(doc_->Identity.CodePage, 1251);
-
-        // An emptied pane leaves an empty document.
-        Find<QAction>("mnuSelectionnerTout")->trigger();
+        Find<QAction>("mnuSelectionnerTout")->trigger();  // the Edit menu's Select all reaches the pane
         Find<QAction>("mnuSupprimer")->trigger();
         Find<QPushButton>("cmdAppliquerModif")->click();
         QVERIFY(doc_->Polygons.empty());
-        QVERIFY(doc_->DrawOrder.empty());
     }
 
     void editMenuUndoesOnThePanesOwnStack() {

@@ -90,123 +90,101 @@ TEST(Listing, CommentTextAndDrawOrderRows) {
               std::string::npos);
 }
 
-TEST(Listing, SolidPolygonsWithFlags6And7AndTheirTypeValues) {
+// The listing of one well-formed object, which must log nothing.
+template <typename Record>
+std::vector<std::string> LinesOf(Record r) {
     Document doc = LoadedDocument();
-    doc.Polygons = {Polygon("003", "00", 6, Colours({0x112233})), Polygon("10e", "00", 7, Colours({0xA0B0C0, 1}))};
-    EXPECT_EQ(ObjectLines(doc, ObjectKind::Polygon, 0),
-              (std::vector<std::string>{"[_polygon]", "Type=0x03", "ExtendedLabels=N", "Xpm=\"0 0 1 0\"",
-                                        "\"1 c #112233\"", "[end]"}));
-    const auto night = ObjectLines(doc, ObjectKind::Polygon, 1);
-    EXPECT_EQ(night[1], "Type=0x10e00");  // extended types keep three digits and the subtype
-    EXPECT_EQ(night[3], "Xpm=\"0 0 2 0\"");
-    EXPECT_EQ(night[4], "\"1 c #A0B0C0\"");
-    EXPECT_EQ(night[5], "\"2 c #000001\"");
-}
-
-TEST(Listing, PatternWithTransparentBackgroundPrintsBlanks) {
-    Document doc = LoadedDocument();
-    doc.Polygons = {Polygon("001", "00", 0x0A, Colours({0xFF0000}))};
-    doc.Polygons[0].PatternBytes[0] = 0x81;  // pixels 0 and 7 of the first row
-    const auto lines = ObjectLines(doc, ObjectKind::Polygon);
-    ASSERT_EQ(lines.size(), 4u + 2 + 32 + 2);  // heads, colours, rows, ruler and [end]
-    EXPECT_EQ(lines[3], "Xpm=\"32 32 2 1\"");
-    EXPECT_EQ(lines[4], "\"! c #FF0000\"");
-    EXPECT_EQ(lines[5], "\"  c none\"");
-    EXPECT_EQ(lines[6], "\"!      !                        \"");
-    EXPECT_EQ(lines[7], "\"" + std::string(32, ' ') + "\"");
-    EXPECT_EQ(lines[38], ";12345678901234567890123456789012");
-}
-
-TEST(Listing, FourColourPatternWithTransparentNightBackground) {
-    Document doc = LoadedDocument();
-    doc.Polygons = {Polygon("001", "00", 0x0D, Colours({1, 2, 3}))};
-    const auto lines = ObjectLines(doc, ObjectKind::Polygon);
-    EXPECT_EQ(lines[3], "Xpm=\"32 32 4 1\"");
-    EXPECT_EQ(std::vector<std::string>(lines.begin() + 4, lines.begin() + 8),
-              (std::vector<std::string>{"\"! c #000001\"", "\"# c #000002\"", "\"3 c #000003\"", "\"4 c none\""}));
-    EXPECT_EQ(lines[8], "\"" + std::string(32, '#') + "\"");
-}
-
-TEST(Listing, PolylineWithHalfBorderWidth) {
-    Document doc = LoadedDocument();
-    doc.Polylines = {Polyline(0, 0, Colours({0x111111, 0x222222}), {2, 5})};
-    doc.PolylineCount = 1;
-    EXPECT_EQ(ObjectLines(doc, ObjectKind::Polyline),
-              (std::vector<std::string>{"[_line]", "Type=0x01", "UseOrientation=Y", "LineWidth=2", "BorderWidth=1.5",
-                                        "Xpm=\"0 0 2 0\"", "\"1 c #111111\"", "\"2 c #222222\"", "ExtendedLabels=N",
-                                        "[end]"}));
-}
-
-TEST(Listing, SolidLineWithDayAndNightColoursHasNoBorder) {
-    Document doc = LoadedDocument();
-    doc.Polylines = {Polyline(7, 2, Colours({0x111111, 0x222222}), {3})};
-    const auto lines = ObjectLines(doc, ObjectKind::Polyline);
-    EXPECT_EQ(lines[2], "UseOrientation=N");
-    EXPECT_EQ(lines[4], "Xpm=\"0 0 2 0\"");
-    EXPECT_EQ(lines[5], "\"1 c #111111\"");
-    EXPECT_EQ(lines[6], "\"2 c #222222\"");
-    EXPECT_FALSE(Contains(lines, "BorderWidth=0"));
-}
-
-TEST(Listing, PatternLineHasTwoBlanksBeforeTheOne) {
-    Document doc = LoadedDocument();
-    doc.Polylines = {Polyline(3 << 3 | 2, 0, Colours({0x123456}), Bytes(12, 0xFF))};
-    const auto lines = ObjectLines(doc, ObjectKind::Polyline);
-    EXPECT_EQ(lines[3], "Xpm=\"32 3 2  1\"");
-    EXPECT_EQ(lines[5], "\"  c none\"");
-    EXPECT_EQ(lines[6], "\"" + std::string(32, '!') + "\"");
-    EXPECT_EQ(lines[9], ";12345678901234567890123456789012");
-}
-
-TEST(Listing, PoiTransparentPixelsAndRulerOf33Pixels) {
-    Document doc = LoadedDocument();
-    doc.Pois = {PalettePoi(33, 1, 2, 2)};
-    const auto lines = ObjectLines(doc, ObjectKind::Poi);
-    EXPECT_EQ(lines[4], "DayXpm=\"33 1 3 1\"   Colormode=16");
-    EXPECT_EQ(lines[7], "\"  \tc none\"");
-    EXPECT_EQ(lines[8], "\"" + std::string(33, ' ') + "\"");
-    EXPECT_EQ(lines[9], ";12345678901234567890123456789012");
-}
-
-TEST(Listing, PoiOfNoSizeAndNightBlock) {
-    Document doc = LoadedDocument();
-    PoiRecord empty = PalettePoi(0, 0, 0, 0);
-    empty.Flags = 2;
-    PoiRecord night = PalettePoi(1, 1, 1, 0);
-    night.Flags = 3;
-    night.Bitmaps[1] = night.Bitmaps[0];
-    night.Bitmaps[1].PaletteBytes = Colours({0x0A0B0C});
-    doc.Pois = {empty, night};
-    const auto emptyLines = ObjectLines(doc, ObjectKind::Poi, 0);
-    EXPECT_EQ(emptyLines[4], "DayXpm=\"0 0 0 0\"");
-    EXPECT_EQ(emptyLines[5], "NightXpm=\"0 0 0 0\"");
-
-    const auto lines = ObjectLines(doc, ObjectKind::Poi, 1);
-    EXPECT_TRUE(Contains(lines, "NightXpm=\"1 1 1 1\"   Colormode=16"));
-    EXPECT_TRUE(Contains(lines, "\"!\tc #0A0B0C\""));
-}
-
-TEST(Listing, TrueColourModes) {
-    Document doc = LoadedDocument();
-    doc.Pois = {TrueColourPoi(0, Colours({0x102030, 0x405060})),
-                TrueColourPoi(16, Colours({0x405060, 0x102030, 0x405060})),
-                // 28 bits a pixel: 0x102030 alpha 0, then 0x405060 alpha 15.
-                TrueColourPoi(32, {0x30, 0x20, 0x10, 0x00, 0x06, 0x05, 0xF4})};
-    const std::string comment = ";Couleurs 24 bits : pas de palette ";
-
-    auto lines = ObjectLines(doc, ObjectKind::Poi, 0);
-    EXPECT_EQ(lines[4], "DayXpm=\"2 1 0 1\"   Colormode=0");
-    EXPECT_EQ(std::vector<std::string>(lines.begin() + 5, lines.begin() + 9),
-              (std::vector<std::string>{comment, "\"#102030\"", "\"#405060\"", ";12"}));
-
-    lines = ObjectLines(doc, ObjectKind::Poi, 1);
-    EXPECT_EQ(std::vector<std::string>(lines.begin() + 6, lines.begin() + 9),
-              (std::vector<std::string>{"\"#405060\"", "\"#102030\"", "\"#405060\""}));
-
-    lines = ObjectLines(doc, ObjectKind::Poi, 2);
-    EXPECT_EQ(lines[6], "\"#102030\"  canalalpha=0");
-    EXPECT_EQ(lines[7], "\"#405060\"  canalalpha=15");
+    ObjectKind kind = ObjectKind::Poi;
+    if constexpr (std::is_same_v<Record, PolygonRecord>) doc.Polygons = {std::move(r)}, kind = ObjectKind::Polygon;
+    if constexpr (std::is_same_v<Record, PolylineRecord>) doc.Polylines = {std::move(r)}, kind = ObjectKind::Polyline;
+    if constexpr (std::is_same_v<Record, PoiRecord>) doc.Pois = {std::move(r)};
+    auto lines = ObjectLines(doc, kind);
     EXPECT_FALSE(doc.ReadErrorFlag);
+    return lines;
+}
+
+TEST(Listing, ObjectsOfEveryLayout) {
+    const std::string blanks(32, ' '), ruler = ";12345678901234567890123456789012";
+    const std::string noPalette = ";Couleurs 24 bits : pas de palette ";
+    struct Case {
+        const char* name;
+        std::vector<std::string> lines;
+        std::vector<std::pair<std::size_t, std::string>> expected;  // line index, text
+        std::size_t count = 0;                                      // all lines when not 0
+    };
+    const Case cases[] = {
+        {"solid polygon, flags 6", LinesOf(Polygon("003", "00", 6, Colours({0x112233}))),
+         {{0, "[_polygon]"}, {1, "Type=0x03"}, {2, "ExtendedLabels=N"}, {3, "Xpm=\"0 0 1 0\""},
+          {4, "\"1 c #112233\""}, {5, "[end]"}}, 6},
+        {"extended type keeps three digits, day and night colours",
+         LinesOf(Polygon("10e", "00", 7, Colours({0xA0B0C0, 1}))),
+         {{1, "Type=0x10e00"}, {3, "Xpm=\"0 0 2 0\""}, {4, "\"1 c #A0B0C0\""}, {5, "\"2 c #000001\""}}},
+        {"pattern on a transparent ground prints blanks",
+         LinesOf([] {
+             PolygonRecord r = Polygon("001", "00", 0x0A, Colours({0xFF0000}));
+             r.PatternBytes[0] = 0x81;  // pixels 0 and 7 of the first row
+             return r;
+         }()),
+         {{3, "Xpm=\"32 32 2 1\""}, {4, "\"! c #FF0000\""}, {5, "\"  c none\""},
+          {6, "\"!      !                        \""}, {7, "\"" + blanks + "\""}, {38, ruler}},
+         4 + 2 + 32 + 2},  // heads, colours, rows, ruler and [end]
+        {"four colours with a transparent night ground", LinesOf(Polygon("001", "00", 0x0D, Colours({1, 2, 3}))),
+         {{3, "Xpm=\"32 32 4 1\""}, {4, "\"! c #000001\""}, {5, "\"# c #000002\""}, {6, "\"3 c #000003\""},
+          {7, "\"4 c none\""}, {8, "\"" + std::string(32, '#') + "\""}}},
+        {"line with a border of half a pixel", LinesOf(Polyline(0, 0, Colours({0x111111, 0x222222}), {2, 5})),
+         {{0, "[_line]"}, {1, "Type=0x01"}, {2, "UseOrientation=Y"}, {3, "LineWidth=2"}, {4, "BorderWidth=1.5"},
+          {5, "Xpm=\"0 0 2 0\""}, {6, "\"1 c #111111\""}, {7, "\"2 c #222222\""}, {8, "ExtendedLabels=N"},
+          {9, "[end]"}}, 10},
+        {"solid line with day and night colours has no border",
+         LinesOf(Polyline(7, 2, Colours({0x111111, 0x222222}), {3})),
+         {{2, "UseOrientation=N"}, {3, "LineWidth=3"}, {4, "Xpm=\"0 0 2 0\""}, {5, "\"1 c #111111\""},
+          {6, "\"2 c #222222\""}, {7, "ExtendedLabels=N"}}, 9},
+        {"pattern line has two blanks before the one", LinesOf(Polyline(3 << 3 | 2, 0, Colours({0x123456}), Bytes(12, 0xFF))),
+         {{3, "Xpm=\"32 3 2  1\""}, {5, "\"  c none\""}, {6, "\"" + std::string(32, '!') + "\""}, {9, ruler}}},
+        {"POI with transparent pixels and a ruler of 33", LinesOf(PalettePoi(33, 1, 2, 2)),
+         {{4, "DayXpm=\"33 1 3 1\"   Colormode=16"}, {7, "\"  \tc none\""}, {8, "\"" + std::string(33, ' ') + "\""},
+          {9, ruler}}},
+        {"POI of no size with a night block",
+         LinesOf([] {
+             PoiRecord r = PalettePoi(0, 0, 0, 0);
+             r.Flags = 2;
+             return r;
+         }()),
+         {{4, "DayXpm=\"0 0 0 0\""}, {5, "NightXpm=\"0 0 0 0\""}}},
+        {"night bitmap",
+         LinesOf([] {
+             PoiRecord r = PalettePoi(1, 1, 1, 0);
+             r.Flags = 3;
+             r.Bitmaps[1] = r.Bitmaps[0];
+             r.Bitmaps[1].PaletteBytes = Colours({0x0A0B0C});
+             return r;
+         }()),
+         {{8, "NightXpm=\"1 1 1 1\"   Colormode=16"}, {9, "\"!\tc #0A0B0C\""}}},
+        {"true colour, mode 0", LinesOf(TrueColourPoi(0, Colours({0x102030, 0x405060}))),
+         {{4, "DayXpm=\"2 1 0 1\"   Colormode=0"}, {5, noPalette}, {6, "\"#102030\""}, {7, "\"#405060\""}, {8, ";12"}}},
+        {"true colour, mode 16", LinesOf(TrueColourPoi(16, Colours({0x405060, 0x102030, 0x405060}))),
+         {{6, "\"#405060\""}, {7, "\"#102030\""}, {8, "\"#405060\""}}},
+        // 28 bits a pixel: 0x102030 alpha 0, then 0x405060 alpha 15.
+        {"true colour, mode 32", LinesOf(TrueColourPoi(32, {0x30, 0x20, 0x10, 0x00, 0x06, 0x05, 0xF4})),
+         {{6, "\"#102030\"  canalalpha=0"}, {7, "\"#405060\"  canalalpha=15"}}},
+        {"labels and extended labels",
+         LinesOf([] {
+             PolygonRecord r = Polygon("003", "00", 0x36, Colours({0}));
+             r.LabelBytes = EncodeLabelBlock({{0, "text"}, {4, "Caf\xE9"}});
+             r.ExtendedLabelBytes = {0x1A, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06};  // SmallFont, DayAndNight
+             return r;
+         }()),
+         {{2, "String1=0x00,text"}, {3, "String2=0x04,Caf\xE9"}, {4, "ExtendedLabels=Y"}, {5, "FontStyle=SmallFont"},
+          {6, "CustomColor=DayAndNight"}, {7, "DaycustomColor:#030201"}, {8, "NightcustomColor:#060504"}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        if (c.count) EXPECT_EQ(c.lines.size(), c.count);
+        for (const auto& [index, text] : c.expected) {
+            ASSERT_LT(index, c.lines.size());
+            EXPECT_EQ(c.lines[index], text);
+        }
+    }
 }
 
 TEST(Listing, Mode32PaletteCarriesAlpha) {
@@ -219,19 +197,6 @@ TEST(Listing, Mode32PaletteCarriesAlpha) {
     const ListingText listing = ListOneObject(doc, ObjectRef{ObjectKind::Poi, 0});
     EXPECT_TRUE(Contains(Lines(listing.Plain()), "\"!\tc #102030\"  canalalpha=7"));
     EXPECT_NE(listing.Rich().find("\"!\tc #102030\"  {\\cf3 canalalpha=}7"), std::string::npos);
-}
-
-TEST(Listing, LabelsAndExtendedLabels) {
-    Document doc = LoadedDocument();
-    PolygonRecord polygon = Polygon("003", "00", 0x36, Colours({0}));
-    polygon.LabelBytes = EncodeLabelBlock({{0, "text"}, {4, "Caf\xE9"}});
-    polygon.ExtendedLabelBytes = {0x1A, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06};  // SmallFont, DayAndNight
-    doc.Polygons = {polygon};
-    const auto lines = ObjectLines(doc, ObjectKind::Polygon);
-    EXPECT_EQ(std::vector<std::string>(lines.begin() + 2, lines.begin() + 9),
-              (std::vector<std::string>{"String1=0x00,text", "String2=0x04,Caf\xE9", "ExtendedLabels=Y",
-                                        "FontStyle=SmallFont", "CustomColor=DayAndNight", "DaycustomColor:#030201",
-                                        "NightcustomColor:#060504"}));
 }
 
 TEST(Listing, BadLabelBlockIsLoggedAndTheObjectListed) {
