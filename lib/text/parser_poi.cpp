@@ -1,6 +1,7 @@
 // Body of [_point]: keys, bitmap headers, palettes and pixels, packed into the
 // same bytes a binary TYP holds.
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <unordered_map>
 
@@ -162,22 +163,24 @@ void ReadMode32Palette(ParseContext& ctx, std::size_t& next, std::vector<Palette
 
 // The transparent line may stand anywhere: it takes the index one past the
 // last real colour, which is the value the listing looks for.
-void ReadTransparentPaletteLine(PoiBitmap& bitmap, std::vector<PaletteEntry>& palette, std::vector<std::string>& codes,
-                                const ColourLine& line) {
-    if (bitmap.ColourCount == 0) throw ParseFailure{};
-    --bitmap.ColourCount;
-    if (bitmap.ColourCount > 0) {
+void ReadTransparentPaletteLine(PoiBitmap& bitmap, int& colours, std::vector<PaletteEntry>& palette,
+                                std::vector<std::string>& codes, const ColourLine& line) {
+    if (colours == 0) throw ParseFailure{};
+    --colours;
+    bitmap.ColourCount = static_cast<std::uint8_t>(std::min(colours, 255));
+    if (colours > 0) {
         if (palette.empty()) throw ParseFailure{};
         palette.pop_back();
     } else {
         bitmap.ForcePalette = true;
     }
-    codes.at(bitmap.ColourCount) = line.Code;
+    codes.at(static_cast<std::size_t>(colours)) = line.Code;
 }
 
 void ReadColourPalette(ParseContext& ctx, std::size_t& next, PoiBitmap& bitmap, std::vector<PaletteEntry>& palette,
                        std::vector<std::string>& codes, std::size_t cpp) {
     palette.assign(codes.size(), PaletteEntry{});
+    int colours = static_cast<int>(codes.size());
     std::size_t skipped = 0;
     for (std::size_t k = 0; k < codes.size(); ++k) {
         next = ctx.SkipComments(next);
@@ -185,7 +188,7 @@ void ReadColourPalette(ParseContext& ctx, std::size_t& next, PoiBitmap& bitmap, 
         ctx.Try([&] {
             const ColourLine line = ReadColourLine(ctx.Line(at), cpp);
             if (line.Transparent) {
-                ReadTransparentPaletteLine(bitmap, palette, codes, line);
+                ReadTransparentPaletteLine(bitmap, colours, palette, codes, line);
                 skipped = 1;
                 return;
             }
@@ -194,6 +197,11 @@ void ReadColourPalette(ParseContext& ctx, std::size_t& next, PoiBitmap& bitmap, 
             if (entry >= palette.size()) throw ParseFailure{};
             palette[entry].Colour = line.Colour;
         });
+    }
+    // 256 lines hold only 255 colours when one of them is the transparent line.
+    if (colours > 255) {
+        palette.resize(255);
+        throw ParseFailure{};
     }
 }
 
@@ -222,18 +230,27 @@ void ReadPaletteRows(ParseContext& ctx, const PoiRecord& record, ListedSize list
 // The palette's entries stand in the record from the first palette line
 // on, also when the text ends inside the palette.
 void ReadPaletteBitmap(ParseContext& ctx, const PoiRecord& record, ListedSize listed, PoiBitmap& bitmap,
-                       std::size_t& cpp, const XpmHeader& header) {
+                       std::size_t& cpp, const XpmHeader& header, int listedColours) {
     ctx.Try([&] { cpp = StrictByte(header.Field(3)); });
-    std::vector<std::string> codes(bitmap.ColourCount);
+    std::vector<std::string> codes(static_cast<std::size_t>(listedColours));
     std::optional<std::vector<PaletteEntry>> palette;
     std::size_t next = ctx.I + 1;
     ctx.Try([&] {
+        if (bitmap.ColourMode >= 32 && listedColours > 255) throw ParseFailure{};
         if (bitmap.ColourMode >= 32) ReadMode32Palette(ctx, next, palette.emplace(), codes, cpp);
         else ReadColourPalette(ctx, next, bitmap, palette.emplace(), codes, cpp);
     });
     if (palette) bitmap.PaletteBytes = EncodePalette(*palette, bitmap.ColourMode);
     ctx.I = std::min(ctx.SkipComments(next), ctx.LineCount() - 1);
     ctx.Try([&] { ReadPaletteRows(ctx, record, listed, bitmap, codes, cpp); });
+}
+
+// 0 to 255 colours, or 256: 255 colours and the transparent line, as a full
+// palette with transparent pixels is listed.
+int ListedColourCount(std::string_view field) {
+    const double rounded = std::nearbyint(StrictNumber(field));
+    if (rounded < 0 || rounded > 256) throw ParseFailure{};
+    return static_cast<int>(rounded);
 }
 
 struct PoiWork {
@@ -248,7 +265,9 @@ void ReadPoiBitmap(ParseContext& ctx, PoiRecord& record, PoiBitmap& bitmap, PoiW
     ListedSize listed{record.Width, record.Height};
     ctx.Try([&] { listed.Width = StrictByte(header.Field(0)); });
     ctx.Try([&] { listed.Height = StrictByte(header.Field(1)); });
-    ctx.Try([&] { bitmap.ColourCount = StrictByte(header.Field(2)); });
+    int listedColours = bitmap.ColourCount;
+    ctx.Try([&] { listedColours = ListedColourCount(header.Field(2)); });
+    bitmap.ColourCount = static_cast<std::uint8_t>(std::min(listedColours, 255));
     if (!work.Sized) {
         record.Width = static_cast<std::uint8_t>(listed.Width);
         record.Height = static_cast<std::uint8_t>(listed.Height);
@@ -261,7 +280,7 @@ void ReadPoiBitmap(ParseContext& ctx, PoiRecord& record, PoiBitmap& bitmap, PoiW
     work.Sized = true;
     ctx.Try([&] { bitmap.ColourMode = ColourModeOf(line); });
     if (bitmap.ColourCount == 0) ctx.Try([&] { ReadTrueColourPixels(ctx, record, listed, bitmap); });
-    else ReadPaletteBitmap(ctx, record, listed, bitmap, work.Cpp, header);
+    else ReadPaletteBitmap(ctx, record, listed, bitmap, work.Cpp, header, listedColours);
 }
 
 void ReadPoiKeyLine(ParseContext& ctx, PoiRecord& record, PoiWork& work) {

@@ -113,7 +113,12 @@ Document RandomDocument(unsigned seed, int regularLines) {
     }
     doc.PolylineCount = regularLines;
     doc.ExtraPolylineCount = 2;
-    for (int i = 0; i < 8; ++i) doc.Pois.push_back(MakeSamplePoi(i, below(kPoiVariants), 1 + below(24)));
+    for (int i = 0; i < 8; ++i) {
+        PoiRecord poi = MakeSamplePoi(i, below(kPoiVariants), 1 + below(24));
+        // A full palette with a transparent pixel: index 255, one past the colours.
+        if (poi.Bitmaps[0].ColourCount == 255 && poi.Bitmaps[0].ColourMode < 32) poi.Bitmaps[0].PixelBytes[0] = 255;
+        doc.Pois.push_back(poi);
+    }
     doc.Identity.HeaderSize = doc.Header.HeaderSize = 174;
     return doc;
 }
