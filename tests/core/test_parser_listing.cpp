@@ -42,7 +42,7 @@ TEST(ParserListing, CorpusBinariesComeBackThroughTheirListing) {
 
 // Every polygon and polyline encoding of the sample survives record for
 // record. POIs are compared by what they draw, in the random round trip of
-// test_compare_corpus (their palettes may be listed in another order).
+// test_compare_corpus.
 TEST(ParserListing, SampleShapesComeBackThroughTheirListing) {
     SampleOptions options;
     options.Polygons = 2 * kPolygonVariants;
