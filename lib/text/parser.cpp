@@ -226,6 +226,22 @@ void ReadSection(ParseContext& ctx, std::string_view head) {
     }
 }
 
+// Room for the objects the sections announce, so that the records are not
+// moved again and again as a large text is read.
+void ReserveObjects(ParseContext& ctx) {
+    std::size_t polygons = 0, lines = 0, points = 0;
+    for (const std::string_view line : ctx.Lines) {
+        const std::string_view head = TrimBlanks(line);
+        if (head.empty() || head.front() != '[') continue;
+        polygons += StartsWithNoCase(head, "[_polygon]");
+        lines += StartsWithNoCase(head, "[_line]");
+        points += StartsWithNoCase(head, "[_point]");
+    }
+    ctx.Doc.Polygons.reserve(ctx.Doc.Polygons.size() + polygons);
+    ctx.Doc.Polylines.reserve(ctx.Doc.Polylines.size() + lines);
+    ctx.Doc.Pois.reserve(ctx.Doc.Pois.size() + points);
+}
+
 // Parsed lines are all regular ones; an extra polyline keeps its place
 // behind them only while its record is not rebuilt.
 void SortPolylinesByType(std::vector<PolylineRecord>& polylines) { SortPolylinesForDisplay(polylines); }
@@ -279,15 +295,18 @@ ParseResult Finish(ParseContext& ctx) {
 
 }  // namespace textparse
 
-ParseResult ParseTypText(Document& doc, std::string_view textBytes, std::optional<ObjectRef> target) {
+namespace {
+
+// Parses `text`, which it changes: the lines are views into it.
+ParseResult ParseTypTextInPlace(Document& doc, std::string& text, std::optional<ObjectRef> target) {
     using namespace textparse;
     // A single object's text holds no comment section: applying it keeps the comment.
     if (!target) doc.HeaderGapBytes.clear();
     bool byteOrderMark = false;
-    std::string text(textBytes);  // the lines are views into it
     ParseContext ctx{doc, PrepareLines(text, byteOrderMark)};
     ctx.Target = target;
-    ctx.LabelCodePage = LabelCodePage(ctx, byteOrderMark || IsUtf8WithNonAscii(textBytes));
+    ctx.LabelCodePage = LabelCodePage(ctx, byteOrderMark || IsUtf8WithNonAscii(text));
+    if (!target) ReserveObjects(ctx);
     for (ctx.I = 0; ctx.I + 1 < ctx.LineCount(); ++ctx.I) {
         const std::string_view head = TrimBlanks(ctx.Lines[ctx.I]);
         if (!head.empty() && head.front() == '[') ReadSection(ctx, head);
@@ -298,18 +317,31 @@ ParseResult ParseTypText(Document& doc, std::string_view textBytes, std::optiona
     return Finish(ctx);
 }
 
-void LoadTypText(Document& doc, std::string_view textBytes, const std::string& path) {
+void StartTextDocument(Document& doc, const std::string& path) {
     doc.Reset();
     doc.State = DocumentState::Loaded;
     doc.FromText = true;
     doc.SetPath(path);
+}
+
+}  // namespace
+
+ParseResult ParseTypText(Document& doc, std::string_view textBytes, std::optional<ObjectRef> target) {
+    std::string text(textBytes);
+    return ParseTypTextInPlace(doc, text, target);
+}
+
+void LoadTypText(Document& doc, std::string_view textBytes, const std::string& path) {
+    StartTextDocument(doc, path);
     ParseTypText(doc, textBytes);
 }
 
+// The file's bytes are parsed where they were read: a large text is not copied.
 bool OpenTypText(Document& doc, const std::string& path) {
     std::string bytes;
     if (!ReadWholeFile(path, bytes)) return false;
-    LoadTypText(doc, bytes, path);
+    StartTextDocument(doc, path);
+    ParseTypTextInPlace(doc, bytes, std::nullopt);
     return true;
 }
 

@@ -2,6 +2,10 @@
 // same bytes a binary TYP holds.
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <new>
 #include <optional>
 #include <unordered_map>
 
@@ -22,7 +26,7 @@ public:
         for (std::size_t k = 0; k < codes.size(); ++k) Set(codes[k], static_cast<int>(k));
     }
     ~CodeIndex() {
-        for (std::size_t slot : used_) Table()[slot] = -1;
+        for (std::size_t slot : used_) Table()[slot] = 0;
     }
     CodeIndex(const CodeIndex&) = delete;
     CodeIndex& operator=(const CodeIndex&) = delete;
@@ -30,18 +34,27 @@ public:
     // Index of the code; 0 when no code matches.
     int Find(std::string_view code) const {
         if (code.size() <= 2) {
-            const int index = Table()[SlotOf(code)];
-            return index < 0 ? 0 : index;
+            const int slot = Table()[SlotOf(code)];
+            return slot == 0 ? 0 : slot - 1;
         }
         const auto found = long_.find(std::string(code));
         return found == long_.end() ? 0 : found->second;
     }
 
 private:
-    static std::vector<int>& Table() {
-        thread_local std::vector<int> table(1 + 256 + 65536, -1);
-        return table;
+    // Index + 1 per code, 0 for none. Zeroed by calloc, so only the pages of
+    // codes in use are ever touched: filling it would cost more than a
+    // large text takes to parse.
+    static std::uint16_t* Table() {
+        struct Freed {
+            void operator()(std::uint16_t* table) const { std::free(table); }
+        };
+        thread_local std::unique_ptr<std::uint16_t, Freed> table(
+            static_cast<std::uint16_t*>(std::calloc(kSlots, sizeof(std::uint16_t))));
+        if (!table) throw std::bad_alloc();
+        return table.get();
     }
+    static constexpr std::size_t kSlots = 1 + 256 + 65536;
     static std::size_t SlotOf(std::string_view code) {
         const auto byte = [&](std::size_t k) { return static_cast<std::size_t>(static_cast<unsigned char>(code[k])); };
         if (code.empty()) return 0;
@@ -54,7 +67,7 @@ private:
             return;
         }
         const std::size_t slot = SlotOf(code);
-        Table()[slot] = index;
+        Table()[slot] = static_cast<std::uint16_t>(index + 1);
         used_.push_back(slot);
     }
     std::vector<std::size_t> used_;
