@@ -514,8 +514,22 @@ void AffichePOI(Document& doc, int index, ListingText& text) {
     ListUnderTrap(ListPoi, ObjectKind::Poi, doc.Pois.size(), doc, index, text);
 }
 
+// More than the text of the records can take: a pixel of a bit grows to a
+// character, three bytes of true colour to a line of eleven.
+std::size_t ListingSizeBound(const Document& doc) {
+    std::size_t recordBytes = 0;
+    const auto add = [&recordBytes](const auto& records) {
+        for (const auto& r : records) recordBytes += static_cast<std::size_t>(std::max(r.Length, 0));
+    };
+    add(doc.Polygons);
+    add(doc.Polylines);
+    add(doc.Pois);
+    return 64 * 1024 + 12 * recordBytes;
+}
+
 ListingText ListWholeDocument(Document& doc, const ListingContext& context) {
     ListingText text;
+    text.Reserve(ListingSizeBound(doc));
     Headings(doc, context, text);
     IdSection(doc, text);
     CommentsSection(doc, text);

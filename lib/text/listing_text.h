@@ -43,6 +43,12 @@ public:
         std::size_t Bytes = 0;
     };
 
+    // Room for about this much text, so that a large listing is not copied as
+    // it grows; room not written to costs nothing.
+    void Reserve(std::size_t bytes) {
+        bytes_.reserve(bytes);
+        pieces_.reserve(bytes / 4);
+    }
     void Add(PieceRole role, std::string_view bytes);
     void Text(std::string_view bytes) { Add(PieceRole::Text, bytes); }
     void Key(std::string_view bytes) { Add(PieceRole::Key, bytes); }
