@@ -2,7 +2,10 @@
 // find them.
 #pragma once
 
+#include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QRegularExpressionValidator>
 #include <QString>
 #include <QWidget>
 #include <utility>
@@ -38,6 +41,13 @@ inline QPushButton* MakeButton(QWidget* parent, const QString& name) {
 
 inline QPushButton* MakeButton(QWidget* parent, const char* name) {
     return MakeButton(parent, QString::fromUtf8(name));
+}
+
+// A text field that takes only what `pattern` allows as it is typed: "[0-9A-Fa-f]{0,3}".
+inline QLineEdit* MakeFilteredField(QWidget* parent, const char* name, const char* pattern) {
+    auto* field = MakeNamed<QLineEdit>(parent, name);
+    field->setValidator(new QRegularExpressionValidator(QRegularExpression(QString::fromUtf8(pattern)), field));
+    return field;
 }
 
 }  // namespace mirvane::app

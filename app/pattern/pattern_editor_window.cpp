@@ -141,8 +141,7 @@ void PatternEditorWindow::BuildUi(QWidget* kindFields, QWidget* kindChecks) {
 }
 
 QLineEdit* PatternEditorWindow::MakeNumberField(QWidget* parent, const char* name, const char* pattern) {
-    auto* field = MakeNamed<QLineEdit>(parent, name);
-    field->setValidator(new QRegularExpressionValidator(QRegularExpression(pattern), field));
+    auto* field = MakeFilteredField(parent, name, pattern);
     field->setFixedWidth(52);
     return field;
 }

@@ -179,7 +179,7 @@ void IconsWindow::ShowGroups(int group) {
     {
         const QSignalBlocker keep(lstvExtraPOI_);
         lstvExtraPOI_->clear();
-        for (const ExtraPoiGroup& g : browser_.Groups())
+        for (const ExtraPoiRecord& g : browser_.Groups())
             new QTreeWidgetItem(lstvExtraPOI_, {"0x" + Q(g.Type), "0x" + Q(g.SubType)});
     }
     Label1_->setText(Q(browser_.ListHeading()));

@@ -14,7 +14,6 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QRegularExpressionValidator>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QSlider>
@@ -142,10 +141,8 @@ QWidget* PoiEditorWindow::BuildHead() {
     lblNumero_ = MakeNamed<QLabel>(head, "lblNumero");
     lblType_ = MakeNamed<QLabel>(head, "lblType");
     lblSubType_ = MakeNamed<QLabel>(head, "lblSubType");
-    txtType_ = MakeNamed<QLineEdit>(head, "txtType");
-    txtSubType_ = MakeNamed<QLineEdit>(head, "txtSubType");
-    txtType_->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9a-fA-F]{0,3}"), txtType_));
-    txtSubType_->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9a-fA-F]{0,2}"), txtSubType_));
+    txtType_ = MakeFilteredField(head, "txtType", "[0-9a-fA-F]{0,3}");
+    txtSubType_ = MakeFilteredField(head, "txtSubType", "[0-9a-fA-F]{0,2}");
     txtType_->setMaximumWidth(60);
     txtSubType_->setMaximumWidth(60);
     chkBitmap_ = MakeNamed<QCheckBox>(head, "chkBitmap");

@@ -95,8 +95,7 @@ bool TakeOption(QStringList& args, const QString& name, QString& value) {
 struct ScreenshotScene {
     QString WindowName, Picture;
     std::optional<ObjectRef> Object;  // from --object, in the opened file
-    Document& Doc;
-    MainWindowModel& Model;
+    MainWindowModel& Model;           // and its document
     UserPrompts& Prompts;
 };
 
@@ -148,7 +147,7 @@ int TakeScreenshot(const QString& out, const QString& file, const QString& windo
     }
     std::unique_ptr<QWidget> other;
     if (!windowName.isEmpty() &&
-        !(other = ScreenshotWindow({windowName, picture, object, doc, model, prompts}))) {
+        !(other = ScreenshotWindow({windowName, picture, object, model, prompts}))) {
         std::fprintf(stderr, "mirvane: no window %s to draw\n", qPrintable(windowName));
         return 2;
     }

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "document/encoding.h"
+
 namespace mirvane {
 
 namespace {
@@ -31,11 +33,10 @@ std::optional<ObjectKind> ParseKind(std::string_view text) {
     return std::nullopt;
 }
 
-// Records keep their type and subtype as hex text.
 template <typename Record>
 bool Matches(const Record& record, const ObjectName& name) {
-    if (ParseHex(record.Type) != name.Type) return false;
-    return !name.SubType || ParseHex(record.SubType) == name.SubType;
+    if (static_cast<unsigned>(HexValue(record.Type)) != name.Type) return false;
+    return !name.SubType || static_cast<unsigned>(HexValue(record.SubType)) == *name.SubType;
 }
 
 template <typename Record>

@@ -2,6 +2,8 @@
 // sub-icons from the data, the enlargement, and what cmdCopier takes.
 #include <gtest/gtest.h>
 
+#include "document/binary_reader.h"
+#include "document/binary_writer.h"
 #include "models/poi/extra_poi_browser_model.h"
 #include "scripted_prompts.h"
 #include "support/sample_document.h"
@@ -22,7 +24,8 @@ TEST(ExtraPoiBrowser, ReadsGroupsAndSubIcons) {
     PoiClipboard clipboard;
     ExtraPoiBrowserModel model(doc, prompts, clipboard);
     ASSERT_EQ(model.Groups().size(), 2u);
-    EXPECT_EQ(model.Groups()[1], (ExtraPoiGroup{"02f", "1f", doc.ExtraPois[1].Offset}));
+    EXPECT_EQ(model.Groups()[1].Type, "02f");
+    EXPECT_EQ(model.Groups()[1].SubType, "1f");
     EXPECT_EQ(model.ListHeading(), "  Liste des icônes  (2)");
 
     model.SelectGroup(0);
@@ -42,11 +45,23 @@ TEST(ExtraPoiBrowser, ReadsGroupsAndSubIcons) {
     EXPECT_EQ(picture.Day[0], kTransparentPixel);
     EXPECT_EQ(picture.Day[8 * 16 + 8], 0x00FFFFFF);
 
-    // Rows of 7 bytes: the offset is still the last three.
+    // Rows of 7 bytes, as a file holds them: the offset is still the last three.
     Document wide = TwoGroups();
     wide.Extra1.ExtraPoiIndexRecordSize = 7;
     for (int row : {1, 0}) wide.ExtraPoiIndexBytes.insert(wide.ExtraPoiIndexBytes.begin() + row * 5 + 2, {0xAA, 0xBB});
-    EXPECT_EQ(ReadExtraPoiGroups(wide), model.Groups());
+    wide.Identity.Fid = wide.Identity.ProductCode = 1;
+    wide.Identity.HeaderSize = 156;
+    Bytes file;
+    ASSERT_FALSE(BuildBinaryTyp(wide, file, {}));
+    Document reread;
+    ReadBinaryTyp(reread, file, "wide.typ");
+    ExtraPoiBrowserModel wideModel(reread, prompts, clipboard);
+    ASSERT_EQ(wideModel.Groups().size(), model.Groups().size());
+    for (std::size_t i = 0; i < model.Groups().size(); ++i) {
+        EXPECT_EQ(wideModel.Groups()[i].Type, model.Groups()[i].Type);
+        EXPECT_EQ(wideModel.Groups()[i].SubType, model.Groups()[i].SubType);
+        EXPECT_EQ(wideModel.Groups()[i].Offset, model.Groups()[i].Offset);
+    }
     EXPECT_TRUE(prompts.Log.empty());
 }
 

@@ -1,9 +1,6 @@
 #include "models/poi/extra_poi_browser_model.h"
 
 #include "document/bitmap_codec.h"
-#include "document/encoding.h"
-#include "document/record_reader.h"
-#include "labels/label_block.h"
 #include "lang/lookup.h"
 #include "models/poi/extra_poi_icons.h"
 
@@ -15,21 +12,6 @@ std::string IconsText(const char* defaultText, const char* key) { return LookupT
 
 }  // namespace
 
-std::vector<ExtraPoiGroup> ReadExtraPoiGroups(const Document& doc) {
-    const Bytes& index = doc.ExtraPoiIndexBytes;
-    const std::size_t size = doc.Extra1.ExtraPoiIndexRecordSize;
-    std::vector<ExtraPoiGroup> groups;
-    if (size < 3) return groups;
-    for (std::size_t row = 0; row + size <= index.size(); row += size) {
-        const std::uint8_t low = index[row];
-        const std::uint8_t high = size > 1 ? index[row + 1] : 0;
-        const std::size_t at = row + size - 3;  // the offset is always the last three bytes
-        const int offset = index[at] | (index[at + 1] << 8) | (index[at + 2] << 16);
-        groups.push_back({TypeText(high * 8 + (low >> 5)), SubTypeText(low & 31), offset});
-    }
-    return groups;
-}
-
 int EnlargementFactor(int width, int height) { return width < 49 && height < 49 ? 8 : 6; }
 
 ExtraPoiBrowserModel::ExtraPoiBrowserModel(const Document& doc, UserPrompts& prompts, PoiClipboard& clipboard)
@@ -38,7 +20,6 @@ ExtraPoiBrowserModel::ExtraPoiBrowserModel(const Document& doc, UserPrompts& pro
 }
 
 void ExtraPoiBrowserModel::Refresh() {
-    groups_ = ReadExtraPoiGroups(doc_);
     group_.reset();
     declaredCount_ = 0;
     subIcons_.clear();
@@ -47,8 +28,8 @@ void ExtraPoiBrowserModel::Refresh() {
 }
 
 std::string ExtraPoiBrowserModel::ListHeading() const {
-    if (groups_.empty()) return IconsText(" Liste des Icônes  ( aucune icône )", "lblNoIcon");
-    return IconsText("  Liste des icônes", "lblListeIcones") + "  (" + std::to_string(groups_.size()) + ")";
+    if (doc_.ExtraPois.empty()) return IconsText(" Liste des Icônes  ( aucune icône )", "lblNoIcon");
+    return IconsText("  Liste des icônes", "lblListeIcones") + "  (" + std::to_string(doc_.ExtraPois.size()) + ")";
 }
 
 void ExtraPoiBrowserModel::SelectGroup(int group) {
@@ -57,10 +38,10 @@ void ExtraPoiBrowserModel::SelectGroup(int group) {
     enlarged_.reset();
     declaredCount_ = 0;
     group_.reset();
-    if (group < 0 || group >= static_cast<int>(groups_.size())) return;
+    if (group < 0 || group >= static_cast<int>(doc_.ExtraPois.size())) return;
     group_ = group;
     const Bytes& data = doc_.ExtraPoiDataBytes;
-    const auto start = static_cast<std::size_t>(groups_[group].Offset);
+    const auto start = static_cast<std::size_t>(doc_.ExtraPois[group].Offset);
     const std::vector<SubIconSpan> spans = WalkSubIcons(data, start, declaredCount_);
     const bool headerRead = start + 2 <= data.size();
     for (const SubIconSpan& span : spans) {

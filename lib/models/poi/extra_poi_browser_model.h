@@ -15,14 +15,6 @@
 
 namespace mirvane {
 
-// A row of lstvExtraPOI: one index row of the additional POI sections.
-struct ExtraPoiGroup {
-    std::string Type;     // three hexadecimal digits
-    std::string SubType;  // two
-    int Offset = 0;       // of the group in ExtraPoiDataBytes
-    bool operator==(const ExtraPoiGroup&) const = default;
-};
-
 // One sub-icon of the chosen group (a row of SousIcones).
 struct SubIcon {
     int Offset = 0;   // of its Flags byte in ExtraPoiDataBytes
@@ -30,9 +22,6 @@ struct SubIcon {
     PoiRecord Record;  // Flags, size, bitmaps and labels, read as a POI's are
     bool Damaged = false;  // the body runs past the section or its stated length
 };
-
-// The groups of the document's additional POI index, in index order.
-std::vector<ExtraPoiGroup> ReadExtraPoiGroups(const Document& doc);
 
 // Apercu1(0) enlarges a sub-icon 8 times while both sides are below 49, else 6 times.
 int EnlargementFactor(int width, int height);
@@ -43,9 +32,10 @@ public:
 
     ExtraPoiBrowserModel(const Document& doc, UserPrompts& prompts, PoiClipboard& clipboard);
 
-    // rafraichir: the groups read again; the selection is gone.
+    // rafraichir: the groups as the document holds them again; the selection is gone.
     void Refresh();
-    const std::vector<ExtraPoiGroup>& Groups() const { return groups_; }
+    // The rows of lstvExtraPOI, one a group, in index order.
+    const std::vector<ExtraPoiRecord>& Groups() const { return doc_.ExtraPois; }
     std::string ListHeading() const;  // Label1
 
     // A row of lstvExtraPOI picked: its sub-icons are read, and the first is
@@ -86,7 +76,6 @@ private:
     const Document& doc_;
     UserPrompts& prompts_;
     PoiClipboard& clipboard_;
-    std::vector<ExtraPoiGroup> groups_;
     std::optional<int> group_;
     int declaredCount_ = 0;  // the group's count byte
     std::vector<SubIcon> subIcons_;
