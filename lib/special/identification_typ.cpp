@@ -120,11 +120,10 @@ PoiRecord PoiOf(const Identified& object, bool withSubTypes) {
 }
 
 // Every polygon at level 1, so that all of them are drawn.
-std::vector<DrawOrderEntry> DrawOrderOf(const std::vector<PolygonRecord>& polygons) {
+std::vector<DrawOrderEntry> DrawOrderOf(const std::vector<Identified>& objects) {
     std::vector<DrawOrderEntry> entries;
-    entries.reserve(polygons.size());
-    for (const PolygonRecord& polygon : polygons)
-        entries.push_back({1, HexValue(polygon.Type), HexValue(polygon.SubType)});
+    entries.reserve(objects.size());
+    for (const Identified& object : objects) entries.push_back({1, object.Type, object.SubType});
     SortDrawOrder(entries);
     return entries;
 }
@@ -159,22 +158,21 @@ std::string IdentificationLabelText(int type, int subType, bool withSubTypes) {
 
 Document BuildIdentificationTyp(ObjectKind kind, int rangeRow, std::uint32_t seed) {
     const IdentificationRange range = IdentificationRangeAt(rangeRow);
-    const std::vector<Identified> objects = IdentifiedObjects(range, seed);
+    std::vector<Identified> objects = IdentifiedObjects(range, seed);
+    // No map draws a polygon of type 0: its draw order entry, five zero bytes,
+    // would read as the step to the next level.
+    if (kind == ObjectKind::Polygon) std::erase_if(objects, [](const Identified& object) { return object.Type == 0; });
     Document doc;
     doc.State = DocumentState::New;
     for (const Identified& object : objects) {
         switch (kind) {
-            case ObjectKind::Polygon:
-                // No map draws a polygon of type 0: its draw order entry, five
-                // zero bytes, would read as the step to the next level.
-                if (object.Type != 0) doc.Polygons.push_back(PolygonOf(object, range.WithSubTypes));
-                break;
+            case ObjectKind::Polygon: doc.Polygons.push_back(PolygonOf(object, range.WithSubTypes)); break;
             case ObjectKind::Polyline: doc.Polylines.push_back(PolylineOf(object, range.WithSubTypes)); break;
             case ObjectKind::Poi: doc.Pois.push_back(PoiOf(object, range.WithSubTypes)); break;
         }
     }
     doc.PolylineCount = static_cast<int>(doc.Polylines.size());
-    if (kind == ObjectKind::Polygon) doc.DrawOrder = DrawOrderOf(doc.Polygons);
+    if (kind == ObjectKind::Polygon) doc.DrawOrder = DrawOrderOf(objects);
     return doc;
 }
 
