@@ -7,89 +7,87 @@ sample=$2
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 failures=0
+fail() { echo "FAIL $1"; failures=$((failures + 1)); }
 check() {  # check NAME EXPECTED_STATUS COMMAND...
   local name=$1 expected=$2
   shift 2
   "$@" >"$work/out" 2>"$work/err"
   local status=$?
-  if [ "$status" -ne "$expected" ]; then
-    echo "FAIL $name: status $status, expected $expected"; cat "$work/err"; failures=$((failures + 1))
-  else
-    echo "ok   $name"
-  fi
+  if [ "$status" -ne "$expected" ]; then fail "$name: status $status, expected $expected"; cat "$work/err"
+  else echo "ok   $name"; fi
+}
+expect() {  # expect NAME COMMAND...: a check of the output or of the state left behind
+  local name=$1
+  shift
+  if "$@"; then echo "ok   $name"; else fail "$name"; cat "$work/out"; fi
 }
 check "no arguments is a usage error" 2 "$cli"
 check "help" 0 "$cli" --help
+check "version" 0 "$cli" --version
 check "info on the sample" 0 "$cli" info "$sample"
-grep -q "Polygons:     16" "$work/out" || { echo "FAIL info counts"; failures=$((failures + 1)); }
+expect "info counts" grep -q "Polygons:     16" "$work/out"
 check "info of a missing file" 2 "$cli" info "$work/none.typ"
-check "roundtrip" 0 "$cli" roundtrip "$sample" -o "$work/copy.typ"
 check "roundtrip to 174" 0 "$cli" roundtrip "$sample" -o "$work/copy174.typ" --header-size 174
 check "bad header size" 2 "$cli" roundtrip "$sample" -o "$work/x.typ" --header-size abc
 check "decompile" 0 "$cli" decompile "$sample" -o "$work/sample.txt"
 check "compile" 0 "$cli" compile "$work/sample.txt" -o "$work/again.typ"
 check "decompile again" 0 "$cli" decompile "$work/again.typ" --no-heading -o "$work/again.txt"
-grep -c '^\[_polygon\]' "$work/again.txt" | grep -qx 16 || { echo "FAIL polygon count after compile"; failures=$((failures + 1)); }
+expect "polygon count after compile" test "$(grep -c '^\[_polygon\]' "$work/again.txt")" = 16
 # diff: the same drawing through a text and back is 0, a changed colour 1, a
 # missing file 2; lint: the sample is clean, a text without draw order is not.
-check "diff of a file with itself" 0 "$cli" diff "$sample" "$sample"
 check "diff binary against its compiled listing" 0 "$cli" diff "$sample" "$work/again.typ"
 check "diff binary against its text" 0 "$cli" diff "$sample" "$work/sample.txt"
 check "decompile in UTF-8" 0 "$cli" decompile "$sample" --encoding utf-8 -o "$work/utf8.txt"
-head -c 3 "$work/utf8.txt" | cmp -s - <(printf '\xEF\xBB\xBF') || { echo "FAIL UTF-8 text has a byte order mark"; failures=$((failures + 1)); }
+expect "UTF-8 text has a byte order mark" cmp -s <(head -c 3 "$work/utf8.txt") <(printf '\xEF\xBB\xBF')
 check "compile the UTF-8 text" 0 "$cli" compile "$work/utf8.txt" -o "$work/utf8.typ"
 check "diff binary against its UTF-8 round trip" 0 "$cli" diff "$sample" "$work/utf8.typ"
 check "unknown encoding is a usage error" 2 "$cli" decompile "$sample" --encoding latin9
 sed '0,/^"1 c #[0-9A-Fa-f]\{6\}"/s//"1 c #123456"/' "$work/sample.txt" >"$work/recoloured.txt"
 check "diff finds a changed colour" 1 "$cli" diff "$work/sample.txt" "$work/recoloured.txt"
-grep -q "#123456" "$work/out" || { echo "FAIL diff names the new colour"; cat "$work/out"; failures=$((failures + 1)); }
+expect "diff names the new colour" grep -q "#123456" "$work/out"
 check "diff with one file is a usage error" 2 "$cli" diff "$sample"
 check "diff of a missing file" 2 "$cli" diff "$sample" "$work/none.typ"
 check "lint of the sample" 0 "$cli" lint "$sample"
 printf '[_id]\nFID=0\nProductCode=1\n[end]\n[_polygon]\nType=0x01\nXpm="0 0 1 0"\n"a c #FF0000"\n[end]\n' >"$work/lint.txt"
 check "lint finds problems" 1 "$cli" lint "$work/lint.txt"
-grep -q "^FID: " "$work/out" && grep -q "not in the draw order" "$work/out" ||
-  { echo "FAIL lint findings"; cat "$work/out"; failures=$((failures + 1)); }
+expect "lint finds the FID" grep -q "^FID: " "$work/out"
+expect "lint finds the draw order" grep -q "not in the draw order" "$work/out"
 check "lint of a missing file" 2 "$cli" lint "$work/none.typ"
 printf 'GARMIN TYP is not here' >"$work/bad.typ"
 check "damaged file reads with a log" 1 "$cli" info "$work/bad.typ"
-grep -q "damaged" "$work/err" || { echo "FAIL damaged log text"; failures=$((failures + 1)); }
+expect "damaged log text" grep -q "damaged" "$work/err"
 printf '[_polygon]\nType=0x01\n[end]\n' >"$work/noid.txt"
 check "compile without FID fails like the save" 2 "$cli" compile "$work/noid.txt" -o "$work/noid.typ"
 check "compile with FID given" 0 "$cli" compile "$work/noid.txt" -o "$work/noid.typ" --fid 1 --product-code 1
 # FID and product code are 16-bit: a value out of range stops the command and names the range.
-range_named() {  # range_named NAME: the last command's stderr names 0 to 65535
-  grep -q "0 and 65535" "$work/err" ||
-    { echo "FAIL $1: no range in the message"; cat "$work/err"; failures=$((failures + 1)); }
-}
 check "roundtrip refuses --fid 70000" 2 "$cli" roundtrip "$sample" -o "$work/fid.typ" --fid 70000
-range_named "--fid 70000"
-[ ! -e "$work/fid.typ" ] || { echo "FAIL --fid 70000 wrote a file"; failures=$((failures + 1)); }
+expect "--fid 70000 names the range" grep -q "0 and 65535" "$work/err"
+expect "--fid 70000 wrote no file" test ! -e "$work/fid.typ"
 check "roundtrip refuses --product-code 65536" 2 "$cli" roundtrip "$sample" -o "$work/pid.typ" --product-code 65536
-range_named "--product-code 65536"
+expect "--product-code 65536 names the range" grep -q "0 and 65535" "$work/err"
 printf '[_id]\nFID=70000\nProductCode=1\n[End]\n' >"$work/bigfid.txt"
 check "compile refuses FID=70000" 2 "$cli" compile "$work/bigfid.txt" -o "$work/bigfid.typ"
-range_named "FID=70000"
+expect "FID=70000 names the range" grep -q "0 and 65535" "$work/err"
 check "roundtrip keeps the top of the range" 0 \
   "$cli" roundtrip "$sample" -o "$work/top.typ" --fid 65535 --product-code 65535
 check "info of the top of the range" 0 "$cli" info "$work/top.typ"
-grep -q "FID:          65535" "$work/out" || { echo "FAIL FID 65535 after roundtrip"; failures=$((failures + 1)); }
+expect "FID 65535 after roundtrip" grep -q "FID:          65535" "$work/out"
 
 # special: each kind reads back with an empty log; the seed alone decides the bytes.
 for kind in polygon line poi; do
   check "special $kind" 0 "$cli" special --kind $kind --from 0x010 --to 0x01f -o "$work/id_$kind.typ" --seed 5
   check "info of special $kind" 0 "$cli" info "$work/id_$kind.typ"
 done
-grep -q "Polygons:     512" <("$cli" info "$work/id_polygon.typ") || { echo "FAIL special polygon count"; failures=$((failures + 1)); }
+expect "special polygon count" grep -q "Polygons:     512" <("$cli" info "$work/id_polygon.typ")
 check "special again" 0 "$cli" special --kind polygon --from 0x010 --to 0x01f -o "$work/id_again.typ" --seed 5
 # Bytes 14 to 20 of the header hold the date of the save.
-cmp -s <(head -c 14 "$work/id_polygon.typ"; tail -c +22 "$work/id_polygon.typ") \
-       <(head -c 14 "$work/id_again.typ"; tail -c +22 "$work/id_again.typ") ||
-  { echo "FAIL special with one seed gives two files"; failures=$((failures + 1)); }
+expect "special with one seed gives one file" \
+  cmp -s <(head -c 14 "$work/id_polygon.typ"; tail -c +22 "$work/id_polygon.typ") \
+         <(head -c 14 "$work/id_again.typ"; tail -c +22 "$work/id_again.typ")
 check "special without subtypes" 0 "$cli" special --kind poi --from 0x00 --to 0xff -o "$work/id_flat.typ"
 check "special refuses a range it does not offer" 2 "$cli" special --kind line --from 0x10 --to 0x30 -o "$work/x.typ"
 check "special refuses an unknown kind" 2 "$cli" special --kind area --from 0x00 --to 0xff -o "$work/x.typ"
-[ ! -e "$work/x.typ" ] || { echo "FAIL special wrote a refused file"; failures=$((failures + 1)); }
+expect "special wrote no refused file" test ! -e "$work/x.typ"
 
 # mapsets: a Wine prefix with one family in its registry and one installed folder.
 if [ "$(uname)" != Darwin ]; then
@@ -109,25 +107,18 @@ WINE REGISTRY Version 2
 REG
   check "mapsets of a Wine prefix" 0 env WINEPREFIX="$prefix" "$cli" mapsets
   tab=$(printf '\t')
-  grep -qxF "Topo Nord${tab}1000${tab}2${tab}C:\\Garmin\\Topo\\topo.typ${tab}Families\\Topo${tab}C:\\Garmin\\Topo" "$work/out" ||
-    { echo "FAIL mapsets family row"; cat "$work/out"; failures=$((failures + 1)); }
-  grep -qxF "Alpes.gmap${tab}4242${tab}${tab}alpes.typ${tab}Installed${tab}C:\\ProgramData\\Garmin\\Maps\\Alpes.gmap" "$work/out" ||
-    { echo "FAIL mapsets installed row"; cat "$work/out"; failures=$((failures + 1)); }
+  expect "mapsets family row" grep -qxF \
+    "Topo Nord${tab}1000${tab}2${tab}C:\\Garmin\\Topo\\topo.typ${tab}Families\\Topo${tab}C:\\Garmin\\Topo" "$work/out"
+  expect "mapsets installed row" grep -qxF \
+    "Alpes.gmap${tab}4242${tab}${tab}alpes.typ${tab}Installed${tab}C:\\ProgramData\\Garmin\\Maps\\Alpes.gmap" "$work/out"
   check "mapsets takes no argument" 2 "$cli" mapsets extra
 fi
-
-expect() {  # expect NAME COMMAND...: a check of the state left behind
-  local name=$1
-  shift
-  if "$@"; then echo "ok   $name"; else echo "FAIL $name"; failures=$((failures + 1)); fi
-}
 
 # Numbers follow the language: English unless told otherwise.
 check "info in English" 0 "$cli" info "$sample"
 expect "length with English digit grouping" grep -q "Length:       14,452 bytes" "$work/out"
 check "info in French" 0 "$cli" --language Francais info "$sample"
 expect "length with French digit grouping" grep -q "14 452 octets" "$work/out"
-check "version" 0 "$cli" --version
 
 # Inputs that are no TYP file: each command refuses them with exit 2 and
 # writes nothing, and never waits on a device or a pipe.
@@ -182,7 +173,6 @@ printf 'old text' >"$work/ro.txt"
 chmod 444 "$work/ro.txt"
 check "read-only output refused" 2 "$cli" decompile "$sample" -o "$work/ro.txt"
 expect "read-only file intact" test "$(cat "$work/ro.txt")" = "old text"
-expect "no temporary left" test -z "$(find "$work" -name '.*.tmp')"
 
 # Two saves to one target at once: each leaves a whole file.
 "$cli" roundtrip "$sample" -o "$work/a.typ" --fid 1 && "$cli" roundtrip "$sample" -o "$work/b.typ" --fid 2
@@ -190,9 +180,9 @@ for i in 1 2 3 4 5 6 7 8 9 10; do
   "$cli" roundtrip "$work/a.typ" -o "$work/shared.typ" --fid 1 &
   "$cli" roundtrip "$work/b.typ" -o "$work/shared.typ" --fid 2 &
   wait
-  "$cli" info "$work/shared.typ" >/dev/null 2>&1 || { echo "FAIL concurrent saves left a broken file"; failures=$((failures + 1)); }
+  "$cli" info "$work/shared.typ" >/dev/null 2>&1 || fail "concurrent saves left a broken file"
 done
-expect "no temporary left after concurrent saves" test -z "$(find "$work" -name '.*.tmp')"
+expect "no temporary left" test -z "$(find "$work" -name '.*.tmp')"
 
 echo "$failures failed"
 [ "$failures" -eq 0 ]
