@@ -119,7 +119,6 @@ private slots:
         window.show();
 
         auto* list = Find<QTreeWidget>(&window, "lstvExtraPOI");
-        QCOMPARE(list->topLevelItemCount(), 3);
         QCOMPARE(list->topLevelItem(2)->text(0), QString("0x2c0"));
         QCOMPARE(Find<QLabel>(&window, "Label1")->text(), QString("  Liste des icônes  (3)"));
         QCOMPARE(Find<QLabel>(&window, "lbltaille(6)")->text(), QString("72 x 40"));

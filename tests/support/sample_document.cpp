@@ -9,15 +9,13 @@ namespace mirvane {
 
 namespace {
 
-void AppendColour(Bytes& bytes, std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
-    bytes.insert(bytes.end(), {blue, green, red});
-}
-
+// Blue, green, red per colour.
 Bytes Colours(int count, int seed) {
     Bytes bytes;
     for (int i = 0; i < count; ++i)
-        AppendColour(bytes, static_cast<std::uint8_t>(seed * 37 + i * 90), static_cast<std::uint8_t>(seed * 11 + i * 50),
-                     static_cast<std::uint8_t>(seed * 5 + i * 70));
+        bytes.insert(bytes.end(), {static_cast<std::uint8_t>(seed * 5 + i * 70),
+                                   static_cast<std::uint8_t>(seed * 11 + i * 50),
+                                   static_cast<std::uint8_t>(seed * 37 + i * 90)});
     return bytes;
 }
 
@@ -146,28 +144,21 @@ PoiRecord MakeSamplePoi(int index, int variant, int size) {
     r.Height = static_cast<std::uint8_t>(size);
     r.Flags = 0x01;
     PoiBitmap& day = r.Bitmaps[0];
-    switch (variant % kPoiVariants) {
-    case 0: day = PaletteBitmap(size, 1, 0, index); break;
-    case 1: day = PaletteBitmap(size, 3, 16, index); break;
-    case 2: day = PaletteBitmap(size, 15, 0, index); break;
-    case 3: day = PaletteBitmap(size, 15, 16, index); break;
-    case 4: day = PaletteBitmap(size, 24, 0, index); break;
-    case 5: day = PaletteBitmap(size, 255, 16, index); break;
-    case 6: day = PaletteBitmap(size, 6, 32, index); break;
-    case 7: day = TrueColourBitmap(size, 0, index); break;
-    case 8: day = TrueColourBitmap(size, 16, index); break;
-    case 9: day = TrueColourBitmap(size, 32, index); break;
-    case 10:  // night palette over the day's pixels
+    static const std::pair<int, int> kPalettes[] = {{1, 0}, {3, 16}, {15, 0}, {15, 16}, {24, 0}, {255, 16}, {6, 32}};
+    const int v = variant % kPoiVariants;
+    if (v < 7) {  // colour count, colour mode
+        day = PaletteBitmap(size, kPalettes[v].first, kPalettes[v].second, index);
+    } else if (v < 10) {  // true colour in modes 0, 16 and 32
+        day = TrueColourBitmap(size, (v - 7) * 16, index);
+    } else if (v == 10) {  // night palette over the day's pixels
         day = PaletteBitmap(size, 4, 0, index);
         r.Flags = 0x02;
         r.Bitmaps[1] = day;
         r.Bitmaps[1].PaletteBytes = Colours(4, index + 1);
-        break;
-    default:  // day and night bitmaps of their own
+    } else {  // day and night bitmaps of their own
         day = PaletteBitmap(size, 2, 0, index);
         r.Flags = 0x03;
         r.Bitmaps[1] = PaletteBitmap(size, 5, 16, index + 1);
-        break;
     }
     if (variant % 2 == 1) {
         r.Flags |= 0x04;
