@@ -240,18 +240,34 @@ private slots:
         QCOMPARE(PoiBytes(0), loaded);
     }
 
+    // The combos ask, refuse and undo; what is drawn comes back when the new POI is reopened.
     void a_new_poi_saved_and_reopened_has_the_same_pixels() {
         Start();
         Pixels drawn;
         {
             PoiEditorWindow window(*main_, PoiEditorTarget::NewPoi());
-            window.show();
+            ShowActive(window);
             Click(window, "cmdOK");
-            QCOMPARE(prompts_.Log.size(), std::size_t{1});  // the Type is missing
+            QCOMPARE(prompts_.Texts("inform").size(), std::size_t{1});  // the Type is missing
             QTest::keyClicks(Child<QLineEdit>(window, "txtType"), "12f");
             QTest::keyClicks(Child<QLineEdit>(window, "txtSubType"), "05");
             Click(window, "lblpalette(255)");
             for (Cell cell : {Cell{0, 0}, Cell{3, 7}, Cell{15, 15}}) ClickCell(window, cell);
+            auto* mode = Child<QComboBox>(window, "cbbColorMode");
+            auto* count = Child<QComboBox>(window, "cbbNombreCouleurs");
+            mode->setCurrentIndex(0);  // transparent pixels: mode 00 is refused
+            QCOMPARE(prompts_.Texts("inform").size(), std::size_t{2});
+            QCOMPARE(mode->currentIndex(), 1);
+            count->setCurrentIndex(3);
+            QVERIFY(Child(window, "lblpalette(2)")->isVisible());
+            mode->setCurrentIndex(2);  // the transparent pixels take a new entry of alpha 15
+            QCOMPARE(count->currentIndex(), 4);
+            QVERIFY(!Child(window, "lblpalette(255)")->isVisible());
+            QVERIFY(Child(window, "cmdCanalAlpha")->isVisible());
+            Undo(window, 2);
+            QCOMPARE(count->currentIndex(), 1);
+            QCOMPARE(mode->currentIndex(), 1);
+            QVERIFY(!Child(window, "lblpalette(2)")->isVisible());
             Click(window, "cmdDeplaceD");
             drawn = ShownPixels(window.Model().Shown());
             Click(window, "cmdOK");
@@ -261,29 +277,6 @@ private slots:
         PoiEditorWindow reopened(*main_, PoiEditorTarget::Poi(0));
         QCOMPARE(ShownPixels(reopened.Model().Shown()), drawn);
         QCOMPARE(Child<QLineEdit>(reopened, "txtType")->text(), QString("12f"));
-    }
-
-    void colour_mode_and_count_combos_ask_refuse_and_undo() {
-        Start();
-        PoiEditorWindow window(*main_, PoiEditorTarget::NewPoi());
-        ShowActive(window);
-        auto* mode = Child<QComboBox>(window, "cbbColorMode");
-        auto* count = Child<QComboBox>(window, "cbbNombreCouleurs");
-        Click(window, "lblpalette(255)");
-        ClickCell(window, {0, 0});
-        mode->setCurrentIndex(0);  // a transparent pixel: mode 00 is refused
-        QCOMPARE(prompts_.Texts("inform").size(), std::size_t{1});
-        QCOMPARE(mode->currentIndex(), 1);
-        count->setCurrentIndex(3);
-        QVERIFY(Child(window, "lblpalette(2)")->isVisible());
-        mode->setCurrentIndex(2);  // the transparent pixel takes a new entry of alpha 15
-        QCOMPARE(count->currentIndex(), 4);
-        QVERIFY(!Child(window, "lblpalette(255)")->isVisible());
-        QVERIFY(Child(window, "cmdCanalAlpha")->isVisible());
-        Undo(window, 2);
-        QCOMPARE(count->currentIndex(), 1);
-        QCOMPARE(mode->currentIndex(), 1);
-        QVERIFY(!Child(window, "lblpalette(2)")->isVisible());
     }
 
     void pictures_come_in_with_their_transparency_and_a_corrupt_one_changes_nothing() {
