@@ -43,13 +43,10 @@ TEST(IniFile, FindsSectionsAndKeysWithoutRegardToCase) {
     EXPECT_EQ(ini.Value("Main", "Activite", "fallback"), "fallback");  // key in the wrong section
     EXPECT_EQ(ini.Value("Nowhere", "cmdOK", "fallback"), "fallback");
     EXPECT_FALSE(ini.Find("Main", "missing").has_value());
-}
-
-TEST(IniFile, FirstMatchWins) {
-    const IniFile ini("[A]\nk=first\nK=second\n[a]\nk=third\nother=x\n");
-    EXPECT_EQ(ini.Find("A", "k"), "first");
-    // Only the first section of a name is searched.
-    EXPECT_FALSE(ini.Find("A", "other").has_value());
+    // The first match wins; only the first section of a name is searched.
+    const IniFile twice("[A]\nk=first\nK=second\n[a]\nk=third\nother=x\n");
+    EXPECT_EQ(twice.Find("A", "k"), "first");
+    EXPECT_FALSE(twice.Find("A", "other").has_value());
 }
 
 TEST(IniFile, TrimsBlanksAndRemovesOnePairOfQuotes) {
@@ -163,19 +160,15 @@ TEST_F(LanguageFiles, CandidateFoldersAndChoice) {
     const fs::path program = root_.Path() / "prefix" / "bin";
     const fs::path dataHome = root_.Path() / "data";
     SetEnvironment("XDG_DATA_HOME", dataHome.string());
+    const fs::path beside = program / "Langues", shared = root_.Path() / "prefix" / "share" / "mirvane" / "Langues",
+                   user = dataHome / "mirvane" / "Langues";
     const auto candidates = CandidateLanguageFolders(program.string());
-    ASSERT_EQ(candidates.size(), 3u);
-    EXPECT_EQ(fs::path(candidates[0]), program / "Langues");
-    EXPECT_EQ(fs::path(candidates[1]), root_.Path() / "prefix" / "share" / "mirvane" / "Langues");
-    EXPECT_EQ(fs::path(candidates[2]), dataHome / "mirvane" / "Langues");
-
-    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), program / "Langues");  // none exists
-    fs::create_directories(dataHome / "mirvane" / "Langues");
-    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), dataHome / "mirvane" / "Langues");
-    fs::create_directories(root_.Path() / "prefix" / "share" / "mirvane" / "Langues");
-    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), root_.Path() / "prefix" / "share" / "mirvane" / "Langues");
-    fs::create_directories(program / "Langues");
-    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), program / "Langues");
+    EXPECT_EQ(std::vector<fs::path>(candidates.begin(), candidates.end()), (std::vector<fs::path>{beside, shared, user}));
+    // The first that exists, in that order; beside the program when none does.
+    for (const fs::path& made : {fs::path(), user, shared, beside}) {
+        if (!made.empty()) fs::create_directories(made);
+        EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), made.empty() ? beside : made);
+    }
 
     SetEnvironment("XDG_DATA_HOME", "relative/ignored");
     const auto home = Environment("HOME");

@@ -12,12 +12,8 @@ using mirvane::test::ParseDocument;
 
 namespace {
 
-const char* kSolidPolygon = "[_polygon]\nType=0x%s\nXpm=\"0 0 1 0\"\n\"1 c #102030\"\n[end]\n";
-
 std::string SolidPolygon(const std::string& type) {
-    char buffer[200];
-    std::snprintf(buffer, sizeof buffer, kSolidPolygon, type.c_str());
-    return buffer;
+    return "[_polygon]\nType=0x" + type + "\nXpm=\"0 0 1 0\"\n\"1 c #102030\"\n[end]\n";
 }
 
 }  // namespace
@@ -117,13 +113,6 @@ TEST(ParserSections, LastPieceOfTheTextIsNeverAHead) {
     ASSERT_EQ(doc.Polygons.size(), 1u);
     EXPECT_EQ(doc.Polygons[0].Type, "005");
     EXPECT_FALSE(doc.ReadErrorFlag);
-}
-
-TEST(ParserSections, ByteOrderMarkAndCrLfAreAccepted) {
-    const Document doc = ParseDocument("\xEF\xBB\xBF[_id]\r\nFID=42\r\n[End]\r\n" + SolidPolygon("03"));
-    EXPECT_EQ(doc.Identity.Fid, 42);
-    ASSERT_EQ(doc.Polygons.size(), 1u);
-    EXPECT_EQ(doc.Polygons[0].ColourBytes, B({0x30, 0x20, 0x10}));
 }
 
 TEST(ParserFailures, UnclosedSectionsStopAtTheLastLine) {
