@@ -47,16 +47,6 @@ TEST_P(HeaderSizes, SampleDocumentRoundTripsWithEveryEncoding) {
 
 INSTANTIATE_TEST_SUITE_P(Binary, HeaderSizes, ::testing::Values(91, 110, 156, 164, 174, 120));
 
-TEST(BinaryRoundTrip, LargePoisUseThreeByteOffsets) {
-    Document doc = MakeSampleDocument({.Pois = 200, .PoiSize = 64});
-    const Bytes file = Build(doc);
-    EXPECT_EQ(doc.Header.PoiIndexRecordSize, 5);
-    EXPECT_EQ(doc.Header.PolygonIndexRecordSize, 4);
-    const Document back = ReadTyp(file);
-    EXPECT_FALSE(back.ReadErrorFlag) << back.ReadErrorLog;
-    ExpectSamePois(doc, back);
-}
-
 TEST(BinaryRoundTrip, OnlyPolylinesLeaveOtherSectionsZero) {
     Document doc = MakeSampleDocument({.Polygons = 0, .Pois = 0, .WithDrawOrder = false});
     const Bytes file = Build(doc);

@@ -96,18 +96,6 @@ TEST(BitmapCodec, PoisWithNightBitmapsComeBackByteForByte) {
     EXPECT_FALSE(DecodePoi(record).Night.has_value());
 }
 
-TEST(BitmapCodec, Mode32PacksColourAndAlphaInTwentyEightBits) {
-    const std::vector<PaletteEntry> palette{{0x302010, 0}, {0x605040, 15}, {0x0000FF, 7}};
-    const Bytes bytes = EncodePalette(palette, 32);
-    EXPECT_EQ(bytes.size(), 11u);  // the whole part of 3 * 3.5 + 0.5
-    // Blue in the lowest bits; the second entry starts in the high half of byte 3.
-    EXPECT_EQ(Bytes(bytes.begin(), bytes.begin() + 7), (Bytes{0x30, 0x20, 0x10, 0x00, 0x06, 0x05, 0xF4}));
-    EXPECT_EQ(DecodePalette(bytes, 3, 32), palette);
-    EXPECT_EQ(bytes.back() >> 4, 0);  // the half byte past the third entry
-    // Other modes store three bytes a colour and no alpha.
-    EXPECT_EQ(EncodePalette(palette, 16), (Bytes{0x30, 0x20, 0x10, 0x60, 0x50, 0x40, 0x00, 0x00, 0xFF}));
-}
-
 TEST(BitmapCodec, IndicesFillBytesFromTheirLowestBits) {
     // Width 5 with 4 bits: six pixels a row, the last one padding.
     IndexGrid indices(5, 2);

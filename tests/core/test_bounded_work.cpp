@@ -78,24 +78,6 @@ TEST(ExchangeSortOrder, SortsOfTheDocumentMatchTheLiteralSort) {
     }
 }
 
-TEST(ExchangeSortOrder, TensOfThousandsOfTiedKeysAreSorted) {
-    // Two keys only, the larger first: the literal sort would take half a
-    // billion comparisons; the order must still hold every element once.
-    std::vector<PoiRecord> pois(32000);
-    for (std::size_t i = 0; i < pois.size(); ++i) {
-        pois[i].Type = TypeText(i % 2 ? 1 : 2);
-        pois[i].SubType = "00";
-        pois[i].Offset = static_cast<std::int32_t>(i);
-    }
-    SortPois(pois);
-    std::vector<bool> seen(pois.size());
-    for (std::size_t i = 0; i < pois.size(); ++i) {
-        EXPECT_EQ(pois[i].Type, TypeText(i < 16000 ? 1 : 2));
-        seen[static_cast<std::size_t>(pois[i].Offset)] = true;
-    }
-    EXPECT_EQ(std::count(seen.begin(), seen.end(), true), 32000);
-}
-
 TEST(CappedErrorLog, EachKindIsWrittenAtMostItsBoundThenCounted) {
     Document doc;
     CappedErrorLog log(doc);

@@ -73,10 +73,3 @@ TEST(ExtendedLabelBlock, ShortBlocksHaveNoStyle) {
     EXPECT_FALSE(DecodeExtendedLabelBlock({0x10, 0x66, 0x55}));
     EXPECT_EQ(DecodeExtendedLabelBlock({0x02, 0x66}), (ExtendedLabelStyle{2, 0, 0, 0}));  // a byte to spare is no harm
 }
-
-TEST(ExtendedLabelBlock, StyleTexts) {
-    EXPECT_EQ(FontStyleText(1), "NoLabel (invisible)");
-    EXPECT_EQ(FontStyleText(5), "");
-    EXPECT_EQ(CustomColorText(3), "DayAndNight");
-    EXPECT_EQ(CustomColorText(4), "");
-}

@@ -181,13 +181,10 @@ TEST(ParserScopes, SingleObjectScopeRebuildsTheSelectedRecordAndFindsItAgain) {
     EXPECT_TRUE(doc.Polygons[2].ColourBytes.empty());  // reset, then refilled
     EXPECT_EQ(result.SelectIndex, 2);
     EXPECT_EQ(doc.HeaderGapBytes, Bytes({'n', 'o', 't', 'e'}));  // one object's text leaves the comment alone
-}
-
-TEST(ParserScopes, SameKindTwiceRefillsTheSameRecord) {
-    Document doc = ParseDocument(SolidPolygon("01") + SolidPolygon("02"));
-    const ParseResult result = ParseTypText(doc, SolidPolygon("0a") + SolidPolygon("0b"), ObjectRef{ObjectKind::Polygon, 1});
-    ASSERT_EQ(doc.Polygons.size(), 2u);
-    EXPECT_EQ(doc.Polygons[1].Type, "00b");
+    // The same kind twice refills the same record.
+    result = ParseTypText(doc, SolidPolygon("04") + SolidPolygon("06"), ObjectRef{ObjectKind::Polygon, 1});
+    ASSERT_EQ(doc.Polygons.size(), 3u);
+    EXPECT_EQ(doc.Polygons[1].Type, "006");
     EXPECT_EQ(result.SelectIndex, 1);
 }
 

@@ -14,23 +14,20 @@ using mirvane::test::ParseDocument;
 
 namespace {
 
-PolygonRecord ParsePolygon(const std::string& body) {
-    const Document doc = ParseDocument("[_polygon]\nType=0x01\n" + body + "[end]\n");
-    EXPECT_EQ(doc.Polygons.size(), 1u);
-    return doc.Polygons.empty() ? PolygonRecord{} : doc.Polygons[0];
-}
-
-PolylineRecord ParseLine(const std::string& body) {
-    const Document doc = ParseDocument("[_line]\nType=0x01\n" + body + "[end]\n");
-    EXPECT_EQ(doc.Polylines.size(), 1u);
-    return doc.Polylines.empty() ? PolylineRecord{} : doc.Polylines[0];
-}
-
-PoiRecord ParsePoi(const std::string& body, std::string* log = nullptr) {
-    const Document doc = ParseDocument("[_point]\nType=0x2f\nSubType=0x01\n" + body + "[end]\n");
+// The one record a section of `head` and `body` parses into.
+template <typename Record>
+Record ParseOne(std::vector<Record> Document::*records, const std::string& head, const std::string& body,
+                std::string* log = nullptr) {
+    const Document doc = ParseDocument(head + body + "[end]\n");
     if (log) *log = doc.ReadErrorLog;
-    EXPECT_EQ(doc.Pois.size(), 1u);
-    return doc.Pois.empty() ? PoiRecord{} : doc.Pois[0];
+    EXPECT_EQ((doc.*records).size(), 1u);
+    return (doc.*records).empty() ? Record{} : (doc.*records)[0];
+}
+
+PolygonRecord ParsePolygon(const std::string& body) { return ParseOne(&Document::Polygons, "[_polygon]\nType=0x01\n", body); }
+PolylineRecord ParseLine(const std::string& body) { return ParseOne(&Document::Polylines, "[_line]\nType=0x01\n", body); }
+PoiRecord ParsePoi(const std::string& body, std::string* log = nullptr) {
+    return ParseOne(&Document::Pois, "[_point]\nType=0x2f\nSubType=0x01\n", body, log);
 }
 
 std::string Rows(const std::string& row, int count) {
