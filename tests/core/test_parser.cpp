@@ -37,15 +37,10 @@ TEST(ParserSections, IdentityValuesAndTheirRange) {
         bool logged;
     };
     const Case cases[] = {
-        {"FID=8000", 8000, false},
-        {"FID=0x1F40", 8000, false},
-        {"ProductCode=65535", 65535, false},
-        {"ProductCode=-1", 65535, false},  // the signed form of 0xFFFF
-        {"FID=", std::nullopt, false},
-        {"FID=70000", std::nullopt, true},
-        {"ProductCode=0x10000", std::nullopt, true},
-        {"ProductCode = 0x10", 16, false},
-        {"FID=80a", std::nullopt, true},
+        {"FID=8000", 8000, false},          {"FID=0x1F40", 8000, false},          {"ProductCode=65535", 65535, false},
+        {"ProductCode=-1", 65535, false},   // the signed form of 0xFFFF
+        {"FID=", std::nullopt, false},      {"FID=70000", std::nullopt, true},    {"ProductCode=0x10000", std::nullopt, true},
+        {"ProductCode = 0x10", 16, false},  {"FID=80a", std::nullopt, true},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.line);
