@@ -31,6 +31,14 @@ inline std::vector<std::filesystem::path> CorpusFiles(const std::string& folder,
     return files;
 }
 
+// The real binaries, then mkgmap's compiles of the shared texts.
+inline std::vector<std::filesystem::path> CorpusBinaries() {
+    auto files = CorpusFiles("binary", ".typ");
+    const auto compiled = CorpusFiles("mkgmap", ".typ");
+    files.insert(files.end(), compiled.begin(), compiled.end());
+    return files;
+}
+
 }  // namespace mirvane::testing
 
 #define MIRVANE_REQUIRE_CORPUS()                                                         \

@@ -1,13 +1,30 @@
-// Comparing the records of two documents by their bytes, for round trips.
+// Writing documents and reading them back, and comparing the records of two
+// documents by their bytes, for round trips.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <string>
 
+#include "document/binary_reader.h"
+#include "document/binary_writer.h"
 #include "document/document.h"
 
 namespace mirvane::testing {
+
+// The file a save writes; a refused save fails the test.
+inline Bytes BuiltTyp(Document& doc, const SaveTime& time = {}) {
+    Bytes out;
+    const auto failure = BuildBinaryTyp(doc, out, time);
+    EXPECT_FALSE(failure.has_value()) << (failure ? failure->Description : "");
+    return out;
+}
+
+inline Document ReadTyp(const Bytes& file, const std::string& path = "test.typ") {
+    Document doc;
+    ReadBinaryTyp(doc, file, path);
+    return doc;
+}
 
 inline std::string Describe(const std::string& kind, std::size_t i, const std::string& type,
                             const std::string& subType) {
@@ -24,32 +41,16 @@ inline void ExpectSamePolygon(const PolygonRecord& x, const PolygonRecord& y) {
     EXPECT_EQ(x.ExtendedLabelBytes, y.ExtendedLabelBytes);
 }
 
-inline void ExpectSamePolygons(const Document& a, const Document& b) {
-    ASSERT_EQ(a.Polygons.size(), b.Polygons.size());
-    for (std::size_t i = 0; i < a.Polygons.size(); ++i) {
-        SCOPED_TRACE(Describe("polygon", i, a.Polygons[i].Type, a.Polygons[i].SubType));
-        ExpectSamePolygon(a.Polygons[i], b.Polygons[i]);
-    }
-}
-
-inline void ExpectSamePolylines(const Document& a, const Document& b) {
-    ASSERT_EQ(a.Polylines.size(), b.Polylines.size());
-    EXPECT_EQ(a.PolylineCount, b.PolylineCount);
-    EXPECT_EQ(a.ExtraPolylineCount, b.ExtraPolylineCount);
-    for (std::size_t i = 0; i < a.Polylines.size(); ++i) {
-        const auto& x = a.Polylines[i];
-        const auto& y = b.Polylines[i];
-        SCOPED_TRACE(Describe("polyline", i, x.Type, x.SubType));
-        EXPECT_EQ(x.Type, y.Type);
-        EXPECT_EQ(x.SubType, y.SubType);
-        EXPECT_EQ(x.Flags1, y.Flags1);
-        EXPECT_EQ(x.Flags2, y.Flags2);
-        EXPECT_EQ(x.ColourBytes, y.ColourBytes);
-        EXPECT_EQ(x.PatternBytes, y.PatternBytes);
-        EXPECT_EQ(x.LabelBytes, y.LabelBytes);
-        EXPECT_EQ(x.ExtendedLabelBytes, y.ExtendedLabelBytes);
-        EXPECT_EQ(x.ExtraIndexBytes, y.ExtraIndexBytes);
-    }
+inline void ExpectSamePolyline(const PolylineRecord& x, const PolylineRecord& y) {
+    EXPECT_EQ(x.Type, y.Type);
+    EXPECT_EQ(x.SubType, y.SubType);
+    EXPECT_EQ(x.Flags1, y.Flags1);
+    EXPECT_EQ(x.Flags2, y.Flags2);
+    EXPECT_EQ(x.ColourBytes, y.ColourBytes);
+    EXPECT_EQ(x.PatternBytes, y.PatternBytes);
+    EXPECT_EQ(x.LabelBytes, y.LabelBytes);
+    EXPECT_EQ(x.ExtendedLabelBytes, y.ExtendedLabelBytes);
+    EXPECT_EQ(x.ExtraIndexBytes, y.ExtraIndexBytes);
 }
 
 inline void ExpectSameBitmap(const PoiBitmap& x, const PoiBitmap& y) {
@@ -66,24 +67,44 @@ inline void ExpectSamePoi(const PoiRecord& x, const PoiRecord& y) {
     EXPECT_EQ(x.Flags, y.Flags);
     EXPECT_EQ(x.Width, y.Width);
     EXPECT_EQ(x.Height, y.Height);
-    {
-        SCOPED_TRACE("day");
-        ExpectSameBitmap(x.Bitmaps[0], y.Bitmaps[0]);
-    }
-    if (x.Flags & 0x02) {
-        SCOPED_TRACE("night");
-        ExpectSameBitmap(x.Bitmaps[1], y.Bitmaps[1]);
+    for (int slot = 0; slot < ((x.Flags & 0x02) ? 2 : 1); ++slot) {
+        SCOPED_TRACE(slot ? "night" : "day");
+        ExpectSameBitmap(x.Bitmaps[slot], y.Bitmaps[slot]);
     }
     EXPECT_EQ(x.LabelBytes, y.LabelBytes);
     EXPECT_EQ(x.ExtendedLabelBytes, y.ExtendedLabelBytes);
 }
 
-inline void ExpectSamePois(const Document& a, const Document& b) {
-    ASSERT_EQ(a.Pois.size(), b.Pois.size());
-    for (std::size_t i = 0; i < a.Pois.size(); ++i) {
-        SCOPED_TRACE(Describe("POI", i, a.Pois[i].Type, a.Pois[i].SubType));
-        ExpectSamePoi(a.Pois[i], b.Pois[i]);
+// Each record of `a` against the one in the same row of `b`.
+template <typename Record, typename Compare>
+void ExpectSameRows(const char* kind, const std::vector<Record>& a, const std::vector<Record>& b,
+                       Compare compare) {
+    ASSERT_EQ(a.size(), b.size()) << kind;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        SCOPED_TRACE(Describe(kind, i, a[i].Type, a[i].SubType));
+        compare(a[i], b[i]);
     }
+}
+
+inline void ExpectSamePolygons(const Document& a, const Document& b) {
+    ExpectSameRows("polygon", a.Polygons, b.Polygons, ExpectSamePolygon);
+}
+
+inline void ExpectSamePolylines(const Document& a, const Document& b) {
+    EXPECT_EQ(a.PolylineCount, b.PolylineCount);
+    EXPECT_EQ(a.ExtraPolylineCount, b.ExtraPolylineCount);
+    ExpectSameRows("polyline", a.Polylines, b.Polylines, ExpectSamePolyline);
+}
+
+inline void ExpectSamePois(const Document& a, const Document& b) {
+    ExpectSameRows("POI", a.Pois, b.Pois, ExpectSamePoi);
+}
+
+// All three kinds of record.
+inline void ExpectSameRecords(const Document& a, const Document& b) {
+    ExpectSamePolygons(a, b);
+    ExpectSamePolylines(a, b);
+    ExpectSamePois(a, b);
 }
 
 // The draw order with levels renumbered 1, 2, 3...: gaps in level numbers
@@ -100,9 +121,7 @@ inline std::vector<DrawOrderEntry> DenseDrawOrder(std::vector<DrawOrderEntry> en
 
 // Everything a save must keep: records, draw order, gap and additional sections.
 inline void ExpectSameDocumentContent(const Document& a, const Document& b) {
-    ExpectSamePolygons(a, b);
-    ExpectSamePolylines(a, b);
-    ExpectSamePois(a, b);
+    ExpectSameRecords(a, b);
     EXPECT_EQ(DenseDrawOrder(a.DrawOrder), DenseDrawOrder(b.DrawOrder));
     EXPECT_EQ(a.HeaderGapBytes, b.HeaderGapBytes);
     EXPECT_EQ(a.ExtraPoiDataBytes, b.ExtraPoiDataBytes);

@@ -10,12 +10,11 @@
 
 #include "base/exchange_sort.h"
 #include "base/file_io.h"
-#include "document/binary_reader.h"
-#include "document/binary_writer.h"
-#include "labels/label_block.h"
 #include "document/encoding.h"
 #include "document/error_log.h"
 #include "document/sorts.h"
+#include "labels/label_block.h"
+#include "record_compare.h"
 #include "text/listing.h"
 #include "text/parser.h"
 
@@ -79,24 +78,6 @@ TEST(ExchangeSortOrder, SortsOfTheDocumentMatchTheLiteralSort) {
     }
 }
 
-TEST(ExchangeSortOrder, TensOfThousandsOfTiedKeysAreSorted) {
-    // Two keys only, the larger first: the literal sort would take half a
-    // billion comparisons; the order must still hold every element once.
-    std::vector<PoiRecord> pois(32000);
-    for (std::size_t i = 0; i < pois.size(); ++i) {
-        pois[i].Type = TypeText(i % 2 ? 1 : 2);
-        pois[i].SubType = "00";
-        pois[i].Offset = static_cast<std::int32_t>(i);
-    }
-    SortPois(pois);
-    std::vector<bool> seen(pois.size());
-    for (std::size_t i = 0; i < pois.size(); ++i) {
-        EXPECT_EQ(pois[i].Type, TypeText(i < 16000 ? 1 : 2));
-        seen[static_cast<std::size_t>(pois[i].Offset)] = true;
-    }
-    EXPECT_EQ(std::count(seen.begin(), seen.end(), true), 32000);
-}
-
 TEST(CappedErrorLog, EachKindIsWrittenAtMostItsBoundThenCounted) {
     Document doc;
     CappedErrorLog log(doc);
@@ -139,12 +120,11 @@ TEST(CraftedInput, SmallFilesDeclaringThousandsOfRecordsStaySmall) {
     const std::filesystem::path folder = std::filesystem::path(MIRVANE_SOURCE_DIR) / "tests/data/crafted";
     int files = 0;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        Bytes file;
-        ASSERT_TRUE(ReadWholeFile(entry.path(), file)) << entry.path();
-        ++files;
-        Document doc;
-        ReadBinaryTyp(doc, file, entry.path().filename().string());
         const std::string name = entry.path().filename().string();
+        Bytes file;
+        ASSERT_TRUE(ReadWholeFile(entry.path(), file)) << name;
+        ++files;
+        Document doc = testing::ReadTyp(file, name);
         EXPECT_EQ(doc.State, DocumentState::Loaded) << name;
         EXPECT_TRUE(doc.ReadErrorFlag) << name;
         EXPECT_LT(doc.ReadErrorLog.size(), 200000u) << name;
@@ -155,12 +135,6 @@ TEST(CraftedInput, SmallFilesDeclaringThousandsOfRecordsStaySmall) {
     }
     EXPECT_EQ(files, 3);
 }
-
-}  // namespace
-}  // namespace mirvane
-
-namespace mirvane {
-namespace {
 
 std::string PoiWithLabel(std::size_t labelLength) {
     return "[_id]\r\nProductCode=1\r\nFID=1\r\nCodePage=1252\r\n[End]\r\n[_point]\r\nType=0x2f\r\nSubType=0x01\r\n"
@@ -182,10 +156,7 @@ TEST(LongLabels, KeptUpToTheLimitThenRefusedWithTheObjectNamed) {
             EXPECT_NE(doc.ReadErrorLog.find("Type=0x02f SubType=0x01"), std::string::npos) << doc.ReadErrorLog;
             EXPECT_LT(doc.ReadErrorLog.size(), 400u) << "the label is not echoed";
         }
-        Bytes file;
-        ASSERT_FALSE(BuildBinaryTyp(doc, file, {}).has_value());
-        Document back;
-        ReadBinaryTyp(back, file, "long.typ");
+        const Document back = testing::ReadTyp(testing::BuiltTyp(doc));
         EXPECT_FALSE(back.ReadErrorFlag) << length << back.ReadErrorLog;
         const auto labels = DecodeLabelBlock(back.Pois.at(0).LabelBytes);
         EXPECT_EQ(labels && !labels->empty() && labels->front().Text.size() == length, kept) << length;

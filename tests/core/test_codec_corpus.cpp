@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "corpus.h"
-#include "document/binary_reader.h"
 #include "document/bitmap_codec.h"
 #include "document/object_codec.h"
+#include "record_compare.h"
 
 namespace mirvane {
 namespace {
@@ -18,55 +18,29 @@ void ClearDrawing(Record& r) {
 }
 void ClearDrawing(PoiRecord& r) { r.Bitmaps = {}; }
 
-void ExpectSameDrawing(const PolygonRecord& a, const PolygonRecord& b) {
-    EXPECT_EQ(a.Flags, b.Flags);
-    EXPECT_EQ(a.ColourBytes, b.ColourBytes);
-    EXPECT_EQ(a.PatternBytes, b.PatternBytes);
-}
-
-void ExpectSameDrawing(const PolylineRecord& a, const PolylineRecord& b) {
-    EXPECT_EQ(a.Flags1, b.Flags1);
-    EXPECT_EQ(a.ColourBytes, b.ColourBytes);
-    EXPECT_EQ(a.PatternBytes, b.PatternBytes);
-}
-
-void ExpectSameDrawing(const PoiRecord& a, const PoiRecord& b) {
-    EXPECT_EQ(a.Flags, b.Flags);
-    EXPECT_EQ(a.Width, b.Width);
-    EXPECT_EQ(a.Height, b.Height);
-    for (int slot = 0; slot < ((b.Flags & 0x02) ? 2 : 1); ++slot) {
-        EXPECT_EQ(a.Bitmaps[slot].ColourCount, b.Bitmaps[slot].ColourCount);
-        EXPECT_EQ(a.Bitmaps[slot].ColourMode, b.Bitmaps[slot].ColourMode);
-        EXPECT_EQ(a.Bitmaps[slot].PaletteBytes, b.Bitmaps[slot].PaletteBytes);
-        EXPECT_EQ(a.Bitmaps[slot].PixelBytes, b.Bitmaps[slot].PixelBytes);
-    }
-}
-
-template <typename Record, typename Decode, typename Encode>
-void ExpectRoundTrips(const std::vector<Record>& records, Decode decode, Encode encode, const char* kind) {
+template <typename Record, typename Decode, typename Encode, typename Compare>
+void ExpectRoundTrips(const char* kind, const std::vector<Record>& records, Decode decode, Encode encode,
+                      Compare compare) {
+    std::vector<Record> rebuilt = records;
     for (std::size_t i = 0; i < records.size(); ++i) {
-        SCOPED_TRACE(std::string(kind) + " " + std::to_string(i));
-        Record rebuilt = records[i];
-        ClearDrawing(rebuilt);
-        encode(decode(records[i]), rebuilt);
-        ExpectSameDrawing(rebuilt, records[i]);
+        ClearDrawing(rebuilt[i]);
+        encode(decode(records[i]), rebuilt[i]);
     }
+    testing::ExpectSameRows(kind, rebuilt, records, compare);
 }
 
 TEST(CodecCorpus, EveryRecordComesBackByteForByte) {
     MIRVANE_REQUIRE_CORPUS();
-    auto files = testing::CorpusFiles("binary", ".typ");
-    const auto compiled = testing::CorpusFiles("mkgmap", ".typ");
-    files.insert(files.end(), compiled.begin(), compiled.end());
+    const auto files = testing::CorpusBinaries();
     ASSERT_FALSE(files.empty());
     std::size_t records = 0;
     for (const auto& path : files) {
         SCOPED_TRACE(path.string());
         Document doc;
         ASSERT_TRUE(OpenBinaryTyp(doc, path.string()));
-        ExpectRoundTrips(doc.Polygons, DecodePolygon, EncodePolygon, "polygon");
-        ExpectRoundTrips(doc.Polylines, DecodePolyline, EncodePolyline, "line");
-        ExpectRoundTrips(doc.Pois, DecodePoi, EncodePoi, "POI");
+        ExpectRoundTrips("polygon", doc.Polygons, DecodePolygon, EncodePolygon, testing::ExpectSamePolygon);
+        ExpectRoundTrips("line", doc.Polylines, DecodePolyline, EncodePolyline, testing::ExpectSamePolyline);
+        ExpectRoundTrips("POI", doc.Pois, DecodePoi, EncodePoi, testing::ExpectSamePoi);
         records += doc.Polygons.size() + doc.Polylines.size() + doc.Pois.size();
     }
     EXPECT_GT(records, 1000u);

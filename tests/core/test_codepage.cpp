@@ -1,3 +1,5 @@
+// Texts in the Windows code pages and UTF-8: round trips, known characters,
+// and what a code page cannot hold.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -28,23 +30,19 @@ TEST(CodePage, EveryByteOfEveryCodePageSurvivesTheRoundTrip) {
     }
 }
 
-TEST(CodePage, KnownCharacters) {
+// Bytes a code page leaves undefined keep their value; the round trip above
+// makes each decoded character encode back.
+TEST(CodePage, KnownAndUndefinedCharacters) {
     EXPECT_EQ(DecodeCodePage("\x80", 1252), "€");
     EXPECT_EQ(DecodeCodePage("\xE9t\xE9", 1252), "été");
     EXPECT_EQ(DecodeCodePage("\xC0", 1251), "\u0410");  // Cyrillic A
     EXPECT_EQ(DecodeCodePage("\xC1\xE1", 1253), "Αα");
     EXPECT_EQ(DecodeCodePage("\xF0", 1254), "ğ");
     EXPECT_EQ(DecodeCodePage("\xE0", 1255), "א");
-    EXPECT_EQ(EncodeCodePage("€", 1252), "\x80");
-    EXPECT_EQ(EncodeCodePage("ğ", 1254), "\xF0");
     EXPECT_EQ(EncodeCodePage("Москва", 1251), "\xCC\xEE\xF1\xEA\xE2\xE0");
     EXPECT_EQ(EncodeCodePage("Łódź", 1250), "\xA3\xF3\x64\x9F");
-}
-
-TEST(CodePage, UndefinedBytesKeepTheirValue) {
     EXPECT_EQ(DecodeCodePage("\x81", 1252), "\u0081");
     EXPECT_EQ(DecodeCodePage("\xFF", 1253), "\u00FF");
-    EXPECT_EQ(EncodeCodePage("\u0081", 1252), "\x81");
 }
 
 TEST(CodePage, MissingCharactersBecomeQuestionMarks) {
@@ -57,7 +55,6 @@ TEST(CodePage, MissingCharactersBecomeQuestionMarks) {
     EXPECT_EQ(EncodeCodePage("x\xC3(\xE2\x82z", 1252, &lossless), "x?(??z");
     EXPECT_FALSE(lossless);
 
-    lossless = false;
     EXPECT_EQ(EncodeCodePage("plain ASCII", 1253, &lossless), "plain ASCII");
     EXPECT_TRUE(lossless);
 }

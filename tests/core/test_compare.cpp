@@ -66,6 +66,19 @@ struct OneChange {
     const char* Expected;
 };
 
+// Each change alone on the sample gives one line of `report`, which names it.
+template <typename Report>
+void ExpectOneLineEach(const std::vector<OneChange>& cases, Report report) {
+    const Document before = MakeSampleDocument();
+    for (const auto& c : cases) {
+        Document after = before;
+        c.Change(after);
+        const auto lines = report(before, after);
+        ASSERT_EQ(lines.size(), 1u) << c.Name << "\n" << Joined(lines);
+        EXPECT_NE(lines[0].find(c.Expected), std::string::npos) << c.Name << ": " << lines[0];
+    }
+}
+
 TEST(CompareDrawings, EachChangeIsSaidOnce) {
     const std::vector<OneChange> cases = {
         {"polygon colour", [](Document& d) { d.Polygons[0].ColourBytes[0] ^= 0xFF; }, "foreground"},
@@ -92,18 +105,12 @@ TEST(CompareDrawings, EachChangeIsSaidOnce) {
          [](Document& d) { d.Pois[0].ExtendedLabelBytes = EncodeExtendedLabelBlock({4, 0, 0, 0}); },
          "font"},
     };
-    const Document before = MakeSampleDocument();
-    for (const auto& c : cases) {
-        Document after = before;
-        c.Change(after);
-        const auto lines = CompareDrawings(before, after);
-        ASSERT_EQ(lines.size(), 1u) << c.Name << "\n" << Joined(lines);
-        EXPECT_NE(lines[0].find(c.Expected), std::string::npos) << c.Name << ": " << lines[0];
-    }
+    ExpectOneLineEach(cases, [](const Document& before, const Document& after) {
+        return CompareDrawings(before, after);
+    });
 }
 
-TEST(LintDocument, SampleIsClean) { EXPECT_EQ(Joined(LintDocument(MakeSampleDocument())), ""); }
-
+// The clean sample has no finding; each problem alone has one.
 TEST(LintDocument, EachProblemIsOneFinding) {
     const std::vector<OneChange> cases = {
         {"polygon without draw order",
@@ -135,14 +142,8 @@ TEST(LintDocument, EachProblemIsOneFinding) {
         {"record short of colours", [](Document& d) { d.Polylines[0].ColourBytes.clear(); }, "flags promise"},
         {"read log", [](Document& d) { d.ReadErrorLog = "Polygone 0x003 : erreur\r\n"; }, "read: Polygone"},
     };
-    const Document clean = MakeSampleDocument();
-    for (const auto& c : cases) {
-        Document doc = clean;
-        c.Change(doc);
-        const auto findings = LintDocument(doc);
-        ASSERT_EQ(findings.size(), 1u) << c.Name << "\n" << Joined(findings);
-        EXPECT_NE(findings[0].find(c.Expected), std::string::npos) << c.Name << ": " << findings[0];
-    }
+    EXPECT_EQ(Joined(LintDocument(MakeSampleDocument())), "");
+    ExpectOneLineEach(cases, [](const Document&, const Document& after) { return LintDocument(after); });
 }
 
 }  // namespace

@@ -12,9 +12,8 @@
 #include "base/codepage.h"
 #include "compare/drawing_diff.h"
 #include "corpus.h"
-#include "document/binary_reader.h"
-#include "document/binary_writer.h"
 #include "document/encoding.h"
+#include "record_compare.h"
 #include "support/sample_document.h"
 #include "text/listing.h"
 #include "text/parser.h"
@@ -26,14 +25,7 @@ namespace {
 
 const SaveTime kTime{2024, 3, 4, 5, 6, 7};
 
-Document Saved(Document doc) {
-    Bytes out;
-    const auto failure = BuildBinaryTyp(doc, out, kTime);
-    EXPECT_FALSE(failure.has_value()) << (failure ? failure->Description : "");
-    Document reread;
-    ReadBinaryTyp(reread, out, "/maps/saved.typ");
-    return reread;
-}
+Document Saved(Document doc) { return ReadTyp(BuiltTyp(doc, kTime), "/maps/saved.typ"); }
 
 // The listing compiled back, after `edit` when given.
 Document Compiled(Document doc, const std::function<std::string(const std::string&)>& edit = {}) {

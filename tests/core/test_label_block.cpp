@@ -1,3 +1,6 @@
+// Label blocks: a length prefix of one or two bytes, then language code, text
+// and terminator for each language; extended label blocks of all four colour
+// choices.
 #include <gtest/gtest.h>
 
 #include "document/encoding.h"
@@ -5,47 +8,31 @@
 
 using namespace mirvane;
 
-namespace {
-
-// One text whose payload (code, text, terminator) is `payloadLength` bytes.
-std::vector<LabelText> TextWithPayload(std::size_t payloadLength) {
-    return {{1, std::string(payloadLength - 2, 'x')}};
-}
-
-}  // namespace
-
-TEST(LabelBlock, OneTextInFrench) {
-    EXPECT_EQ(EncodeLabelBlock({{1, "ab"}}), (Bytes{0x09, 0x01, 'a', 'b', 0x00}));
-}
-
-TEST(LabelBlock, EmptyTextKeepsItsCodeAndTerminator) {
+TEST(LabelBlock, TextsComeBackWithTheirCodes) {
+    // An empty text keeps its code and terminator.
     const Bytes block = EncodeLabelBlock({{4, ""}, {2, "x"}});
     EXPECT_EQ(block, (Bytes{0x0B, 0x04, 0x00, 0x02, 'x', 0x00}));
     EXPECT_EQ(DecodeLabelBlock(block), (std::vector<LabelText>{{4, ""}, {2, "x"}}));
-}
-
-TEST(LabelBlock, PrefixGrowsToTwoBytesAt128PayloadBytes) {
-    const Bytes short127 = EncodeLabelBlock(TextWithPayload(127));
-    ASSERT_EQ(short127.size(), 128u);
-    EXPECT_EQ(short127[0], 255);
-    EXPECT_EQ(LabelBlockLength(short127[0], short127[1]), 128);
-
-    const Bytes long128 = EncodeLabelBlock(TextWithPayload(128));
-    ASSERT_EQ(long128.size(), 130u);
-    EXPECT_EQ(long128[0], 0x02);
-    EXPECT_EQ(long128[1], 0x02);
-    EXPECT_EQ(LabelBlockLength(long128[0], long128[1]), 130);
-
-    const Bytes long300 = EncodeLabelBlock(TextWithPayload(300));
-    EXPECT_EQ(LabelBlockLength(long300[0], long300[1]), 302);
-}
-
-TEST(LabelBlock, RoundTripOfSeveralLanguages) {
     const std::vector<LabelText> texts{{1, "Forêt"}, {4, "Forest"}, {0, ""}, {25, std::string(200, '\xEB')}};
     EXPECT_EQ(DecodeLabelBlock(EncodeLabelBlock(texts)), texts);
     // No language at all: an empty payload, which reads back as no text.
     EXPECT_EQ(EncodeLabelBlock({}), Bytes{0x01});
     EXPECT_TRUE(DecodeLabelBlock({0x01}).value_or(std::vector<LabelText>{}).empty());
+}
+
+TEST(LabelBlock, PrefixGrowsToTwoBytesAt128PayloadBytes) {
+    struct Case {
+        std::size_t Payload;  // code, text and terminator
+        std::size_t Size;
+        Bytes Prefix;
+    };
+    for (const Case& c : {Case{127, 128, {0xFF}}, Case{128, 130, {0x02, 0x02}}, Case{300, 302, {0xB2, 0x04}}}) {
+        SCOPED_TRACE(c.Payload);
+        const Bytes block = EncodeLabelBlock({{1, std::string(c.Payload - 2, 'x')}});
+        ASSERT_EQ(block.size(), c.Size);
+        EXPECT_EQ(Bytes(block.begin(), block.begin() + static_cast<long>(c.Prefix.size())), c.Prefix);
+        EXPECT_EQ(LabelBlockLength(block[0], block[1]), static_cast<int>(c.Size));
+    }
 }
 
 TEST(LabelBlock, DamagedBlocksDecodeWithinTheirBytes) {
@@ -85,11 +72,4 @@ TEST(ExtendedLabelBlock, ShortBlocksHaveNoStyle) {
     EXPECT_FALSE(DecodeExtendedLabelBlock({0x18, 0x33, 0x22, 0x11}));
     EXPECT_FALSE(DecodeExtendedLabelBlock({0x10, 0x66, 0x55}));
     EXPECT_EQ(DecodeExtendedLabelBlock({0x02, 0x66}), (ExtendedLabelStyle{2, 0, 0, 0}));  // a byte to spare is no harm
-}
-
-TEST(ExtendedLabelBlock, StyleTexts) {
-    EXPECT_EQ(FontStyleText(1), "NoLabel (invisible)");
-    EXPECT_EQ(FontStyleText(5), "");
-    EXPECT_EQ(CustomColorText(3), "DayAndNight");
-    EXPECT_EQ(CustomColorText(4), "");
 }

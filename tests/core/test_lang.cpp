@@ -43,13 +43,10 @@ TEST(IniFile, FindsSectionsAndKeysWithoutRegardToCase) {
     EXPECT_EQ(ini.Value("Main", "Activite", "fallback"), "fallback");  // key in the wrong section
     EXPECT_EQ(ini.Value("Nowhere", "cmdOK", "fallback"), "fallback");
     EXPECT_FALSE(ini.Find("Main", "missing").has_value());
-}
-
-TEST(IniFile, FirstMatchWins) {
-    const IniFile ini("[A]\nk=first\nK=second\n[a]\nk=third\nother=x\n");
-    EXPECT_EQ(ini.Find("A", "k"), "first");
-    // Only the first section of a name is searched.
-    EXPECT_FALSE(ini.Find("A", "other").has_value());
+    // The first match wins; only the first section of a name is searched.
+    const IniFile twice("[A]\nk=first\nK=second\n[a]\nk=third\nother=x\n");
+    EXPECT_EQ(twice.Find("A", "k"), "first");
+    EXPECT_FALSE(twice.Find("A", "other").has_value());
 }
 
 TEST(IniFile, TrimsBlanksAndRemovesOnePairOfQuotes) {
@@ -66,16 +63,11 @@ TEST(IniFile, TrimsBlanksAndRemovesOnePairOfQuotes) {
         "novalue\n"
         "eq=a=b\n"
         "; comment=no\n");
-    EXPECT_EQ(ini.Find("S", "key"), "value with blanks");
-    EXPECT_EQ(ini.Find("S", "dq"), "  quoted  ");
-    EXPECT_EQ(ini.Find("S", "sq"), "single");
-    EXPECT_EQ(ini.Find("S", "mixed"), "\"not'");
-    EXPECT_EQ(ini.Find("S", "inner"), "a \"b\" c");
-    EXPECT_EQ(ini.Find("S", "twice"), "\"x\"");
-    EXPECT_EQ(ini.Find("S", "empty"), "");
-    EXPECT_FALSE(ini.Find("S", "novalue").has_value());
-    EXPECT_EQ(ini.Find("S", "eq"), "a=b");
-    EXPECT_FALSE(ini.Find("S", "; comment").has_value());
+    const std::pair<const char*, std::optional<std::string>> keys[] = {
+        {"key", "value with blanks"}, {"dq", "  quoted  "}, {"sq", "single"},   {"mixed", "\"not'"},
+        {"inner", "a \"b\" c"},        {"twice", "\"x\""},    {"empty", ""},       {"novalue", std::nullopt},
+        {"eq", "a=b"},                {"; comment", std::nullopt}};
+    for (const auto& [key, value] : keys) EXPECT_EQ(ini.Find("S", key), value) << key;
     EXPECT_FALSE(ini.Find("", "before").has_value());
 }
 
@@ -112,13 +104,6 @@ TEST_F(LanguageFiles, AnsiLanguageFilesAreConverted) {
     SetLanguageName("Deutsch");
     EXPECT_EQ(LanguageCodeName(1), "Französisch");
     EXPECT_EQ(LanguageCodeName(2), "Allemand");  // missing key keeps the French name
-}
-
-TEST_F(LanguageFiles, BuiltInLanguageStillReadsAStrayFile) {
-    SetLanguageName(kBuiltInLanguage);
-    EXPECT_EQ(LookupText("Main", "Fermer", "mnuFermer"), "Fermer");
-    WriteLanguage(kBuiltInLanguage, "[Main]\nmnuFermer=Clore\n");
-    EXPECT_EQ(LookupText("Main", "Fermer", "mnuFermer"), "Clore");
 }
 
 TEST_F(LanguageFiles, AChangedFileIsReadAgain) {
@@ -163,19 +148,15 @@ TEST_F(LanguageFiles, CandidateFoldersAndChoice) {
     const fs::path program = root_.Path() / "prefix" / "bin";
     const fs::path dataHome = root_.Path() / "data";
     SetEnvironment("XDG_DATA_HOME", dataHome.string());
+    const fs::path beside = program / "Langues", shared = root_.Path() / "prefix" / "share" / "mirvane" / "Langues",
+                   user = dataHome / "mirvane" / "Langues";
     const auto candidates = CandidateLanguageFolders(program.string());
-    ASSERT_EQ(candidates.size(), 3u);
-    EXPECT_EQ(fs::path(candidates[0]), program / "Langues");
-    EXPECT_EQ(fs::path(candidates[1]), root_.Path() / "prefix" / "share" / "mirvane" / "Langues");
-    EXPECT_EQ(fs::path(candidates[2]), dataHome / "mirvane" / "Langues");
-
-    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), program / "Langues");  // none exists
-    fs::create_directories(dataHome / "mirvane" / "Langues");
-    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), dataHome / "mirvane" / "Langues");
-    fs::create_directories(root_.Path() / "prefix" / "share" / "mirvane" / "Langues");
-    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), root_.Path() / "prefix" / "share" / "mirvane" / "Langues");
-    fs::create_directories(program / "Langues");
-    EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), program / "Langues");
+    EXPECT_EQ(std::vector<fs::path>(candidates.begin(), candidates.end()), (std::vector<fs::path>{beside, shared, user}));
+    // The first that exists, in that order; beside the program when none does.
+    for (const fs::path& made : {fs::path(), user, shared, beside}) {
+        if (!made.empty()) fs::create_directories(made);
+        EXPECT_EQ(fs::path(ChooseLanguageFolder(program.string())), made.empty() ? beside : made);
+    }
 
     SetEnvironment("XDG_DATA_HOME", "relative/ignored");
     const auto home = Environment("HOME");

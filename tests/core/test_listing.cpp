@@ -1,3 +1,4 @@
+// The text listing of documents and single objects, plain and rich.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -32,10 +33,6 @@ std::vector<std::string> ObjectLines(Document& doc, ObjectKind kind, int index =
     return Lines(ListOneObject(doc, ObjectRef{kind, index}).Plain());
 }
 
-bool Contains(const std::vector<std::string>& lines, const std::string& line) {
-    return std::find(lines.begin(), lines.end(), line) != lines.end();
-}
-
 TEST(Listing, EmptyDocumentHasHeadingsSectionsAndBanners) {
     Document doc = LoadedDocument();
     const std::string expected =
@@ -66,27 +63,10 @@ TEST(Listing, HeadingsOnlyForADocumentReadFromABinaryFile) {
 
 TEST(Listing, IdentitySectionShowsWhatIsNotGivenAsEmpty) {
     Document doc = LoadedDocument();
-    auto idSection = [&] {
-        const std::string plain = ListWholeDocument(doc, kContext).Plain();
-        const std::size_t start = plain.find("[_id]");
-        return plain.substr(start, plain.find("[End]", start) + 5 - start);
-    };
-    doc.Identity.CodePage = 1258;
-    EXPECT_EQ(idSection(), "[_id]\r\nProductCode=1\r\nFID=42\r\nCodePage=1258\r\n [End]");
     doc.Identity.CodePage = 65001;
     doc.Identity.Fid.reset();
     doc.Identity.ProductCode = 65535;
-    EXPECT_EQ(idSection(), "[_id]\r\nProductCode=65535\r\nFID=\r\nCodePage=65001\r\n [End]");
-}
-
-TEST(Listing, CommentTextAndDrawOrderRows) {
-    Document doc = LoadedDocument();
-    const std::string comment = "first\r\nsecond\nthird";
-    doc.HeaderGapBytes.assign(comment.begin(), comment.end());
-    doc.DrawOrder = {{1, 3, 0}, {3, 0x10e, 1}, {3, 5, 7}};
-    const std::string plain = ListWholeDocument(doc, kContext).Plain();
-    EXPECT_NE(plain.find("[_comments]\r\nfirst\r\nsecond\r\nthird\r\n[End]"), std::string::npos);
-    EXPECT_NE(plain.find("[_drawOrder]\r\nType=0x003,1\r\nType=0x10e01,3\r\nType=0x00507,3\r\n[End]"),
+    EXPECT_NE(ListWholeDocument(doc, kContext).Plain().find("[_id]\r\nProductCode=65535\r\nFID=\r\nCodePage=65001\r\n [End]"),
               std::string::npos);
 }
 
@@ -103,6 +83,8 @@ std::vector<std::string> LinesOf(Record r) {
     return lines;
 }
 
+// Forms the decompiled texts of the corpus do not hold (test_listing_corpus
+// compares those line by line).
 TEST(Listing, ObjectsOfEveryLayout) {
     const std::string blanks(32, ' '), ruler = ";12345678901234567890123456789012";
     const std::string noPalette = ";Couleurs 24 bits : pas de palette ";
@@ -113,9 +95,6 @@ TEST(Listing, ObjectsOfEveryLayout) {
         std::size_t count = 0;                                      // all lines when not 0
     };
     const Case cases[] = {
-        {"solid polygon, flags 6", LinesOf(Polygon("003", "00", 6, Colours({0x112233}))),
-         {{0, "[_polygon]"}, {1, "Type=0x03"}, {2, "ExtendedLabels=N"}, {3, "Xpm=\"0 0 1 0\""},
-          {4, "\"1 c #112233\""}, {5, "[end]"}}, 6},
         {"extended type keeps three digits, day and night colours",
          LinesOf(Polygon("10e", "00", 7, Colours({0xA0B0C0, 1}))),
          {{1, "Type=0x10e00"}, {3, "Xpm=\"0 0 2 0\""}, {4, "\"1 c #A0B0C0\""}, {5, "\"2 c #000001\""}}},
@@ -135,12 +114,6 @@ TEST(Listing, ObjectsOfEveryLayout) {
          {{0, "[_line]"}, {1, "Type=0x01"}, {2, "UseOrientation=Y"}, {3, "LineWidth=2"}, {4, "BorderWidth=1.5"},
           {5, "Xpm=\"0 0 2 0\""}, {6, "\"1 c #111111\""}, {7, "\"2 c #222222\""}, {8, "ExtendedLabels=N"},
           {9, "[end]"}}, 10},
-        {"solid line with day and night colours has no border",
-         LinesOf(Polyline(7, 2, Colours({0x111111, 0x222222}), {3})),
-         {{2, "UseOrientation=N"}, {3, "LineWidth=3"}, {4, "Xpm=\"0 0 2 0\""}, {5, "\"1 c #111111\""},
-          {6, "\"2 c #222222\""}, {7, "ExtendedLabels=N"}}, 9},
-        {"pattern line has two blanks before the one", LinesOf(Polyline(3 << 3 | 2, 0, Colours({0x123456}), Bytes(12, 0xFF))),
-         {{3, "Xpm=\"32 3 2  1\""}, {5, "\"  c none\""}, {6, "\"" + std::string(32, '!') + "\""}, {9, ruler}}},
         {"POI with transparent pixels and a ruler of 33", LinesOf(PalettePoi(33, 1, 2, 2)),
          {{4, "DayXpm=\"33 1 3 1\"   Colormode=16"}, {7, "\"  \tc none\""}, {8, "\"" + std::string(33, ' ') + "\""},
           {9, ruler}}},
@@ -167,36 +140,15 @@ TEST(Listing, ObjectsOfEveryLayout) {
         // 28 bits a pixel: 0x102030 alpha 0, then 0x405060 alpha 15.
         {"true colour, mode 32", LinesOf(TrueColourPoi(32, {0x30, 0x20, 0x10, 0x00, 0x06, 0x05, 0xF4})),
          {{6, "\"#102030\"  canalalpha=0"}, {7, "\"#405060\"  canalalpha=15"}}},
-        {"labels and extended labels",
-         LinesOf([] {
-             PolygonRecord r = Polygon("003", "00", 0x36, Colours({0}));
-             r.LabelBytes = EncodeLabelBlock({{0, "text"}, {4, "Caf\xE9"}});
-             r.ExtendedLabelBytes = {0x1A, 0x01, 0x02, 0x03, 0x04, 0x05, 0x06};  // SmallFont, DayAndNight
-             return r;
-         }()),
-         {{2, "String1=0x00,text"}, {3, "String2=0x04,Caf\xE9"}, {4, "ExtendedLabels=Y"}, {5, "FontStyle=SmallFont"},
-          {6, "CustomColor=DayAndNight"}, {7, "DaycustomColor:#030201"}, {8, "NightcustomColor:#060504"}}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        if (c.count) EXPECT_EQ(c.lines.size(), c.count);
+        EXPECT_TRUE(c.count == 0 || c.lines.size() == c.count) << c.lines.size();
         for (const auto& [index, text] : c.expected) {
             ASSERT_LT(index, c.lines.size());
             EXPECT_EQ(c.lines[index], text);
         }
     }
-}
-
-TEST(Listing, Mode32PaletteCarriesAlpha) {
-    Document doc = LoadedDocument();
-    PoiRecord poi = PalettePoi(1, 1, 1, 0);
-    poi.Bitmaps[0].ColourMode = 32;
-    poi.Bitmaps[0].PaletteBytes = {0x30, 0x20, 0x10, 0x07};  // 0x102030, alpha 7
-    poi.Bitmaps[0].PixelBytes = {0};
-    doc.Pois = {poi};
-    const ListingText listing = ListOneObject(doc, ObjectRef{ObjectKind::Poi, 0});
-    EXPECT_TRUE(Contains(Lines(listing.Plain()), "\"!\tc #102030\"  canalalpha=7"));
-    EXPECT_NE(listing.Rich().find("\"!\tc #102030\"  {\\cf3 canalalpha=}7"), std::string::npos);
 }
 
 TEST(Listing, BadLabelBlockIsLoggedAndTheObjectListed) {
@@ -250,14 +202,18 @@ Document RichSample() {
     doc.Polylines[0].LabelBytes = EncodeLabelBlock({{2, "x"}});
     doc.Polylines[0].ExtendedLabelBytes = {0x0B, 1, 2, 3};
     doc.PolylineCount = 1;
-    doc.Pois = {PalettePoi(3, 2, 3, 1), TrueColourPoi(0, Colours({1, 2}))};
-    doc.DrawOrder = {{1, 0x10e, 1}};
-    const std::string comment = "one\r\ntwo";
+    PoiRecord mode32 = PalettePoi(1, 1, 1, 0);
+    mode32.Bitmaps[0].ColourMode = 32;
+    mode32.Bitmaps[0].PaletteBytes = {0x30, 0x20, 0x10, 0x07};  // 0x102030, alpha 7
+    doc.Pois = {PalettePoi(3, 2, 3, 1), TrueColourPoi(0, Colours({1, 2})), mode32};
+    doc.DrawOrder = {{1, 3, 0}, {1, 0x10e, 1}, {3, 5, 7}};
+    const std::string comment = "one\r\ntwo\nthree";  // both line ends come out as CR LF
     doc.HeaderGapBytes.assign(comment.begin(), comment.end());
     return doc;
 }
 
-TEST(Listing, RichFormGivesBackThePlainForm) {
+// The rich form reads back as the plain one, dressed in the colours given.
+TEST(Listing, RichFormDressesThePlainForm) {
     Document doc = RichSample();
     const ListingText text = ListWholeDocument(doc, kContext);
     EXPECT_EQ(RichToPlain(text.Rich()), text.Plain());
@@ -265,24 +221,21 @@ TEST(Listing, RichFormGivesBackThePlainForm) {
         const ListingText listing = ListOneObject(doc, ObjectRef{kind, 0});
         EXPECT_EQ(RichToPlain(listing.Rich()), listing.Plain());
     }
-}
-
-TEST(Listing, RichFormDress) {
-    Document doc = RichSample();
     RtfColours colours;
     colours.Colour[1] = "\\red1\\green2\\blue3";
-    const std::string rich = ListWholeDocument(doc, kContext).Rich(colours);
+    const std::string rich = text.Rich(colours);
     EXPECT_EQ(rich.rfind("{{\\colortbl \\red0\\green0\\blue0;\\red1\\green2\\blue3;\\red0\\green0\\blue255;"
                          "\\red255\\green0\\blue0;}{\\cf0{\\cf1; test.typ}\\par {\\cf1; Longueur: 1234 octets}",
                          0),
               0u);
     for (const char* dress : {"\\par \\par {\\fs20 \\cf2 [_id]}\\par {\\cf3 ProductCode=}1\\par ",
-                              "\\par { \\cf2 [End]}", "{\\cf2[_drawOrder]}\\par Type=0x10e01,1",
-                              "{\\cf2 [_comments]}\\par one\\par two\\par {\\cf2 [End]}",
+                              "\\par { \\cf2 [End]}", "{\\cf2[_drawOrder]}\\par Type=0x003,1\\par Type=0x10e01,1\\par Type=0x00507,3",
+                              "{\\cf2 [_comments]}\\par one\\par two\\par three\\par {\\cf2 [End]}",
                               "{\\cf3 Type=0x}10e01\\par{\\cf3 String1=}0x00,ab\\par {\\cf3 ExtendedLabels=}N",
                               "{\\cf3 Xpm=}\"32 32 4 1\"", "{\\cf1 ;12345678901234567890123456789012}",
                               "{\\cf3 DaycustomColor:}#030201", "{\\cf3 DayXpm=}\"3 2 3 1\"   {\\cf3 Colormode=}16",
-                              "{\\cf1 ;Couleurs 24 bits : pas de palette }", "{\\cf2 [end]}}}"})
+                              "{\\cf1 ;Couleurs 24 bits : pas de palette }", "\"!\tc #102030\"  {\\cf3 canalalpha=}7",
+                              "{\\cf2 [end]}}}"})
         EXPECT_NE(rich.find(dress), std::string::npos) << dress;
 }
 

@@ -12,12 +12,8 @@ using mirvane::test::ParseDocument;
 
 namespace {
 
-const char* kSolidPolygon = "[_polygon]\nType=0x%s\nXpm=\"0 0 1 0\"\n\"1 c #102030\"\n[end]\n";
-
 std::string SolidPolygon(const std::string& type) {
-    char buffer[200];
-    std::snprintf(buffer, sizeof buffer, kSolidPolygon, type.c_str());
-    return buffer;
+    return "[_polygon]\nType=0x" + type + "\nXpm=\"0 0 1 0\"\n\"1 c #102030\"\n[end]\n";
 }
 
 }  // namespace
@@ -41,15 +37,10 @@ TEST(ParserSections, IdentityValuesAndTheirRange) {
         bool logged;
     };
     const Case cases[] = {
-        {"FID=8000", 8000, false},
-        {"FID=0x1F40", 8000, false},
-        {"ProductCode=65535", 65535, false},
-        {"ProductCode=-1", 65535, false},  // the signed form of 0xFFFF
-        {"FID=", std::nullopt, false},
-        {"FID=70000", std::nullopt, true},
-        {"ProductCode=0x10000", std::nullopt, true},
-        {"ProductCode = 0x10", 16, false},
-        {"FID=80a", std::nullopt, true},
+        {"FID=8000", 8000, false},          {"FID=0x1F40", 8000, false},          {"ProductCode=65535", 65535, false},
+        {"ProductCode=-1", 65535, false},   // the signed form of 0xFFFF
+        {"FID=", std::nullopt, false},      {"FID=70000", std::nullopt, true},    {"ProductCode=0x10000", std::nullopt, true},
+        {"ProductCode = 0x10", 16, false},  {"FID=80a", std::nullopt, true},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.line);
@@ -119,13 +110,6 @@ TEST(ParserSections, LastPieceOfTheTextIsNeverAHead) {
     EXPECT_FALSE(doc.ReadErrorFlag);
 }
 
-TEST(ParserSections, ByteOrderMarkAndCrLfAreAccepted) {
-    const Document doc = ParseDocument("\xEF\xBB\xBF[_id]\r\nFID=42\r\n[End]\r\n" + SolidPolygon("03"));
-    EXPECT_EQ(doc.Identity.Fid, 42);
-    ASSERT_EQ(doc.Polygons.size(), 1u);
-    EXPECT_EQ(doc.Polygons[0].ColourBytes, B({0x30, 0x20, 0x10}));
-}
-
 TEST(ParserFailures, UnclosedSectionsStopAtTheLastLine) {
     for (const char* head : {"[_id]", "[_comments]", "[_drawOrder]", "[_polygon]", "[_line]", "[_point]"}) {
         const std::string text = std::string(head) + "\nType=0x03\n\"1 c #000000\"\n";
@@ -192,13 +176,10 @@ TEST(ParserScopes, SingleObjectScopeRebuildsTheSelectedRecordAndFindsItAgain) {
     EXPECT_TRUE(doc.Polygons[2].ColourBytes.empty());  // reset, then refilled
     EXPECT_EQ(result.SelectIndex, 2);
     EXPECT_EQ(doc.HeaderGapBytes, Bytes({'n', 'o', 't', 'e'}));  // one object's text leaves the comment alone
-}
-
-TEST(ParserScopes, SameKindTwiceRefillsTheSameRecord) {
-    Document doc = ParseDocument(SolidPolygon("01") + SolidPolygon("02"));
-    const ParseResult result = ParseTypText(doc, SolidPolygon("0a") + SolidPolygon("0b"), ObjectRef{ObjectKind::Polygon, 1});
-    ASSERT_EQ(doc.Polygons.size(), 2u);
-    EXPECT_EQ(doc.Polygons[1].Type, "00b");
+    // The same kind twice refills the same record.
+    result = ParseTypText(doc, SolidPolygon("04") + SolidPolygon("06"), ObjectRef{ObjectKind::Polygon, 1});
+    ASSERT_EQ(doc.Polygons.size(), 3u);
+    EXPECT_EQ(doc.Polygons[1].Type, "006");
     EXPECT_EQ(result.SelectIndex, 1);
 }
 

@@ -14,23 +14,20 @@ using mirvane::test::ParseDocument;
 
 namespace {
 
-PolygonRecord ParsePolygon(const std::string& body) {
-    const Document doc = ParseDocument("[_polygon]\nType=0x01\n" + body + "[end]\n");
-    EXPECT_EQ(doc.Polygons.size(), 1u);
-    return doc.Polygons.empty() ? PolygonRecord{} : doc.Polygons[0];
-}
-
-PolylineRecord ParseLine(const std::string& body) {
-    const Document doc = ParseDocument("[_line]\nType=0x01\n" + body + "[end]\n");
-    EXPECT_EQ(doc.Polylines.size(), 1u);
-    return doc.Polylines.empty() ? PolylineRecord{} : doc.Polylines[0];
-}
-
-PoiRecord ParsePoi(const std::string& body, std::string* log = nullptr) {
-    const Document doc = ParseDocument("[_point]\nType=0x2f\nSubType=0x01\n" + body + "[end]\n");
+// The one record a section of `head` and `body` parses into.
+template <typename Record>
+Record ParseOne(std::vector<Record> Document::*records, const std::string& head, const std::string& body,
+                std::string* log = nullptr) {
+    const Document doc = ParseDocument(head + body + "[end]\n");
     if (log) *log = doc.ReadErrorLog;
-    EXPECT_EQ(doc.Pois.size(), 1u);
-    return doc.Pois.empty() ? PoiRecord{} : doc.Pois[0];
+    EXPECT_EQ((doc.*records).size(), 1u);
+    return (doc.*records).empty() ? Record{} : (doc.*records)[0];
+}
+
+PolygonRecord ParsePolygon(const std::string& body) { return ParseOne(&Document::Polygons, "[_polygon]\nType=0x01\n", body); }
+PolylineRecord ParseLine(const std::string& body) { return ParseOne(&Document::Polylines, "[_line]\nType=0x01\n", body); }
+PoiRecord ParsePoi(const std::string& body, std::string* log = nullptr) {
+    return ParseOne(&Document::Pois, "[_point]\nType=0x2f\nSubType=0x01\n", body, log);
 }
 
 std::string Rows(const std::string& row, int count) {
@@ -142,24 +139,14 @@ TEST(ParserLine, WidthsBordersAndOrientation) {
     EXPECT_EQ(r.PatternBytes, B({0}));
 }
 
-TEST(ParserLine, PatternRowsAndTransparentBackground) {
-    const PolylineRecord r = ParseLine("Xpm=\"32 2 2  1\"\n\"! c #102030\"\n\"  c none\"\n\"!!!!!!!!\"\n\" !\"\n");
-    EXPECT_EQ(r.Flags1, 2 * 8 + 0x06);
-    EXPECT_EQ(r.ColourBytes, B({0x30, 0x20, 0x10}));
-    EXPECT_EQ(r.PatternBytes, B({0xFF, 0, 0, 0, 0x02, 0, 0, 0}));
-    EXPECT_EQ(r.Length, 2 + 3 + 8);
-}
-
-TEST(ParserLabels, RunsOfStringLinesBecomeOneBlock) {
-    const PolygonRecord r = ParsePolygon("String1=0x04,Hello, world\nstring2=0x01,Caf\xE9\n");
+TEST(ParserLabels, ValueRules) {
+    // A run of label lines, in any case, makes one block.
+    PolygonRecord r = ParsePolygon("String1=0x04,Hello, world\nstring2=0x01,Caf\xE9\n");
     EXPECT_EQ(r.Flags, 0x10);
     EXPECT_EQ(r.LabelBytes, BytesOf(std::string("\x29\x04Hello, world\0\x01" "Caf\xE9\0", 21)));
-}
-
-TEST(ParserLabels, ValueRules) {
     // All behind the first comma is the label; without a comma the value is
     // a code alone or a label of code 0, as is a value whose first field is no code.
-    PolygonRecord r = ParsePolygon("String1=0x04,a=b\nString2=0x01,x0xy\nString3=0x05 \nString=Hi\nString=A=b,c\n");
+    r = ParsePolygon("String1=0x04,a=b\nString2=0x01,x0xy\nString3=0x05 \nString=Hi\nString=A=b,c\n");
     EXPECT_EQ(r.LabelBytes, BytesOf(std::string("\x31\x04" "a=b\0\x01x0xy\0\x05\0\0Hi\0\0A=b,c\0", 25)));
     // A label keeps its ';' and its blanks at the end: they are part of the name.
     r = ParsePolygon("  String1=0x04,Rue; Nord  \n");
@@ -167,20 +154,14 @@ TEST(ParserLabels, ValueRules) {
     // Label lines apart still add up.
     r = ParsePolygon("String1=0x04,one\nXpm=\"0 0 1 0\"\n\"1 c #000000\"\nString1=0x02,two\n");
     EXPECT_EQ(r.LabelBytes, BytesOf(std::string("\x15\x04one\0\x02two\0", 11)));
-    // 128 payload bytes and more take the two-byte prefix.
-    r = ParsePolygon("String1=0x04," + std::string(200, 'x') + "\n");
-    ASSERT_EQ(r.LabelBytes.size(), 204u);
-    EXPECT_EQ(r.LabelBytes[0], (202 * 4 + 2) & 0xFF);
-    EXPECT_EQ(r.LabelBytes[1], (202 * 4 + 2) >> 8);
 }
 
-TEST(ParserLabels, ExtendedLabelsOfAllFourColourChoices) {
+// The listing's forms of all four colour choices come back in the round
+// trips of test_parser_listing; keys in other cases and orders are read too.
+TEST(ParserLabels, ExtendedLabelKeysInAnyCaseAndOrder) {
     const std::string head = "ExtendedLabels=Y\nFontStyle=";
-    EXPECT_EQ(ParsePolygon(head + "NoLabel (invisible)\nCustomColor=No\n").ExtendedLabelBytes, B({1}));
     EXPECT_EQ(ParsePolygon(head + "SmallFont\ncustomcolor=day\nDaycustomColor:#112233\n").ExtendedLabelBytes,
               B({8 + 2, 0x33, 0x22, 0x11}));
-    EXPECT_EQ(ParseLine(head + "LargeFont\nCustomColor=Night\nNightcustomColor:#445566\n").ExtendedLabelBytes,
-              B({16 + 4, 0x66, 0x55, 0x44}));
     const PoiRecord poi = ParsePoi(head + "NormalFont\nCustomColor=DayAndNight\nDaycustomColor=#112233\n"
                                           "NightcustomColor:#445566\n");
     EXPECT_EQ(poi.Flags, 0x08);
@@ -219,20 +200,12 @@ TEST(ParserPoi, LaterOfTwoEqualCodesWins) {
     EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({0x01}));
 }
 
-TEST(ParserPoi, Mode32PaletteAndTrueColour) {
-    PoiRecord r = ParsePoi("DayXpm=\"2 1 2 1\"   Colormode=32\n\"! c #FF0000\"  alpha=0\n\"# c #00FF00\"  alpha=15\n\"!#\"\n");
+// Texts of other editors spell the palette's alpha "alpha=" (the listing's
+// own forms come back in the round trips of test_parser_listing).
+TEST(ParserPoi, Mode32PaletteTakesTheShortAlphaSpelling) {
+    const PoiRecord r = ParsePoi("DayXpm=\"2 1 2 1\"   Colormode=32\n\"! c #FF0000\"  alpha=0\n\"# c #00FF00\"  alpha=15\n\"!#\"\n");
     EXPECT_EQ(r.Bitmaps[0].PaletteBytes, B({0x00, 0x00, 0xFF, 0x00, 0xF0, 0x0F, 0xF0}));
     EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({0x04}));
-
-    r = ParsePoi("DayXpm=\"2 1 0 1\"   Colormode=0\n;Couleurs 24 bits\n\"#112233\"\n\"#445566\"\n");
-    EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({0x33, 0x22, 0x11, 0x66, 0x55, 0x44}));
-    // Mode 16 starts with the key colour.
-    r = ParsePoi("DayXpm=\"1 1 0 1\"   Colormode=16\n;Couleurs 24 bits\n\"#FF00FF\"\n\"#010203\"\n");
-    EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({0xFF, 0x00, 0xFF, 0x03, 0x02, 0x01}));
-    EXPECT_EQ(r.Length, 5 + 6);
-    // Mode 32: 28 bits a pixel; 2 pixels take 7 bytes.
-    r = ParsePoi("DayXpm=\"2 1 0 1\"   Colormode=32\n;Couleurs 24 bits\n\"#000001\"  canalalpha=15\n\"#000000\"  canalalpha=1\n");
-    EXPECT_EQ(r.Bitmaps[0].PixelBytes, B({0x01, 0x00, 0x00, 0x0F, 0x00, 0x00, 0x10}));
 }
 
 TEST(ParserPoi, NightOnlyPoiCountsNoNightPixels) {
