@@ -87,8 +87,6 @@ TEST(PatternEditorFields, CheckBoxesDecideFlagsAndShownColours) {
     };
     for (const Case& c : cases) {
         PolygonEditorModel model;
-        model.Type = "010";
-        model.SubType = "00";
         model.SetNightColours(c.night);
         model.SetDayClear(c.dayClear);
         model.SetNightClear(c.nightClear);
