@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 #include "colour/bitmap_import.h"
@@ -26,6 +27,14 @@ RgbaPicture Gradient(int width, int height) {
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x) picture.SetPixel(x, y, 0xFF000040u | x << 16 | y << 8);
     return picture;
+}
+
+// Every pixel's palette index, row by row.
+std::vector<int> IndicesOf(const ImportedBitmap& bitmap) {
+    std::vector<int> indices;
+    for (int y = 0; y < bitmap.Height; ++y)
+        for (const std::uint8_t index : bitmap.Indices.Row(y)) indices.push_back(index);
+    return indices;
 }
 
 std::vector<Colour> PaletteColours(const ImportedBitmap& bitmap) {
@@ -66,60 +75,43 @@ TEST(BitmapImportSize, LongSideComesToTheLimitAndTheOtherIsCut) {
         EXPECT_EQ(FitWithin(c.width, c.height, c.side), c.expected) << c.width << "x" << c.height;
 }
 
-TEST(BitmapImportScale, SameSizeIsAnExactCopy) {
+TEST(BitmapImportScale, EnlargementRepeatsAndReductionAveragesTheOpaqueCoveredArea) {
+    struct Case {
+        const char* name;
+        RgbaPicture source, scaled;
+    };
+    const Case cases[] = {
+        {"whole enlargement", Picture(2, 1, {kOpaqueRed, 0x7F00FF00}),
+         Picture(4, 2,
+                 {kOpaqueRed, kOpaqueRed, 0x7F00FF00, 0x7F00FF00, kOpaqueRed, kOpaqueRed, 0x7F00FF00, 0x7F00FF00})},
+        {"halving", Picture(2, 1, {kOpaqueBlack, kOpaqueWhite}), Picture(1, 1, {0xFF808080})},
+        // The first new pixel covers all of pixel 0 and half of pixel 1.
+        {"three to two", Picture(3, 1, {kOpaqueBlack, 0xFF0000FF, kOpaqueWhite}),
+         Picture(2, 1, {0xFF000055, 0xFFAAAAFF})},
+        // Transparent pixels lend no colour: half as opaque, still red.
+        {"beside transparent", Picture(2, 1, {kOpaqueRed, 0x0000FF00}), Picture(1, 1, {0x80FF0000})},
+        {"all transparent", RgbaPicture(2, 2, kClear), Picture(1, 1, {kClear})},
+        {"nothing to scale", RgbaPicture(), RgbaPicture(3, 2, kClear)},
+        {"to no size", Gradient(5, 5), RgbaPicture(0, 10)},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(ScalePicture(c.source, c.scaled.Width, c.scaled.Height), c.scaled) << c.name;
+
     RgbaPicture picture = Gradient(17, 9);
     picture.SetPixel(3, 4, 0x80123456);
     picture.SetPixel(5, 5, kClear);
     EXPECT_EQ(ScalePicture(picture, 17, 9), picture);
-}
 
-TEST(BitmapImportScale, WholeEnlargementRepeatsEachPixel) {
-    const RgbaPicture picture = Picture(2, 1, {kOpaqueRed, 0x7F00FF00});
-    const RgbaPicture scaled = ScalePicture(picture, 6, 4);
-    ASSERT_EQ(scaled.Width, 6);
-    ASSERT_EQ(scaled.Height, 4);
-    for (int y = 0; y < 4; ++y)
-        for (int x = 0; x < 6; ++x) EXPECT_EQ(scaled.Pixel(x, y), x < 3 ? kOpaqueRed : 0x7F00FF00u) << x << "," << y;
-}
-
-TEST(BitmapImportScale, ReductionAveragesTheCoveredArea) {
-    // Halving: each new pixel is the mean of two.
-    EXPECT_EQ(ScalePicture(Picture(2, 1, {kOpaqueBlack, kOpaqueWhite}), 1, 1).Pixels[0], 0xFF808080u);
-    // Three to two: the first new pixel covers all of pixel 0 and half of pixel 1.
-    const RgbaPicture thirds = ScalePicture(Picture(3, 1, {kOpaqueBlack, 0xFF0000FF, kOpaqueWhite}), 2, 1);
-    EXPECT_EQ(thirds.Pixels[0], 0xFF000055u);
-    EXPECT_EQ(thirds.Pixels[1], 0xFFAAAAFFu);
-    // Down to one pixel: the mean of the whole picture.
-    RgbaPicture grey(40, 30, kOpaqueBlack);
+    RgbaPicture halfWhite(40, 30, kOpaqueBlack);  // down to one pixel: the mean of the whole
     for (int x = 0; x < 20; ++x)
-        for (int y = 0; y < 30; ++y) grey.SetPixel(x, y, kOpaqueWhite);
-    EXPECT_EQ(ScalePicture(grey, 1, 1).Pixels[0], 0xFF808080u);
-}
-
-TEST(BitmapImportScale, TransparentPixelsLendNoColour) {
-    // A red pixel beside a transparent green one: half as opaque, still red.
-    EXPECT_EQ(ScalePicture(Picture(2, 1, {kOpaqueRed, 0x0000FF00}), 1, 1).Pixels[0], 0x80FF0000u);
-    EXPECT_EQ(ScalePicture(Picture(2, 2, {kClear, kClear, kClear, kClear}), 1, 1).Pixels[0], kClear);
-}
-
-TEST(BitmapImportScale, SizesFromOneToSixtyFourAndNonSquare) {
-    const RgbaPicture photo = Gradient(200, 150);
-    for (auto [w, h] : {std::pair{1, 1}, {64, 64}, {64, 48}, {5, 64}, {64, 1}}) {
-        const RgbaPicture scaled = ScalePicture(photo, w, h);
-        EXPECT_EQ(scaled.Width, w);
-        EXPECT_EQ(scaled.Height, h);
-        EXPECT_EQ(scaled.Pixels.size(), static_cast<std::size_t>(w * h));
-        // The colours stay within the source's: red grows to the right, green down.
-        EXPECT_LE(scaled.Pixel(0, 0) & 0xFFFFFF, scaled.Pixel(w - 1, h - 1) & 0xFFFFFF);
-    }
-    EXPECT_TRUE(ScalePicture(photo, 0, 10).Empty());
-    EXPECT_EQ(ScalePicture(RgbaPicture(), 3, 2), RgbaPicture(3, 2, kClear));
+        for (int y = 0; y < 30; ++y) halfWhite.SetPixel(x, y, kOpaqueWhite);
+    EXPECT_EQ(ScalePicture(halfWhite, 1, 1).Pixels[0], 0xFF808080u);
 }
 
 TEST(BitmapImportAlpha, SixteenStepsFromOpaqueToTransparent) {
     EXPECT_EQ(GarminAlpha(255), kOpaque);
-    EXPECT_EQ(GarminAlpha(0), kFullyTransparent);
     EXPECT_EQ(GarminAlpha(128), 7);
+    EXPECT_EQ(GarminAlpha(0), kFullyTransparent);
     for (int step = 0; step <= 15; ++step)
         EXPECT_EQ(GarminAlpha(AlphaByteOf(static_cast<std::uint8_t>(step))), step);
 }
@@ -128,16 +120,10 @@ TEST(BitmapImportPalette, DistinctColoursInAscendingOrderWithTransparentPixels) 
     const RgbaPicture picture = Picture(3, 2, {kOpaqueWhite, kOpaqueRed, kClear,  //
                                                kOpaqueRed, 0xFF0000FF, 0x04FFFFFF});
     const ImportedBitmap bitmap = ImportBitmap(picture, ImportColours::AsTheyAre);
-    EXPECT_EQ(bitmap.Width, 3);
-    EXPECT_EQ(bitmap.Height, 2);
-    EXPECT_EQ(bitmap.ColourMode, kModeTransparentColour);
     EXPECT_EQ(bitmap.ColourModeIndex(), 1);
     EXPECT_EQ(PaletteColours(bitmap), (std::vector<Colour>{kRed, 0xFF0000, kWhite}));
-    EXPECT_EQ(bitmap.Indices.At({0, 0}), 2);
-    EXPECT_EQ(bitmap.Indices.At({1, 0}), 0);
-    EXPECT_EQ(bitmap.Indices.At({2, 0}), kTransparentIndex);
     // Nearly transparent counts as transparent: alpha 4 of 255 is step 15.
-    EXPECT_EQ(bitmap.Indices.At({2, 1}), kTransparentIndex);
+    EXPECT_EQ(IndicesOf(bitmap), (std::vector<int>{2, 0, kTransparentIndex, 0, 1, kTransparentIndex}));
     EXPECT_EQ(bitmap.Alpha.At({2, 1}), kFullyTransparent);
     ExpectIndicesMatchPixels(bitmap);
     EXPECT_EQ(CountImportColours(picture), 3);
@@ -171,20 +157,15 @@ TEST(BitmapImportPalette, MoreColoursThanAPaletteHolds) {
 
     const RgbaPicture photo = Gradient(64, 64);
     ASSERT_GT(CountImportColours(photo), kMaxPaletteColours);
-    const ImportedBitmap exact = ImportBitmap(photo, ImportColours::AsTheyAre);
-    EXPECT_TRUE(exact.IsTrueColour());
-    EXPECT_EQ(exact.Colours.At({63, 10}), 0x400A3Fu);
+    EXPECT_EQ(ImportBitmap(photo, ImportColours::AsTheyAre).Colours.At({63, 10}), 0x400A3Fu);  // true colour
 
     const ImportedBitmap garmin = ImportBitmap(photo, ImportColours::NearestGarmin);
     EXPECT_TRUE(garmin.GarminColours);
     EXPECT_FALSE(garmin.IsTrueColour());
     EXPECT_LE(garmin.ColourCount(), kMaxPaletteColours);
-    std::set<Colour> distinct;
-    for (const ImportedColour& entry : garmin.Palette) {
-        EXPECT_TRUE(IsGarminColour(entry.Rgb)) << ColourText(entry.Rgb);
-        distinct.insert(entry.Rgb);
-    }
-    EXPECT_EQ(distinct.size(), garmin.Palette.size());
+    const std::vector<Colour> colours = PaletteColours(garmin);
+    EXPECT_TRUE(std::ranges::all_of(colours, IsGarminColour));
+    EXPECT_EQ(std::set(colours.begin(), colours.end()).size(), colours.size());
     ExpectIndicesMatchPixels(garmin);
 }
 
@@ -197,21 +178,18 @@ TEST(BitmapImportPalette, TrueColourMarksTransparentPixelsWithAnUnusedColour) {
     EXPECT_EQ(bitmap.Indices.At({0, 0}), kTransparentIndex);
     EXPECT_EQ(bitmap.Indices.At({1, 0}), 0);
     for (int y = 0; y < 64; ++y)
-        for (int x = 0; x < 64; ++x) {
-            if (bitmap.IsTransparent({x, y})) continue;
-            ASSERT_NE(static_cast<Colour>(bitmap.Colours.At({x, y})), bitmap.KeyColour);
-        }
+        for (int x = 0; x < 64; ++x)
+            ASSERT_TRUE(bitmap.IsTransparent({x, y}) ||
+                        static_cast<Colour>(bitmap.Colours.At({x, y})) != bitmap.KeyColour);
 }
 
 TEST(BitmapImportAlphaMode, PartialAlphaKeepsAlphaPerEntry) {
     const RgbaPicture picture = Picture(4, 1, {kOpaqueRed, 0x80FF0000, kClear, kClear});
     const ImportedBitmap bitmap = ImportBitmap(picture, ImportColours::AsTheyAre);
-    EXPECT_EQ(bitmap.ColourMode, kModeAlpha);
     EXPECT_EQ(bitmap.ColourModeIndex(), 2);
     // Red opaque, red at 7 of 15, and one entry (black, 15) for both transparent pixels.
     EXPECT_EQ(bitmap.Palette, (std::vector<ImportedColour>{{kBlack, 15}, {kRed, 0}, {kRed, 7}}));
-    EXPECT_EQ(bitmap.Indices.At({2, 0}), 0);
-    EXPECT_EQ(bitmap.Indices.At({3, 0}), 0);
+    EXPECT_EQ(IndicesOf(bitmap), (std::vector<int>{1, 2, 0, 0}));
     ExpectIndicesMatchPixels(bitmap);
 }
 

@@ -1,5 +1,6 @@
-// Dragging rows of the draw order editor between levels and into the gaps
-// between them gives the entries the grid gives when the same levels are typed.
+// The draw order editor's rows: the entries they give, and dragging rows
+// between levels and into the gaps between them, which must give the entries
+// the grid gives when the same levels are typed.
 #include <gtest/gtest.h>
 
 #include "models/draworder/draw_order_model.h"
@@ -55,13 +56,26 @@ TEST(DrawOrderDragAndDrop, LevelsHoldEveryRowWithALevel) {
     model.Rows()[1].Level = "07";  // typed by hand: no renumbering until a drop
     const std::vector<DrawOrderLevel> levels = model.Levels();
     ASSERT_EQ(levels.size(), 5u);
-    EXPECT_EQ(levels[0].Rows, std::vector<int>{0});
     EXPECT_EQ(levels[3].Rows, std::vector<int>{4});  // the unticked row keeps its place
     EXPECT_EQ(levels[4].Level, 7);
 
     model.MoveToLevel(3, 2);
     EXPECT_EQ(LevelTexts(model), (std::vector<std::string>{"1", "4", "2", "2", "3", ""}));
     EXPECT_EQ(model.Entries(), (std::vector<DrawOrderEntry>{{1, 1, 0}, {2, 3, 0}, {2, 0x10f, 2}, {4, 2, 0}}));
+}
+
+TEST(DrawOrderModel, EntriesLeaveEmptyAndUntickedRowsOutAndKeepDuplicates) {
+    DrawOrderModel model({{1, 0x001, 0}, {3, 0x003, 0}});
+    model.AddRow();                                   // an empty row is dropped
+    model.Rows().push_back({"0", "0", "0", true});    // all zero too
+    model.Rows().push_back({"3", "1", "00", true});   // duplicates stay, sorted in
+    EXPECT_EQ(model.Entries(), (std::vector<DrawOrderEntry>{{1, 1, 0}, {3, 1, 0}, {3, 3, 0}}));
+    model.SetAllKept(false);
+    EXPECT_TRUE(model.Entries().empty());
+
+    EXPECT_FALSE(CheckDrawOrderType(""));
+    EXPECT_TRUE(CheckDrawOrderSubType("3F"));
+    EXPECT_EQ(CheckDrawOrderLevel("0").value_or(EditorMessage{}).Title, "Erreur de saisie dans le champ \"Niveau\"");
 }
 
 }  // namespace

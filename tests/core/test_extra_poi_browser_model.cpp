@@ -18,14 +18,24 @@ Document TwoGroups() {
     return doc;
 }
 
-TEST(ExtraPoiBrowser, ReadsGroupsAndSubIcons) {
+// Type, subtype and data offset of each group.
+std::vector<std::string> GroupTexts(const ExtraPoiBrowserModel& model) {
+    std::vector<std::string> texts;
+    for (const ExtraPoiRecord& group : model.Groups())
+        texts.push_back(group.Type + "/" + group.SubType + "@" + std::to_string(group.Offset));
+    return texts;
+}
+
+struct ExtraPoiBrowser : ::testing::Test {
     Document doc = TwoGroups();
     ScriptedPrompts prompts;
     PoiClipboard clipboard;
-    ExtraPoiBrowserModel model(doc, prompts, clipboard);
+    ExtraPoiBrowserModel model{doc, prompts, clipboard};
+};
+
+TEST_F(ExtraPoiBrowser, ReadsGroupsAndSubIcons) {
     ASSERT_EQ(model.Groups().size(), 2u);
-    EXPECT_EQ(model.Groups()[1].Type, "02f");
-    EXPECT_EQ(model.Groups()[1].SubType, "1f");
+    EXPECT_EQ(model.Groups()[1].Type + "/" + model.Groups()[1].SubType, "02f/1f");
     EXPECT_EQ(model.ListHeading(), "  Liste des icônes  (2)");
 
     model.SelectGroup(0);
@@ -55,21 +65,11 @@ TEST(ExtraPoiBrowser, ReadsGroupsAndSubIcons) {
     ASSERT_FALSE(BuildBinaryTyp(wide, file, {}));
     Document reread;
     ReadBinaryTyp(reread, file, "wide.typ");
-    ExtraPoiBrowserModel wideModel(reread, prompts, clipboard);
-    ASSERT_EQ(wideModel.Groups().size(), model.Groups().size());
-    for (std::size_t i = 0; i < model.Groups().size(); ++i) {
-        EXPECT_EQ(wideModel.Groups()[i].Type, model.Groups()[i].Type);
-        EXPECT_EQ(wideModel.Groups()[i].SubType, model.Groups()[i].SubType);
-        EXPECT_EQ(wideModel.Groups()[i].Offset, model.Groups()[i].Offset);
-    }
+    EXPECT_EQ(GroupTexts(ExtraPoiBrowserModel(reread, prompts, clipboard)), GroupTexts(model));
     EXPECT_TRUE(prompts.Log.empty());
 }
 
-TEST(ExtraPoiBrowser, CopyTakesTheFirstOfFourThumbnailsAndOnlyUpTo64) {
-    Document doc = TwoGroups();
-    ScriptedPrompts prompts;
-    PoiClipboard clipboard;
-    ExtraPoiBrowserModel model(doc, prompts, clipboard);
+TEST_F(ExtraPoiBrowser, CopyTakesTheFirstOfFourThumbnailsAndOnlyUpTo64) {
     model.SelectGroup(0);
     model.ClickSubIcon(2);  // 65 x 10 can be seen, neither copied nor edited
     EXPECT_FALSE(model.ActionsEnabled());
@@ -91,10 +91,8 @@ TEST(ExtraPoiBrowser, CopyTakesTheFirstOfFourThumbnailsAndOnlyUpTo64) {
     EXPECT_EQ(model.ActionSubIcon(), 0);
 }
 
-TEST(ExtraPoiBrowser, NoGroupsAndDamagedGroups) {
-    Document none;
-    ScriptedPrompts prompts;
-    PoiClipboard clipboard;
+TEST_F(ExtraPoiBrowser, NoGroupsAndDamagedGroups) {
+    const Document none;
     ExtraPoiBrowserModel empty(none, prompts, clipboard);
     EXPECT_EQ(empty.ListHeading(), " Liste des Icônes  ( aucune icône )");
     empty.SelectGroup(0);
@@ -102,10 +100,8 @@ TEST(ExtraPoiBrowser, NoGroupsAndDamagedGroups) {
     EXPECT_FALSE(empty.Copy());
 
     // The data ends inside the third sub-icon of the first group.
-    Document cut = TwoGroups();
-    ExtraPoiBrowserModel model(cut, prompts, clipboard);
     model.SelectGroup(0);
-    cut.ExtraPoiDataBytes.resize(model.SubIcons()[2].Offset + 10);
+    doc.ExtraPoiDataBytes.resize(model.SubIcons()[2].Offset + 10);
     model.Refresh();
     model.SelectGroup(0);
     EXPECT_EQ(model.SubIcons().size(), 3u);

@@ -19,24 +19,20 @@ using testing::TrueColourPoi;
 
 constexpr std::int32_t T = kTransparentPixel;
 
-TEST(ObjectPreview, PatternWithTransparentBackground) {
+TEST(ObjectPreview, PolygonsFillTheirTileWithPatternOrColourByDayAndNight) {
     Document doc;
-    doc.Polygons = {Polygon("001", "00", 0x0A, Colours({0xFF0000}))};
-    doc.Polygons[0].PatternBytes[0] = 0x81;  // pixels 0 and 7 of the first row
-    const PixelPicture picture = PreviewOfObject(doc, ObjectRef{ObjectKind::Polygon, 0}).Picture;
-    ASSERT_EQ(picture.Day.size(), 1024u);
-    EXPECT_EQ(picture.Day[0], 0x0000FF);
-    EXPECT_EQ(picture.Day[1], T);
-    EXPECT_EQ(picture.Day[7], 0x0000FF);
-    EXPECT_TRUE(picture.Night.empty());
-}
+    doc.Polygons = {Polygon("001", "00", 0x0A, Colours({0xFF0000})),
+                    Polygon("002", "00", 7, Colours({0x112233, 0x445566}))};
+    doc.Polygons[0].PatternBytes[0] = 0x81;  // pixels 0 and 7 of the first row, on a transparent background
+    const PixelPicture pattern = PreviewOfObject(doc, ObjectRef{ObjectKind::Polygon, 0}).Picture;
+    ASSERT_EQ(pattern.Day.size(), 1024u);
+    EXPECT_EQ(std::vector(pattern.Day.begin(), pattern.Day.begin() + 8),
+              (std::vector<std::int32_t>{0x0000FF, T, T, T, T, T, T, 0x0000FF}));
+    EXPECT_TRUE(pattern.Night.empty());
 
-TEST(ObjectPreview, SolidPolygonFillsItsTileByDayAndNight) {
-    Document doc;
-    doc.Polygons = {Polygon("001", "00", 7, Colours({0x112233, 0x445566}))};
-    const PixelPicture picture = PictureOfObject(doc, ObjectRef{ObjectKind::Polygon, 0});
-    EXPECT_EQ(picture.Day, std::vector<std::int32_t>(1024, 0x332211));
-    EXPECT_EQ(picture.Night, std::vector<std::int32_t>(1024, 0x665544));
+    const PixelPicture solid = PictureOfObject(doc, ObjectRef{ObjectKind::Polygon, 1});
+    EXPECT_EQ(solid.Day, std::vector<std::int32_t>(1024, 0x332211));
+    EXPECT_EQ(solid.Night, std::vector<std::int32_t>(1024, 0x665544));
 }
 
 TEST(ObjectPreview, LinesAreBandsOfTheirWidthOrRows) {
@@ -45,12 +41,9 @@ TEST(ObjectPreview, LinesAreBandsOfTheirWidthOrRows) {
                      Polyline(3 << 3 | 2, 0, Colours({0x123456}), Bytes(12, 0xFF)),
                      Polyline(0, 0, Colours({0x010101, 0x020202}), {1, 5})};  // border of 2 on each side
     const PixelPicture dayAndNight = PictureOfObject(doc, ObjectRef{ObjectKind::Polyline, 0});
-    EXPECT_EQ(dayAndNight.Height, 3);
-    EXPECT_EQ(dayAndNight.Night.front(), 0x222222);
-
+    EXPECT_EQ(std::pair(dayAndNight.Height, dayAndNight.Night.front()), std::pair(3, 0x222222));
     const PixelPicture rows = PictureOfObject(doc, ObjectRef{ObjectKind::Polyline, 1});
-    EXPECT_EQ(rows.Height, 3);
-    EXPECT_EQ(rows.Day.size(), 96u);
+    EXPECT_EQ(std::pair(rows.Height, rows.Day.size()), std::pair(3, std::size_t{96}));
 
     const PixelPicture bordered = PictureOfObject(doc, ObjectRef{ObjectKind::Polyline, 2});
     ASSERT_EQ(bordered.Height, 5);
@@ -97,10 +90,9 @@ TEST(ObjectPreview, ObjectsThatCannotBeDrawnHaveNoPicture) {
     doc.Polylines = {Polyline(0, 0, Colours({1, 2}), {})};      // no widths
     doc.Pois = {PalettePoi(4, 4, 2, 0), PalettePoi(0, 0, 0, 0)};
     doc.Pois[0].Bitmaps[0].PixelBytes.resize(1);
-    EXPECT_TRUE(PictureOfObject(doc, ObjectRef{ObjectKind::Polygon, 0}).Day.empty());
-    EXPECT_TRUE(PictureOfObject(doc, ObjectRef{ObjectKind::Polyline, 0}).Day.empty());
-    EXPECT_TRUE(PictureOfObject(doc, ObjectRef{ObjectKind::Poi, 0}).Day.empty());
-    EXPECT_TRUE(PictureOfObject(doc, ObjectRef{ObjectKind::Poi, 1}).Day.empty());  // no size
+    for (const ObjectRef ref : {ObjectRef{ObjectKind::Polygon, 0}, {ObjectKind::Polyline, 0}, {ObjectKind::Poi, 0},
+                                {ObjectKind::Poi, 1}})  // the last has no size
+        EXPECT_TRUE(PictureOfObject(doc, ref).Day.empty()) << static_cast<int>(ref.Kind) << " " << ref.Row;
     const ObjectPreview outOfRange = PreviewOfObject(doc, ObjectRef{ObjectKind::Poi, 5});
     EXPECT_EQ(outOfRange.Kind, ObjectKind::Poi);
     EXPECT_TRUE(outOfRange.Picture.Day.empty());

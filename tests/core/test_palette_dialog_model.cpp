@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 #include "models/colour/colour_identifier_model.h"
@@ -26,48 +27,53 @@ int BorderedNeighbour(const PaletteDialogModel& dialog) {
 }  // namespace
 
 TEST(PaletteDialog, OpensOnTheCurrentColourFramedWithItsNeighbours) {
-    const Colour current = Rgb(0x7B6541);
-    const PaletteDialogModel dialog(current, PaletteCaller::Editor);
-    EXPECT_EQ(dialog.ChosenColour(), current);
-    EXPECT_EQ(dialog.FramedSquare(), 2 * 48 + 2 * 8 + 2 + 1);
+    const PaletteDialogModel dialog(Rgb(0x7B6541), PaletteCaller::Editor);
+    EXPECT_EQ(dialog.ChosenColour(), Rgb(0x7B6541));
     EXPECT_EQ(dialog.BorderedSquare(), dialog.FramedSquare());
-    EXPECT_FALSE(dialog.CurrentColourOutsidePalette());
-    EXPECT_FALSE(dialog.ChosenColourOutsidePalette());
+    EXPECT_FALSE(dialog.CurrentColourOutsidePalette() || dialog.ChosenColourOutsidePalette());
     EXPECT_EQ(dialog.ChosenColourText(), "#7B6541");
 
     // Levels (1,1,1) enclose it from below: it is the far corner of its cell.
-    const std::vector<Colour> corners{Rgb(0x393020), Rgb(0x7B3020), Rgb(0x7B6520), Rgb(0x396520),
-                                      Rgb(0x393041), Rgb(0x7B3041), Rgb(0x7B6541), Rgb(0x396541)};
-    for (int i = 0; i < 8; ++i) EXPECT_EQ(dialog.Neighbour(kFirstNeighbourSquare + i).Fill, corners[i]) << i;
-    EXPECT_EQ(BorderedNeighbour(dialog), kFirstNeighbourSquare + 6);
+    const std::vector<std::uint32_t> corners{0x393020, 0x7B3020, 0x7B6520, 0x396520,
+                                             0x393041, 0x7B3041, 0x7B6541, 0x396541};
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(dialog.Neighbour(kFirstNeighbourSquare + i).Fill, Rgb(corners[i])) << i;
     EXPECT_EQ(dialog.Neighbour(kFirstNeighbourSquare + 6).Tip, "Couleur Garmin la plus proche : #7B6541");
     EXPECT_EQ(dialog.Neighbour(kFirstNeighbourSquare).Tip, "#393020");
     EXPECT_EQ(dialog.Neighbour(kChosenSquare).Tip, "Couleur Choisie #7B6541");
-    EXPECT_EQ(dialog.Neighbour(kCurrentSquare).Fill, current);
+    EXPECT_EQ(dialog.Neighbour(kCurrentSquare).Fill, Rgb(0x7B6541));
     EXPECT_EQ(dialog.Neighbour(kCurrentSquare).Tip, "#7B6541");
 }
 
-TEST(PaletteDialog, AColourOffThePaletteShowsBothWarningsAndFramesNothing) {
-    const PaletteDialogModel dialog(Rgb(0x7A6541), PaletteCaller::Editor);
-    EXPECT_TRUE(dialog.CurrentColourOutsidePalette());
-    EXPECT_TRUE(dialog.ChosenColourOutsidePalette());
-    EXPECT_EQ(dialog.FramedSquare(), 0);
-    EXPECT_EQ(dialog.BorderedSquare(), 0);
-    EXPECT_EQ(dialog.Neighbour(kChosenSquare).Fill, Rgb(0x7A6541));
-    EXPECT_EQ(BorderedNeighbour(dialog), kFirstNeighbourSquare + 6);  // #7B6541 is the nearest
+TEST(PaletteDialog, FramedSquareAndBorderedNeighbourOfTheOpeningColour) {
+    struct Case {
+        std::uint32_t rgb;
+        int framed, bordered;
+    };
+    const Case cases[] = {
+        {0x7B6541, 2 * 48 + 2 * 8 + 2 + 1, kFirstNeighbourSquare + 6},
+        {0x7A6541, 0, kFirstNeighbourSquare + 6},  // off the palette: #7B6541 is the nearest
+        {0x101010, 241, 0},                        // a grey nearer than every corner
+        {0x000000, 1, kFirstNeighbourSquare},      // black and white have their cells inside the cube
+        {0xFFFFFF, 240, kFirstNeighbourSquare + 6},
+    };
+    for (const Case& c : cases) {
+        const PaletteDialogModel dialog(Rgb(c.rgb), PaletteCaller::Editor);
+        EXPECT_EQ(dialog.FramedSquare(), c.framed) << c.rgb;
+        EXPECT_EQ(BorderedNeighbour(dialog), c.bordered) << c.rgb;
+    }
+    const PaletteDialogModel off(Rgb(0x7A6541), PaletteCaller::Editor);
+    EXPECT_TRUE(off.CurrentColourOutsidePalette() && off.ChosenColourOutsidePalette());
+    EXPECT_EQ(off.BorderedSquare(), 0);
+    EXPECT_EQ(off.Neighbour(kChosenSquare).Fill, Rgb(0x7A6541));
 }
 
 TEST(PaletteDialog, ClicksOnSquaresChooseAndTheFrameFollows) {
     PaletteDialogModel dialog(Rgb(0x7A6541), PaletteCaller::Editor);
-    ASSERT_TRUE(dialog.ChooseSquare(2));
-    EXPECT_EQ(dialog.ChosenColour(), Rgb(0x000020));
-    EXPECT_EQ(dialog.FramedSquare(), 2);
-    EXPECT_FALSE(dialog.ChosenColourOutsidePalette());
-    EXPECT_TRUE(dialog.CurrentColourOutsidePalette());  // about the current colour: never touched again
-
     ASSERT_TRUE(dialog.ChooseSquare(254));
     EXPECT_EQ(dialog.ChosenColour(), Rgb(0xE6E6E6));
     EXPECT_EQ(dialog.FramedSquare(), 254);
+    EXPECT_FALSE(dialog.ChosenColourOutsidePalette());
+    EXPECT_TRUE(dialog.CurrentColourOutsidePalette());  // about the current colour: never touched again
 
     // The current colour's square chooses it again, with its warning.
     ASSERT_TRUE(dialog.ChooseSquare(kCurrentSquare));
@@ -79,27 +85,10 @@ TEST(PaletteDialog, ClicksOnSquaresChooseAndTheFrameFollows) {
     // A neighbour is a square like the others.
     const Colour corner = dialog.Neighbour(kFirstNeighbourSquare + 1).Fill;
     ASSERT_TRUE(dialog.ChooseSquare(kFirstNeighbourSquare + 1));
-    EXPECT_EQ(dialog.ChosenColour(), corner);
     EXPECT_EQ(*PaletteSquareColour(dialog.FramedSquare()), corner);
 
     for (int outside : {0, 255, 260, 271, -1}) EXPECT_FALSE(dialog.ChooseSquare(outside)) << outside;
     EXPECT_EQ(dialog.ChosenColour(), corner);
-}
-
-TEST(PaletteDialog, AGreyNearerThanEveryCornerBordersNoNeighbour) {
-    const PaletteDialogModel dialog(Rgb(0x101010), PaletteCaller::Editor);
-    EXPECT_EQ(dialog.FramedSquare(), 241);
-    EXPECT_EQ(BorderedNeighbour(dialog), 0);
-    EXPECT_EQ(dialog.Neighbour(kFirstNeighbourSquare).Fill, Rgb(0x000000));
-}
-
-TEST(PaletteDialog, BlackAndWhiteHaveTheirCellsInsideTheCube) {
-    const PaletteDialogModel black(Rgb(0x000000), PaletteCaller::Editor);
-    EXPECT_EQ(black.FramedSquare(), 1);
-    EXPECT_EQ(BorderedNeighbour(black), kFirstNeighbourSquare);
-    const PaletteDialogModel white(Rgb(0xFFFFFF), PaletteCaller::Editor);
-    EXPECT_EQ(white.FramedSquare(), 240);
-    EXPECT_EQ(BorderedNeighbour(white), kFirstNeighbourSquare + 6);
 }
 
 TEST(PaletteDialog, CancelGivesBackTheCurrentColourWhateverWasChosen) {
@@ -120,11 +109,9 @@ TEST(PaletteDialog, CancelGivesBackTheCurrentColourWhateverWasChosen) {
 
 TEST(PaletteDialog, ThePipetteChoosesTheLastPixelReadOnRelease) {
     PaletteDialogModel dialog(Rgb(0x393020), PaletteCaller::Editor);
-    EXPECT_EQ(dialog.PipetteButtonColour(), kPipetteIdleColour);
     EXPECT_FALSE(dialog.PipetteMoved(1, 1)) << "no pipette, no reading";
 
     dialog.PipetteStart();
-    EXPECT_TRUE(dialog.PipetteRunning());
     EXPECT_EQ(dialog.PipetteButtonColour(), kPipetteRunningColour);
     EXPECT_TRUE(dialog.PipetteMoved(10, 20));
     dialog.PipettePixel(Rgb(0xABCDEF));
@@ -135,7 +122,7 @@ TEST(PaletteDialog, ThePipetteChoosesTheLastPixelReadOnRelease) {
     EXPECT_EQ(dialog.ChosenColour(), Rgb(0x393020)) << "nothing is chosen before the release";
 
     dialog.PipetteEnd();
-    EXPECT_FALSE(dialog.PipetteRunning());
+    EXPECT_EQ(dialog.PipetteButtonColour(), kPipetteIdleColour);
     EXPECT_EQ(dialog.ChosenColour(), Rgb(0x0000F0));
     EXPECT_EQ(dialog.BorderedSquare(), 0);
     EXPECT_EQ(dialog.FramedSquare(), PaletteSquareOf(Rgb(0x393020))) << "the frame stays where it was";
@@ -144,33 +131,26 @@ TEST(PaletteDialog, ThePipetteChoosesTheLastPixelReadOnRelease) {
 
 TEST(PaletteDialog, TheMagnifierShowsAFifthCentredOnThePointer) {
     const RasterRect area = MagnifierSource(100, 50, 80, 60);
-    EXPECT_EQ(area.Left, 92);
-    EXPECT_EQ(area.Top, 44);
-    EXPECT_EQ(area.Width, 16);
-    EXPECT_EQ(area.Height, 12);
+    EXPECT_EQ(std::tuple(area.Left, area.Top, area.Width, area.Height), std::tuple(92, 44, 16, 12));
 }
 
 TEST(ColoursDialog, EachBarMovesOneChannelOfTheCopy) {
+    const auto pixel = [](std::uint32_t rgb) { return static_cast<RasterColour>(Rgb(rgb)); };
     Raster bitmap(2, 1);
-    bitmap.SetPixel(0, 0, static_cast<RasterColour>(Rgb(0x204060)));
-    bitmap.SetPixel(1, 0, static_cast<RasterColour>(Rgb(0xFF0080)));
+    bitmap.SetPixel(0, 0, pixel(0x204060));
+    bitmap.SetPixel(1, 0, pixel(0xFF0080));
     ColoursDialogModel mixer(bitmap);
 
     EXPECT_EQ(mixer.MoveBar(ColourChannel::Red, ColoursDialogModel::kNeutral), bitmap);
-
     const Raster redUp = mixer.MoveBar(ColourChannel::Red, 255);
-    EXPECT_EQ(redUp.Pixel(0, 0), static_cast<RasterColour>(Rgb(0xFD4060)));  // 32 + 127 x 223 / 128
-    EXPECT_EQ(redUp.Pixel(1, 0), static_cast<RasterColour>(Rgb(0xFF0080)));
+    EXPECT_EQ(redUp.Pixels(), (std::vector{pixel(0xFD4060), pixel(0xFF0080)}));  // 32 + 127 x 223 / 128
 
     // The second bar starts from the copy again: red is back.
     const Raster blueDown = mixer.MoveBar(ColourChannel::Blue, 0);
-    EXPECT_EQ(blueDown.Pixel(0, 0), static_cast<RasterColour>(Rgb(0x204000)));
-    EXPECT_EQ(blueDown.Pixel(1, 0), static_cast<RasterColour>(Rgb(0xFF0000)));
+    EXPECT_EQ(blueDown.Pixels(), (std::vector{pixel(0x204000), pixel(0xFF0000)}));
     EXPECT_EQ(mixer.BarValue(ColourChannel::Red), 255);
     EXPECT_EQ(mixer.Original(), bitmap);
-
-    const Raster greenHalf = mixer.MoveBar(ColourChannel::Green, 64);
-    EXPECT_EQ(greenHalf.Pixel(0, 0), static_cast<RasterColour>(Rgb(0x202060)));
+    EXPECT_EQ(mixer.MoveBar(ColourChannel::Green, 64).Pixel(0, 0), pixel(0x202060));
 }
 
 TEST(ColoursDialog, OpensBesideTheEditor) { EXPECT_EQ(ColoursWindowPosition(100, 50, 400), (WindowPosition{520, 76})); }
@@ -179,8 +159,6 @@ TEST(ColourIdentifier, ReadsTypeAndSubTypeFromTheIdentificationColour) {
     // Red 0x71, green 0x0f, blue 0x1a: type 0x10f, subtype 0x1a; the high byte is not read.
     for (const std::uint32_t colour : {0x001A0F71u, 0xFF1A0F71u}) {
         const ColourIdentity identity = IdentifyColour(colour);
-        EXPECT_EQ(identity.Text, "#710F1A");
-        EXPECT_EQ(identity.Type, "0x10F");
-        EXPECT_EQ(identity.SubType, "0x1A");
+        EXPECT_EQ(identity.Text + " " + identity.Type + " " + identity.SubType, "#710F1A 0x10F 0x1A");
     }
 }

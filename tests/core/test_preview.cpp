@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 
 #include "models/preview/preview_model.h"
 #include "listing_test_support.h"
@@ -29,8 +30,11 @@ bool AllOf(const Raster& raster, RasterColour colour) {
     return std::all_of(raster.Pixels().begin(), raster.Pixels().end(), [&](RasterColour c) { return c == colour; });
 }
 
+// Left, top, width and height.
+using Box = std::array<int, 4>;
+
 // The bounding box of the pixels that differ from the background.
-RasterRect Drawn(const Raster& raster) {
+Box Drawn(const Raster& raster) {
     int left = raster.Width(), top = raster.Height(), right = -1, bottom = -1;
     for (int y = 0; y < raster.Height(); ++y)
         for (int x = 0; x < raster.Width(); ++x)
@@ -40,10 +44,6 @@ RasterRect Drawn(const Raster& raster) {
             }
     if (right < 0) return {};
     return {left, top, right - left + 1, bottom - top + 1};
-}
-
-bool SameRect(RasterRect a, RasterRect b) {
-    return a.Left == b.Left && a.Top == b.Top && a.Width == b.Width && a.Height == b.Height;
 }
 
 ObjectPreviewModel Composed(PreviewMode mode, std::initializer_list<ObjectPreview> picks, int slider = 200) {
@@ -59,32 +59,26 @@ TEST(PreviewThumbnails, TransparentPixelsTakeTheBackground) {
     ObjectPreview poi = Solid(ObjectKind::Poi, 3, 2, kRed, kBlue);
     poi.Picture.Day[1] = kTransparentPixel;
     poi.Picture.Night[4] = kTransparentPixel;
-    ObjectPreviewModel model(kBackground);
-    model.Pick(poi);
+    ObjectPreview pattern = Solid(ObjectKind::Polygon, 32, 32, kTransparentPixel);  // no night form
+    for (int i = 0; i < 32; ++i) pattern.Picture.Day[static_cast<std::size_t>(i) * 33] = kGreen;  // a diagonal
+    ObjectPreviewModel model = Composed(PreviewMode::Seul, {pattern, poi});
     EXPECT_EQ(model.Vignette(4).Pixel(1, 0), kBackground);
     EXPECT_EQ(model.Vignette(4).Pixel(2, 1), RasterColour(kRed));
     EXPECT_EQ(model.Vignette(5).Pixel(1, 1), kBackground);
-    EXPECT_EQ(model.Vignette(5).Width(), 3);
+    EXPECT_EQ(model.Vignette(0).Pixel(5, 5), RasterColour(kGreen));
+    EXPECT_EQ(model.Vignette(0).Pixel(6, 5), kBackground);
+    EXPECT_TRUE(model.Vignette(1).Empty());
+    EXPECT_TRUE(model.State().PolygonShown);
 
     // A new background paints the kept pictures again.
     model.SetBackground(0x000001);
     EXPECT_EQ(model.Vignette(4).Pixel(1, 0), 0x000001u);
 }
 
-TEST(PreviewThumbnails, PatternWithClearBackgroundShowsTheBackground) {
-    ObjectPreview pattern = Solid(ObjectKind::Polygon, 32, 32, kTransparentPixel);
-    for (int i = 0; i < 32; ++i) pattern.Picture.Day[static_cast<std::size_t>(i) * 33] = kGreen;  // a diagonal
-    const ObjectPreviewModel model = Composed(PreviewMode::Seul, {pattern});
-    EXPECT_EQ(model.Vignette(0).Pixel(5, 5), RasterColour(kGreen));
-    EXPECT_EQ(model.Vignette(0).Pixel(6, 5), kBackground);
-    EXPECT_TRUE(model.Vignette(1).Empty());
-    EXPECT_TRUE(model.State().PolygonShown);
-}
-
 TEST(PreviewSeul, PlacesTheZoomedThumbnailInTheMiddle) {
     struct Case {
         int width, height, slider, zoom, left, top;
-        RasterRect seen;
+        Box seen;
     };
     // The zoom is the slider's hundreds, cut; offsets are cut toward zero; an
     // enlargement past the preview is clipped to it.
@@ -97,16 +91,14 @@ TEST(PreviewSeul, PlacesTheZoomedThumbnailInTheMiddle) {
         ASSERT_EQ(model.State().Zoom, c.zoom) << c.slider;
         EXPECT_EQ(SeulOffset(c.zoom, c.width), c.left);
         EXPECT_EQ(SeulOffset(c.zoom, c.height), c.top);
-        EXPECT_TRUE(SameRect(Drawn(model.Apercus(0)), c.seen)) << c.width << " " << c.slider;
+        EXPECT_EQ(Drawn(model.Apercus(0)), c.seen) << c.width << " " << c.slider;
         EXPECT_TRUE(AllOf(model.Apercus(1), kBackground));
     }
 }
 
 TEST(PreviewSeul, ShowsTheNightFormWhenThereIsOne) {
-    // A day-only pick leaves the night preview blank: see the placement cases above.
-    const ObjectPreviewModel both =
-        Composed(PreviewMode::Seul, {Solid(ObjectKind::Polyline, 32, 3, kRed, kBlue)}, 300);
-    EXPECT_TRUE(SameRect(Drawn(both.Apercus(1)), {72, 115, 96, 9}));
+    const ObjectPreviewModel both = Composed(PreviewMode::Seul, {Solid(ObjectKind::Polyline, 32, 3, kRed, kBlue)}, 300);
+    EXPECT_EQ(Drawn(both.Apercus(1)), (Box{72, 115, 96, 9}));
     EXPECT_EQ(both.Apercus(1).Pixel(100, 120), RasterColour(kBlue));
 }
 
@@ -114,35 +106,32 @@ TEST(PreviewSeul, EmptyPoiGivesAnEmptyPreview) {
     ObjectPreview empty;
     empty.Kind = ObjectKind::Poi;  // what the listing gives for a 0 by 0 POI
     const ObjectPreviewModel model = Composed(PreviewMode::Seul, {empty});
-    EXPECT_TRUE(model.Vignette(4).Empty());
-    EXPECT_TRUE(model.Vignette(5).Empty());
-    EXPECT_TRUE(AllOf(model.Apercus(0), kBackground));
-    EXPECT_TRUE(AllOf(model.Apercus(1), kBackground));
+    EXPECT_TRUE(model.Vignette(4).Empty() && model.Vignette(5).Empty());
+    EXPECT_TRUE(AllOf(model.Apercus(0), kBackground) && AllOf(model.Apercus(1), kBackground));
 }
 
 TEST(PreviewMosaique, RepeatsTheTileAndLeavesPoisOut) {
     ObjectPreview polygon = Solid(ObjectKind::Polygon, 32, 32, kRed, kBlue);
     polygon.Picture.Day[0] = kGreen;
     const ObjectPreviewModel model = Composed(PreviewMode::Mosaique, {polygon});
-    EXPECT_TRUE(SameRect(Drawn(model.Apercus(0)), {0, 0, 160, 160}));
-    EXPECT_TRUE(SameRect(Drawn(model.Apercus(1)), {0, 0, 160, 160}));
+    EXPECT_EQ(Drawn(model.Apercus(0)), (Box{0, 0, 160, 160}));
+    EXPECT_EQ(Drawn(model.Apercus(1)), (Box{0, 0, 160, 160}));
     EXPECT_EQ(model.Apercus(0).Pixel(128, 128), RasterColour(kGreen));
     EXPECT_EQ(model.Apercus(0).Pixel(129, 128), RasterColour(kRed));
     EXPECT_FALSE(model.ZoomEnabled());
 
     const ObjectPreviewModel line = Composed(PreviewMode::Mosaique, {Solid(ObjectKind::Polyline, 32, 4, kRed)});
-    EXPECT_TRUE(SameRect(Drawn(line.Apercus(0)), {0, 0, 160, 4}));
+    EXPECT_EQ(Drawn(line.Apercus(0)), (Box{0, 0, 160, 4}));
     EXPECT_TRUE(AllOf(line.Apercus(1), kBackground));
 
     const ObjectPreviewModel poi =
         Composed(PreviewMode::Mosaique, {polygon, Solid(ObjectKind::Poi, 16, 16, kRed, kBlue)});
-    EXPECT_TRUE(AllOf(poi.Apercus(0), kBackground));
-    EXPECT_TRUE(AllOf(poi.Apercus(1), kBackground));
+    EXPECT_TRUE(AllOf(poi.Apercus(0), kBackground) && AllOf(poi.Apercus(1), kBackground));
 }
 
 TEST(PreviewSuperposition, LineBeforeAnyPolygonLiesOnThePlainBackground) {
     const ObjectPreviewModel model = Composed(PreviewMode::Superposition, {Solid(ObjectKind::Polyline, 32, 3, kRed)});
-    EXPECT_TRUE(SameRect(Drawn(model.Apercus(0)), {0, 64, 160, 3}));
+    EXPECT_EQ(Drawn(model.Apercus(0)), (Box{0, 64, 160, 3}));
     EXPECT_TRUE(AllOf(model.Apercus(1), kBackground));  // the line has no night form
 }
 

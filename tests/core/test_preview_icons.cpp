@@ -29,16 +29,14 @@ TEST(IconGrid, FirstActivationAndSliderSetTheCell) {
 TEST(IconGrid, PlacesObjectsInRowsOfWholeCells) {
     const IconGrid grid{5, 2, 520};  // C = 96, five columns of 101
     EXPECT_EQ(grid.Columns(), 5);
-    EXPECT_EQ(grid.RowOf(12), 2);
-    EXPECT_EQ(grid.ColumnOf(12), 2);
+    EXPECT_EQ(std::pair(grid.RowOf(12), grid.ColumnOf(12)), std::pair(2, 2));
     EXPECT_EQ(grid.PictureHeight(11), 3 * 101 + 5);
     EXPECT_EQ(grid.PictureHeight(0), 0);
     EXPECT_EQ((IconGrid{5, 2, 50}.Columns()), 1);  // narrower than a cell
 
     // Centred: Int((C - w * scale) / 2) + (C + margin) * column + margin.
     const RasterRect poi = IconPlacement(grid, 12, 20, 10, 4);
-    EXPECT_EQ(poi.Left, 8 + 202 + 5);
-    EXPECT_EQ(poi.Top, 28 + 202 + 5);
+    EXPECT_EQ(std::pair(poi.Left, poi.Top), std::pair(8 + 202 + 5, 28 + 202 + 5));
     EXPECT_EQ(IconPlacement(grid, 0, 33, 32, 3).Left, -2 + 5);  // Int rounds down
 }
 
