@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "base/bytes.h"
+#include "corpus.h"
 #include "mapsets/registry.h"
 #include "mapsets/typ_ids.h"
 #include "temp_folder.h"
@@ -67,10 +68,6 @@ public:
         return DriveC() / "ProgramData/Garmin/Maps" / name;
     }
 
-    static std::string Read(const std::filesystem::path& path) {
-        std::ifstream in(path, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    }
     static void Write(const std::filesystem::path& path, const std::string& bytes) {
         std::filesystem::create_directories(path.parent_path());
         std::ofstream(path, std::ios::binary) << bytes;
@@ -92,7 +89,8 @@ public:
     std::vector<std::string> OutsideFiles() const {
         std::vector<std::string> files;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(Outside()))
-            if (entry.is_regular_file()) files.push_back(entry.path().filename().string() + "=" + Read(entry.path()));
+            if (entry.is_regular_file())
+                files.push_back(entry.path().filename().string() + "=" + ReadFileText(entry.path()));
         std::sort(files.begin(), files.end());
         return files;
     }
