@@ -85,15 +85,16 @@ public:
                                    std::filesystem::copy_options::overwrite_existing);
         mirvane::WriteTypIds(path, {fid, pid});
     }
-    // Every file below the outside folder, with its content.
-    std::vector<std::string> OutsideFiles() const {
+    // "name=content" of every file below `folder`, links not followed, sorted; none when it is missing.
+    static std::vector<std::string> FilesBelow(const std::filesystem::path& folder) {
         std::vector<std::string> files;
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(Outside()))
-            if (entry.is_regular_file())
-                files.push_back(entry.path().filename().string() + "=" + ReadFileText(entry.path()));
+        std::error_code ignored;
+        for (std::filesystem::recursive_directory_iterator it(folder, ignored), end; it != end; it.increment(ignored))
+            if (!it->is_directory()) files.push_back(it->path().filename().string() + "=" + ReadFileText(it->path()));
         std::sort(files.begin(), files.end());
         return files;
     }
+    std::vector<std::string> OutsideFiles() const { return FilesBelow(Outside()); }
 
     static constexpr const char* kInfoV2 =
         "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n"

@@ -51,8 +51,6 @@ TEST_F(CompilerForm, BrowsingGivesTheToolsSettingAndTheTypFollowsATextOfMoreThan
     ASSERT_TRUE(write);
     EXPECT_EQ(write->Where.Key, "Chemin");
     EXPECT_EQ(write->Value, "/tools/cgpsmapper");
-    EXPECT_EQ(prompts.Log[0].Title, "Emplacement de CGPSmapper");
-    EXPECT_EQ(prompts.Log[0].Text, "Fichiers exécutables (*.exe)");
     form.BrowseForText();
     EXPECT_EQ(form.TypPath(), "/m/b.typ");
 

@@ -38,11 +38,11 @@ TEST_F(LanguagesModelTest, TheChoiceIsStoredAndFrenchAgainAsksForARestartInTheLa
     struct Case {
         const char *Current, *Chosen;
         LanguageChange Change;
-        const char* Stored;  // nullptr: nothing stored
+        std::optional<std::string> Stored;
         std::vector<std::string> Informed;
     };
     const Case cases[] = {
-        {"English", "English", LanguageChange::Unchanged, nullptr, {}},
+        {"English", "English", LanguageChange::Unchanged, std::nullopt, {}},
         {kBuiltInLanguage, "Deutsch", LanguageChange::Translated, "Deutsch", {}},
         {"English", kFrenchRow, LanguageChange::BackToFrench, "Francais", {"Mirvane|Please restart"}},
         // A language file without the message gives the English default.
@@ -60,8 +60,8 @@ TEST_F(LanguagesModelTest, TheChoiceIsStoredAndFrenchAgainAsksForARestartInTheLa
         ASSERT_NE(chosen, model.Rows().end());
         model.SelectedRow = static_cast<int>(chosen - model.Rows().begin());
         EXPECT_EQ(model.ApplyChoice(), c.Change);
-        EXPECT_EQ(LanguageName(), c.Stored ? c.Stored : c.Current);
-        EXPECT_EQ(settings.Get("Paramètres", "Langue"), c.Stored ? std::optional<std::string>(c.Stored) : std::nullopt);
+        EXPECT_EQ(LanguageName(), c.Stored.value_or(c.Current));
+        EXPECT_EQ(settings.Get("Paramètres", "Langue"), c.Stored);
         EXPECT_EQ(prompts.Texts("inform"), c.Informed);
     }
 }
