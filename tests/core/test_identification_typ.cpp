@@ -39,8 +39,7 @@ TEST_P(IdentificationTypTest, ReadsBackCleanAndEveryObjectNamesItself) {
     const IdentificationRange range = IdentificationRangeAt(row);
     const Document doc = SavedAndReadBack(BuildIdentificationTyp(kind, row, 7));
 
-    EXPECT_EQ(doc.ReadErrorLog, "");
-    EXPECT_FALSE(doc.ReadErrorFlag);
+    EXPECT_TRUE(doc.ReadErrorLog.empty() && !doc.ReadErrorFlag) << doc.ReadErrorLog;
     // Polygons of type 0 are left out: no map draws them.
     const int typeZero = kind == ObjectKind::Polygon && range.FirstType == 0 ? (range.WithSubTypes ? 32 : 1) : 0;
     ASSERT_EQ(doc.CountOf(kind), range.ObjectCount() - typeZero);
@@ -52,8 +51,7 @@ TEST_P(IdentificationTypTest, ReadsBackCleanAndEveryObjectNamesItself) {
             SCOPED_TRACE(record.Type + "/" + record.SubType);
             const int t = HexValue(record.Type), s = HexValue(record.SubType);
             codes.insert({t, s});
-            EXPECT_GE(t, range.FirstType);
-            EXPECT_LE(t, range.LastType);
+            EXPECT_TRUE(t >= range.FirstType && t <= range.LastType);
             EXPECT_EQ(LabelTextOf(record.LabelBytes), IdentificationLabelText(t, s, range.WithSubTypes));
             // The colour carries the codes too: blue the subtype, green and red's low nibble the type.
             const std::uint32_t colour = colourOf(record);
