@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "base/bytes.h"
+#include "corpus.h"
 #include "mapsets/registry.h"
 #include "mapsets/typ_ids.h"
 #include "temp_folder.h"
@@ -67,10 +68,6 @@ public:
         return DriveC() / "ProgramData/Garmin/Maps" / name;
     }
 
-    static std::string Read(const std::filesystem::path& path) {
-        std::ifstream in(path, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    }
     static void Write(const std::filesystem::path& path, const std::string& bytes) {
         std::filesystem::create_directories(path.parent_path());
         std::ofstream(path, std::ios::binary) << bytes;
@@ -88,14 +85,16 @@ public:
                                    std::filesystem::copy_options::overwrite_existing);
         mirvane::WriteTypIds(path, {fid, pid});
     }
-    // Every file below the outside folder, with its content.
-    std::vector<std::string> OutsideFiles() const {
+    // "name=content" of every file below `folder`, links not followed, sorted; none when it is missing.
+    static std::vector<std::string> FilesBelow(const std::filesystem::path& folder) {
         std::vector<std::string> files;
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(Outside()))
-            if (entry.is_regular_file()) files.push_back(entry.path().filename().string() + "=" + Read(entry.path()));
+        std::error_code ignored;
+        for (std::filesystem::recursive_directory_iterator it(folder, ignored), end; it != end; it.increment(ignored))
+            if (!it->is_directory()) files.push_back(it->path().filename().string() + "=" + ReadFileText(it->path()));
         std::sort(files.begin(), files.end());
         return files;
     }
+    std::vector<std::string> OutsideFiles() const { return FilesBelow(Outside()); }
 
     static constexpr const char* kInfoV2 =
         "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n"
@@ -125,31 +124,24 @@ private:
     // the family under the plain key is the 64-bit view's and is not listed.
     static constexpr const char* kSystemReg =
         "WINE REGISTRY Version 2\n"
-        ";; All keys relative to \\\\Machine\n"
-        "\n"
-        "#arch=win64\n"
-        "\n"
+        ";; All keys relative to \\\\Machine\n\n"
+        "#arch=win64\n\n"
         "[Software\\\\Garmin\\\\MapSource\\\\Families\\\\Only64] 1700000000\n"
-        "\"ID\"=dword:00000001\n"
-        "\n"
+        "\"ID\"=dword:00000001\n\n"
         "[Software\\\\Wow6432Node\\\\Garmin\\\\MapSource\\\\Families\\\\OSM Topo] 1700000000\n"
         "#time=1d9a1b2c3d4e5f6\n"
         "\"ID\"=hex:e8,03\n"
-        "\"TYP\"=\"C:\\\\Garmin\\\\OSM Topo\\\\osm.typ\"\n"
-        "\n"
+        "\"TYP\"=\"C:\\\\Garmin\\\\OSM Topo\\\\osm.typ\"\n\n"
         "[Software\\\\Wow6432Node\\\\Garmin\\\\MapSource\\\\Families\\\\OSM Topo\\\\1] 1700000000\n"
         "\"BMAP\"=\"C:\\\\Garmin\\\\OSM Topo\\\\basemap.img\"\n"
         "\"LOC\"=\"C:\\\\Garmin\\\\OSM Topo\"\n"
-        "\"TDB\"=\"C:\\\\garmin\\\\osm topo\\\\osm.tdb\"\n"
-        "\n"
+        "\"TDB\"=\"C:\\\\garmin\\\\osm topo\\\\osm.tdb\"\n\n"
         "[Software\\\\Wow6432Node\\\\Garmin\\\\MapSource\\\\Families\\\\OSM Topo\\\\2] 1700000000\n"
         "\"LOC\"=\"C:\\\\Garmin\\\\OSM Topo\\\\Contours\"\n"
-        "\"TDB\"=\"C:\\\\Garmin\\\\OSM Topo\\\\contours.tdb\"\n"
-        "\n"
+        "\"TDB\"=\"C:\\\\Garmin\\\\OSM Topo\\\\contours.tdb\"\n\n"
         "[Software\\\\Wow6432Node\\\\Garmin\\\\MapSource\\\\FamiliesNT\\\\Randonn\\x00e9e\\\\1] 1700000000\n"
         "\"LOC\"=\"C:\\\\Garmin\\\\Rando\"\n"
-        "\"TDB\"=\"C:\\\\Garmin\\\\Rando\\\\rando.tdb\"\n"
-        "\n"
+        "\"TDB\"=\"C:\\\\Garmin\\\\Rando\\\\rando.tdb\"\n\n"
         "[Software\\\\Wow6432Node\\\\Garmin\\\\MapSource\\\\Products\\\\Marine] 1700000000\n"
         "\"LOC\"=\"C:\\\\Garmin\\\\Marine\"\n"
         "\"TDB\"=\"C:\\\\Garmin\\\\Marine\\\\marine.tdb\"\n";

@@ -10,6 +10,16 @@
 using namespace mirvane;
 namespace fs = std::filesystem;
 
+namespace {
+
+struct CompilerForm : ::testing::Test {
+    ScriptedPrompts prompts;
+    CompilerModel form{prompts};
+    const mirvane::testing::TempFolder folder;
+};
+
+}  // namespace
+
 TEST(CompilerModel, CommandIsToolTypInputBlankOutput) {
     const auto command = BuildCompilerCommand("/opt/cgpsmapper", "/m/a.txt", "/m/a.typ");
     ASSERT_TRUE(command);
@@ -19,25 +29,11 @@ TEST(CompilerModel, CommandIsToolTypInputBlankOutput) {
     EXPECT_FALSE(BuildCompilerCommand("", "a.txt", "a.typ"));
 }
 
-TEST(CompilerModel, TypFieldFollowsATextFieldOfMoreThanThreeCharacters) {
-    ScriptedPrompts prompts;
-    CompilerModel form(prompts);
-    form.SetTypPath("kept");
-    form.SetTextPath("txt");
-    EXPECT_EQ(form.TypPath(), "kept");
-    form.SetTextPath("a.txt");
-    EXPECT_EQ(form.TypPath(), "a.typ");
-}
-
-TEST(CompilerModel, SettingIsReadUnderCheminAndTheUserIsToldWhenMissing) {
-    EXPECT_EQ(CompilerPathReadKey().Section, "cGPSmapper");
-    EXPECT_EQ(CompilerPathReadKey().Key, "Chemin");
+TEST_F(CompilerForm, TheToolsPathIsReadUnderCheminAndTheUserIsToldWhenMissing) {
+    EXPECT_EQ(CompilerPathReadKey().Section + "/" + CompilerPathReadKey().Key, "cGPSmapper/Chemin");
     EXPECT_EQ(CompilerPathWriteKey().Key, "Chemin");
-
-    ScriptedPrompts prompts;
-    CompilerModel stored(prompts);
-    stored.LoadToolPath(std::string("/usr/bin/cgpsmapper"));
-    EXPECT_EQ(stored.ToolPath(), "/usr/bin/cgpsmapper");
+    form.LoadToolPath(std::string("/usr/bin/cgpsmapper"));
+    EXPECT_EQ(form.ToolPath(), "/usr/bin/cgpsmapper");
     EXPECT_TRUE(prompts.Log.empty());
 
     CompilerModel missing(prompts);
@@ -48,45 +44,39 @@ TEST(CompilerModel, SettingIsReadUnderCheminAndTheUserIsToldWhenMissing) {
     EXPECT_EQ(prompts.Log[0].Text, "Rechercher le chemin du fichier cGPSmapper.exe");
 }
 
-TEST(CompilerModel, BrowsingForTheToolGivesTheSettingToStore) {
-    ScriptedPrompts prompts;
+TEST_F(CompilerForm, BrowsingGivesTheToolsSettingAndTheTypFollowsATextOfMoreThanThreeCharacters) {
     prompts.Paths = {std::nullopt, std::string("/tools/cgpsmapper"), std::string("/m/b.txt")};
-    CompilerModel form(prompts);
     EXPECT_FALSE(form.BrowseForTool());
     const auto write = form.BrowseForTool();
     ASSERT_TRUE(write);
     EXPECT_EQ(write->Where.Key, "Chemin");
     EXPECT_EQ(write->Value, "/tools/cgpsmapper");
-    EXPECT_EQ(prompts.Log[0].Title, "Emplacement de CGPSmapper");
-    EXPECT_EQ(prompts.Log[0].Text, "Fichiers exécutables (*.exe)");
     form.BrowseForText();
     EXPECT_EQ(form.TypPath(), "/m/b.typ");
+
+    form.SetTypPath("kept");
+    form.SetTextPath("txt");
+    EXPECT_EQ(form.TypPath(), "kept");
 }
 
-TEST(CompilerModel, RunEmptiesTheTargetFirstEvenWithNoToolToStart) {
-    const mirvane::testing::TempFolder folder;
+TEST_F(CompilerForm, RunEmptiesTheTargetFirstEvenWithNoToolToStart) {
     const std::string target = folder.File("target.typ");
-    { std::ofstream(target) << "old content"; }
-    ScriptedPrompts prompts;
-    CompilerModel form(prompts);
-    form.SetToolPath("");
     form.SetTextPath("a.txt");
     form.SetTypPath(target);
-    EXPECT_FALSE(form.Compile());
-    EXPECT_EQ(fs::file_size(target), 0u);
-
-    { std::ofstream(target) << "old content"; }
-    form.SetToolPath("/tools/cgpsmapper");
-    const auto command = form.Compile();
-    ASSERT_TRUE(command);
-    EXPECT_EQ(command->Arguments.back(), target);
-    EXPECT_EQ(fs::file_size(target), 0u);
+    for (const char* tool : {"", "/tools/cgpsmapper"}) {
+        SCOPED_TRACE(tool);
+        std::ofstream(target) << "old content";
+        form.SetToolPath(tool);
+        const auto command = form.Compile();
+        EXPECT_EQ(fs::file_size(target), 0u);
+        EXPECT_EQ(command.has_value(), *tool != '\0');
+        if (command) {
+            EXPECT_EQ(command->Arguments.back(), target);
+        }
+    }
 }
 
-TEST(CompilerModel, BadTargetPathWarnsAndStartsNothing) {
-    const mirvane::testing::TempFolder folder;
-    ScriptedPrompts prompts;
-    CompilerModel form(prompts);
+TEST_F(CompilerForm, BadTargetPathWarnsAndStartsNothing) {
     form.SetToolPath("/tools/cgpsmapper");
     form.SetTypPath(folder.File("no_such_folder/x.typ"));
     EXPECT_FALSE(form.Compile());

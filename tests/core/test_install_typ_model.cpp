@@ -4,6 +4,7 @@
 // without touching a file outside them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "base/file_io.h"
@@ -19,6 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using mirvane::testing::FakeGarminInstall;
+using mirvane::testing::ReadFileText;
 using mirvane::testing::RecordingRegistryWriter;
 
 class InstallTypModelTest : public ::testing::Test {
@@ -48,18 +50,13 @@ protected:
         for (const auto& shown : prompts_.Log) kinds.push_back(shown.Kind);
         return kinds;
     }
-    std::vector<std::string> CacheFiles() const {
-        std::vector<std::string> files;
-        for (const fs::path& folder : environment_.CacheFolders) {
-            std::error_code ignored;
-            for (fs::recursive_directory_iterator it(folder, ignored), end; it != end; it.increment(ignored))
-                if (!it->is_directory()) files.push_back(it->path().filename().string());
-        }
-        std::sort(files.begin(), files.end());
-        return files;
+    bool CachesEmpty() const {
+        return std::all_of(environment_.CacheFolders.begin(), environment_.CacheFolders.end(),
+                           [](const fs::path& folder) { return FakeGarminInstall::FilesBelow(folder).empty(); });
     }
 
     FakeGarminInstall install_;
+    const fs::path style_ = install_.Elsewhere() / "style.typ";  // FID 1000, PID 1
     mirvane::MapsetEnvironment environment_;
     RecordingRegistryWriter* registry_ = nullptr;
     ScriptedPrompts prompts_;
@@ -67,10 +64,12 @@ protected:
     std::unique_ptr<mirvane::InstallTypModel> model_;
 };
 
-TEST_F(InstallTypModelTest, ListsEveryMapsetAndSelectsTheFirst) {
-    EXPECT_EQ(model_->Rows().size(), 7u);
-    EXPECT_EQ(model_->SelectedRow(), 0);
+TEST_F(InstallTypModelTest, SelectsTheFirstMapsetAndOpensItsTypFromThePrefix) {
     EXPECT_EQ(Row().Name, "OSM Topo 2024");
+    EXPECT_TRUE(model_->OpenAssociatedTyp());
+    EXPECT_EQ(opened_, std::vector<std::string>{(install_.DriveC() / "Garmin/OSM Topo/osm.typ").string()});
+    Select("Marine");
+    EXPECT_FALSE(model_->OpenAssociatedTyp());
 
     auto empty = mirvane::WinePrefixEnvironment(install_.Prefix() / "missing", "tester", {});
     mirvane::InstallTypModel none(empty, prompts_, {});
@@ -80,24 +79,29 @@ TEST_F(InstallTypModelTest, ListsEveryMapsetAndSelectsTheFirst) {
     none.Associate();
     EXPECT_FALSE(none.OpenAssociatedTyp());
     EXPECT_EQ(prompts_.Texts("inform"),
-              std::vector<std::string>{"Mirvane|Aucun fichier TYP n'est associé à ce mapset."});
+              std::vector<std::string>(2, "Mirvane|Aucun fichier TYP n'est associé à ce mapset."));
 }
 
-TEST_F(InstallTypModelTest, AFamilyTakesAnyTypAsARegistryValueAndTheFidPidOnYes) {
-    Select("OSM Contours");  // FID 1000, PID 2; the TYP has 1000 and 1
-    const fs::path typ = install_.Elsewhere() / "style.typ";
-    prompts_.Paths = {typ.string()};
-    prompts_.Answers = {true, true};  // adjust the FID/PID, clear the caches
-    model_->Associate();
-
-    const std::string value = environment_.Paths.FromHost(typ);
+TEST_F(InstallTypModelTest, AFamilyTakesAnyTypAsARegistryValueAndTheFidPidOnlyOnYes) {
+    Select("OSM Contours");  // FID 1000, PID 2
+    const std::string value = environment_.Paths.FromHost(style_);
     EXPECT_TRUE(value.starts_with("Z:\\"));
+    prompts_.Paths = {std::nullopt, style_.string(), style_.string()};
+    model_->Associate();  // the dialog cancelled: nothing asked, nothing changed
+    EXPECT_TRUE(registry_->Changes.empty());
+    EXPECT_EQ(Kinds(), std::vector<std::string>{"open"});
+    model_->Associate();  // No to the FID/PID and to the caches
+    EXPECT_EQ(mirvane::ReadTypIds(style_), (mirvane::TypIds{1000, 1}));
+
+    prompts_.Log.clear();
+    prompts_.Answers = {true, true};
+    model_->Associate();
     EXPECT_EQ(registry_->Changes,
-              std::vector<std::string>{"SOFTWARE\\Garmin\\Mapsource\\Families\\OSM Topo TYP=" + value});
+              std::vector<std::string>(2, "SOFTWARE\\Garmin\\Mapsource\\Families\\OSM Topo TYP=" + value));
     EXPECT_EQ(Row().Typ, value);
     EXPECT_EQ(Kinds(), (std::vector<std::string>{"open", "ask", "ask"}));
-    EXPECT_EQ(mirvane::ReadTypIds(typ), (mirvane::TypIds{1000, 2}));
-    EXPECT_TRUE(CacheFiles().empty());
+    EXPECT_EQ(mirvane::ReadTypIds(style_), (mirvane::TypIds{1000, 2}));
+    EXPECT_TRUE(CachesEmpty());
     EXPECT_EQ(install_.OutsideFiles(), (std::vector<std::string>{"keep.txt=keep", "keep2.txt=keep"}));
 
     // Dissociating deletes the value; No keeps the caches.
@@ -108,36 +112,12 @@ TEST_F(InstallTypModelTest, AFamilyTakesAnyTypAsARegistryValueAndTheFidPidOnYes)
     EXPECT_EQ(Kinds(), std::vector<std::string>{"ask"});
 }
 
-TEST_F(InstallTypModelTest, NoToTheFidPidQuestionLeavesTheTypAndACancelledDialogChangesNothing) {
-    Select("OSM Contours");
-    const fs::path typ = install_.Elsewhere() / "style.typ";
-    prompts_.Paths = {std::nullopt, typ.string()};
-    model_->Associate();
-    EXPECT_TRUE(registry_->Changes.empty());
-    EXPECT_EQ(Kinds(), std::vector<std::string>{"open"});
-
-    model_->Associate();
-    EXPECT_EQ(registry_->Changes.size(), 1u);
-    EXPECT_EQ(mirvane::ReadTypIds(typ), (mirvane::TypIds{1000, 1}));
-}
-
 TEST_F(InstallTypModelTest, HighFamilyIdentifiersAreComparedAsTheHeaderHoldsThem) {
-    Select("Randonnée");  // FID 65400, PID 1
-    const fs::path typ = install_.Elsewhere() / "style.typ";
-    FakeGarminInstall::WriteTyp(typ, 65400, 1);
-    prompts_.Paths = {typ.string(), typ.string()};
+    Select("Randonnée");  // FID 65400, PID 1: the header holds -136
+    FakeGarminInstall::WriteTyp(style_, 65400, 1);
+    prompts_.Paths = {style_.string()};
     model_->Associate();
     EXPECT_EQ(prompts_.Texts("ask").size(), 1u);  // only the cache question
-
-    // 65300 is not folded into the signed range: asked even when it is the TYP's.
-    FakeGarminInstall::WriteTdb(install_.DriveC() / "Garmin/Rando/rando.tdb", "Randonn\xe9" "e", 1, 65300);
-    FakeGarminInstall::WriteTyp(typ, 65300, 1);
-    model_->List();
-    Select("Randonnée");
-    prompts_.Log.clear();
-    model_->Associate();
-    ASSERT_EQ(prompts_.Texts("ask").size(), 2u);
-    EXPECT_NE(prompts_.Texts("ask")[0].find("FID"), std::string::npos);
 }
 
 TEST_F(InstallTypModelTest, AnInstalledFolderTakesARelativeEntryAndLosesItAgain) {
@@ -152,7 +132,7 @@ TEST_F(InstallTypModelTest, AnInstalledFolderTakesARelativeEntryAndLosesItAgain)
     EXPECT_EQ(Row().Typ, entry);
     std::string expected = FakeGarminInstall::kInfoV1;
     expected.replace(expected.find("pyr.typ"), 7, entry);
-    EXPECT_EQ(FakeGarminInstall::Read(folder / "info.xml"), expected);
+    EXPECT_EQ(ReadFileText(folder / "info.xml"), expected);
     // The mapset's FID, and no PID: the product is the info file's business.
     EXPECT_EQ(mirvane::ReadTypIds(typ), (mirvane::TypIds{5150, 0}));
     EXPECT_TRUE(registry_->Changes.empty());
@@ -161,7 +141,7 @@ TEST_F(InstallTypModelTest, AnInstalledFolderTakesARelativeEntryAndLosesItAgain)
     EXPECT_EQ(opened_, std::vector<std::string>{typ.string()});
 
     model_->Dissociate();
-    EXPECT_EQ(FakeGarminInstall::Read(folder / "info.xml"),
+    EXPECT_EQ(ReadFileText(folder / "info.xml"),
               "<MapProduct>\n  <Name>Pyrenees</Name>\n  <ID>5150</ID>\n  <IDX>pyr.mdx</IDX>\n</MapProduct>\n");
     EXPECT_TRUE(Row().Typ.empty());
 }
@@ -169,26 +149,25 @@ TEST_F(InstallTypModelTest, AnInstalledFolderTakesARelativeEntryAndLosesItAgain)
 TEST_F(InstallTypModelTest, ATypOnAnotherDriveIsCopiedToTheMapsetsDriveOnlyWhenTheUserSaysSo) {
     Select("Alpes.gmap");
     const fs::path folder = install_.InstalledFolder("Alpes.gmap");
-    const fs::path typ = install_.Elsewhere() / "style.typ";
-    prompts_.Paths = {typ.string()};
+    prompts_.Paths = {style_.string()};
     prompts_.Answers = {false};
     model_->Associate();
-    EXPECT_EQ(FakeGarminInstall::Read(folder / "info_v2.xml"), FakeGarminInstall::kInfoV2);
+    EXPECT_EQ(ReadFileText(folder / "info_v2.xml"), FakeGarminInstall::kInfoV2);
     ASSERT_EQ(prompts_.Texts("ask").size(), 1u);
     EXPECT_NE(prompts_.Texts("ask")[0].find("lecteur  C  , et"), std::string::npos) << prompts_.Texts("ask")[0];
 
     prompts_.Log.clear();
     const fs::path copy = folder / "alpes.typ";
-    prompts_.Paths = {typ.string(), copy.string()};
+    prompts_.Paths = {style_.string(), copy.string()};
     prompts_.Answers = {true, true, false};  // copy, adjust, keep the caches
     model_->Associate();
     EXPECT_EQ(Kinds(), (std::vector<std::string>{"open", "ask", "save", "ask", "ask"}));
     EXPECT_EQ(prompts_.Log[2].Title, "Copier le fichier style.typ vers le disque  C:");
     EXPECT_EQ(Row().Typ, "alpes.typ");
-    EXPECT_EQ(mirvane::InfoTypEntry(FakeGarminInstall::Read(folder / "info_v2.xml"), mirvane::InfoFormat::V2),
+    EXPECT_EQ(mirvane::InfoTypEntry(ReadFileText(folder / "info_v2.xml"), mirvane::InfoFormat::V2),
               "alpes.typ");
     EXPECT_EQ(mirvane::ReadTypIds(copy), (mirvane::TypIds{4242, 0}));
-    EXPECT_EQ(mirvane::ReadTypIds(typ), (mirvane::TypIds{1000, 1}));  // the original stays as it was
+    EXPECT_EQ(mirvane::ReadTypIds(style_), (mirvane::TypIds{1000, 1}));  // the original stays as it was
 }
 
 TEST_F(InstallTypModelTest, RowsThatCannotTakeATypAreRefusedOrIgnored) {
@@ -204,19 +183,11 @@ TEST_F(InstallTypModelTest, RowsThatCannotTakeATypAreRefusedOrIgnored) {
     prompts_.Log.clear();
     environment_ = mirvane::WinePrefixEnvironment(install_.Prefix(), "tester", {});
     Start();
-    prompts_.Paths = {(install_.Elsewhere() / "style.typ").string()};
+    prompts_.Paths = {style_.string()};
     model_->Associate();
     ASSERT_EQ(prompts_.Texts("warn").size(), 1u);
     EXPECT_NE(prompts_.Texts("warn")[0].find("Wine"), std::string::npos);
     EXPECT_EQ(Row().Typ, "C:\\Garmin\\OSM Topo\\osm.typ");
-}
-
-TEST_F(InstallTypModelTest, OpeningFindsTheRegistrysTypInThePrefix) {
-    EXPECT_TRUE(model_->OpenAssociatedTyp());
-    EXPECT_EQ(opened_, std::vector<std::string>{(install_.DriveC() / "Garmin/OSM Topo/osm.typ").string()});
-    Select("Marine");
-    EXPECT_FALSE(model_->OpenAssociatedTyp());
-    EXPECT_EQ(prompts_.Texts("inform").size(), 1u);
 }
 
 TEST_F(InstallTypModelTest, AMacBundleTakesItsTypBehindItsMapIndex) {
@@ -228,7 +199,7 @@ TEST_F(InstallTypModelTest, AMacBundleTakesItsTypBehindItsMapIndex) {
     model_->Associate();
     EXPECT_EQ(Row().Typ, "../../../../../styles/corse.typ");
     const fs::path info = install_.MacHome() / "Library/Application Support/Garmin/Maps/Corse.gmap/Info.xml";
-    EXPECT_EQ(FakeGarminInstall::Read(info),
+    EXPECT_EQ(ReadFileText(info),
               "<MapProduct>\n  <ID>77</ID>\n  <IDX>corse.mdx</IDX>\n  <MDR>corse_mdr.img</MDR>\n\n"
               "  <TYP>../../../../../styles/corse.typ</TYP>\n</MapProduct>\n");
     EXPECT_EQ(prompts_.Texts("ask").size(), 1u);  // same FID and PID: only the cache question
@@ -244,7 +215,7 @@ TEST_F(InstallTypModelTest, ClearingTheCachesKeepsFoldersAndEverythingOutside) {
     EXPECT_FALSE(fs::exists(environment_.CacheFolders[2]));  // MapInstall: missing, so empty
     model_->ClearCaches();
     EXPECT_TRUE(prompts_.Log.empty());
-    EXPECT_TRUE(CacheFiles().empty());
+    EXPECT_TRUE(CachesEmpty());
     EXPECT_TRUE(fs::is_directory(mapSource / "12"));
     EXPECT_TRUE(fs::is_directory(baseCamp / "empty"));
     EXPECT_FALSE(fs::exists(fs::symlink_status(mapSource / "link-to-file")));

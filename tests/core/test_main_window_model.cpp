@@ -3,54 +3,47 @@
 #include <filesystem>
 #include <fstream>
 
-#include "temp_folder.h"
 #include "corpus.h"
-#include "language_folder_test.h"
 #include "document/binary_reader.h"
+#include "language_folder_test.h"
+#include "models/shell/error_list_model.h"
 #include "models/shell/main_window_model.h"
 #include "models/shell/recent_files.h"
 #include "models/shell/startup.h"
 #include "scripted_prompts.h"
+#include "temp_folder.h"
 
 namespace mirvane {
 namespace {
 
 namespace fs = std::filesystem;
-
 using mirvane::testing::TempFolder;
 
-void Touch(const std::string& path) { std::ofstream(path) << "x"; }
-
-TEST(RecentFiles, NewestFirstExistingPathMovesToTopAndTheEighthPushesOut) {
+TEST(RecentFiles, NewestFirstTheEighthPushesOutAndStoringDropsStaleKeys) {
     RecentFiles recent;
     for (int i = 1; i <= 8; ++i) recent.Add("f" + std::to_string(i));
-    recent.Add("f5");
+    recent.Add("f5");  // already there: moves to the top
     ASSERT_EQ(recent.Items().size(), RecentFiles::kCapacity);
-    EXPECT_EQ(recent.Items().front(), "f5");
-    EXPECT_EQ(recent.Items()[1], "f8");
-    EXPECT_EQ(recent.Items().back(), "f2");
-}
+    EXPECT_EQ(recent.Items().front() + recent.Items()[1] + recent.Items().back(), "f5f8f2");
 
-TEST(RecentFiles, StoreAndLoadRestoreTheOrderAndDropStaleKeys) {
     MemorySettingsStore store;
-    RecentFiles recent;
-    for (const char* p : {"a", "b", "c"}) recent.Add(p);
-    recent.Store(store);
+    RecentFiles few;
+    for (const char* p : {"a", "b", "c"}) few.Add(p);
+    few.Store(store);
     EXPECT_EQ(store.GetOr(kRecentFilesSection, "1", ""), "a");  // oldest first
-    recent.Remove("b");
-    recent.Store(store);
+    few.Remove("b");
+    few.Store(store);
     EXPECT_FALSE(store.Get(kRecentFilesSection, "3"));
     RecentFiles again;
     again.Load(store);
     EXPECT_EQ(again.Items(), (std::vector<std::string>{"c", "a"}));
 }
 
-TEST(Startup, FirstRunStoresDefaults) {
+TEST(Startup, FirstRunStoresDefaultsAndAGoneLanguageFallsBackToFrench) {
     MemorySettingsStore store;
     EXPECT_EQ(SettleLanguage(store), "Francais");
     EXPECT_FALSE(SettleUpdateCheck(store));
-    EXPECT_EQ(store.GetOr(kSettingsSection, "Langue", ""), "Francais");
-    EXPECT_EQ(store.GetOr(kSettingsSection, "MajAuto", ""), "0");
+    EXPECT_EQ(store.GetOr(kSettingsSection, "Langue", "") + store.GetOr(kSettingsSection, "MajAuto", ""), "Francais0");
     EXPECT_TRUE(AutoSaveSetting(store));
     store.Set(kSettingsSection, "Langue", "Klingon");  // its file is gone
     EXPECT_EQ(SettleLanguage(store), "Francais");
@@ -78,10 +71,26 @@ TEST(Startup, QuotedCommandLinePathAndLeftOverBackup) {
     EXPECT_EQ(CommandLinePath("\"C:\\Cartes\\ma carte.typ\""), "C:\\Cartes\\ma carte.typ");
     EXPECT_EQ(CommandLinePath("plain.typ"), "plain.typ");
     TempFolder folder;
-    Touch(folder.File("Mirvane.save"));
+    std::ofstream(folder.File("Mirvane.save")) << "x";
     RemoveLeftOverBackup(folder.File(""));
     EXPECT_FALSE(fs::exists(folder.File("Mirvane.save")));
-    EXPECT_EQ(AppVersionText(1, 2, 3), "v1.2.3");
+}
+
+TEST(Startup, UpdateCheckComparesWeightedVersions) {
+    EXPECT_EQ(VersionNumber("1.2.3"), 10203);
+    EXPECT_EQ(VersionNumber("0.10.0\r\n"), 1000);
+    EXPECT_FALSE(VersionNumber("1.2") || VersionNumber("<html>"));
+    EXPECT_EQ(JudgeUpdate(0, 1, 0, "0.1.1"), UpdateVerdict::NewerAvailable);
+    EXPECT_EQ(JudgeUpdate(0, 1, 0, "0.1.0"), UpdateVerdict::UpToDate);
+    EXPECT_EQ(JudgeUpdate(1, 0, 0, "0.9.9"), UpdateVerdict::UpToDate);
+    EXPECT_EQ(JudgeUpdate(0, 1, 0, "not a version"), UpdateVerdict::UpToDate);
+    EXPECT_EQ(JudgeUpdate(0, 1, 0, ""), UpdateVerdict::ShowUpdateWindow);
+}
+
+TEST(ErrorList, TextHasPathBannerAndLog) {
+    EXPECT_EQ(ErrorWindowText("/m/a.typ", "\r\nLigne 3 : \"x\""),
+              "Erreurs rencontrées dans le fichier  : /m/a.typ\r\n" + std::string(150, '*') +
+                  "\r\n\r\n\r\nLigne 3 : \"x\"");
 }
 
 struct ModelFixture : ::testing::Test {
@@ -95,7 +104,6 @@ TEST_F(ModelFixture, NewDocumentHasDefaultsAndIsNeverMarked) {
     doc.State = DocumentState::Loaded;
     doc.Identity = {7, 8, 1250, 174};
     model.New();
-    EXPECT_EQ(model.Title(), "Mirvane v0.1.0 - Nouveau TYP");
     EXPECT_EQ(model.CodePageIndex(), 2);  // 1252
     EXPECT_EQ(model.HeaderSizeIndex(), 0);  // 91
     EXPECT_EQ(model.FidText(), "");
@@ -112,8 +120,7 @@ TEST_F(ModelFixture, NewDocumentHasDefaultsAndIsNeverMarked) {
 TEST_F(ModelFixture, IdentityValueBounds) {
     EXPECT_EQ(model.CheckIdentityValue("0"), 0);
     EXPECT_EQ(model.CheckIdentityValue("65535"), 65535);
-    EXPECT_FALSE(model.CheckIdentityValue("65536"));
-    EXPECT_FALSE(model.CheckIdentityValue(""));
+    EXPECT_FALSE(model.CheckIdentityValue("65536") || model.CheckIdentityValue(""));
     EXPECT_EQ(prompts.Texts("inform"),
               std::vector<std::string>(2, "Erreur de saisie|Il faut rentrer un entier compris entre 0 et 65535"));
 }
@@ -122,8 +129,7 @@ TEST_F(ModelFixture, IdentityValueBounds) {
 // and what picking an item sets.
 TEST_F(ModelFixture, CombosFollowTheDocumentsCodePageAndHeaderSize) {
     struct Case {
-        int codePage, headerSize;
-        int codePageIndex;
+        int codePage, headerSize, codePageIndex;
         const char* unlistedCodePage;
         int headerSizeIndex;
         std::size_t headerSizeItems;
@@ -144,8 +150,7 @@ TEST_F(ModelFixture, CombosFollowTheDocumentsCodePageAndHeaderSize) {
         EXPECT_EQ(model.UnlistedCodePageText(), c.unlistedCodePage);
         EXPECT_EQ(model.HeaderSizeIndex(), c.headerSizeIndex);
         ASSERT_EQ(model.HeaderSizeItems().size(), c.headerSizeItems);
-        const std::string tip = model.HeaderSizeTip();
-        EXPECT_EQ(tip.substr(tip.size() - std::string(c.tipEnd).size()), c.tipEnd);
+        EXPECT_TRUE(model.HeaderSizeTip().ends_with(c.tipEnd)) << model.HeaderSizeTip();
     }
     EXPECT_EQ(model.HeaderSizeItems().back(), "168 octets : format inconnu");
     model.SetHeaderSizeIndex(5);  // the document's own item: nothing to change
@@ -170,9 +175,7 @@ TEST_F(ModelFixture, DrawOrderListShowsTheEntriesAsRows) {
 
 TEST_F(ModelFixture, DeletingThePickedPolygonSendsThePaneBackToTheDocument) {
     model.New();
-    doc.Polygons.push_back(PolygonRecord{});
-    doc.Polygons[0].Type = "003";
-    doc.Polygons[0].SubType = "00";
+    doc.Polygons.resize(1);
     EXPECT_FALSE(model.DeleteObject(ObjectKind::Polygon, -1));  // no selection: no question
     EXPECT_TRUE(prompts.Texts("ask").empty());
     prompts.Answers = {false, true};
@@ -184,14 +187,13 @@ TEST_F(ModelFixture, DeletingThePickedPolygonSendsThePaneBackToTheDocument) {
     EXPECT_TRUE(model.DeleteObject(ObjectKind::Polygon, 0));
     EXPECT_TRUE(doc.Polygons.empty());
     EXPECT_FALSE(model.Selection());  // the pane goes back to the whole document
-    ASSERT_EQ(told.size(), 1u);
-    EXPECT_EQ(told[0], Change::Polygons | Change::File | Change::Selection);
+    EXPECT_EQ(told, std::vector<ChangeSet>{Change::Polygons | Change::File | Change::Selection});
 }
 
 TEST_F(ModelFixture, AnUpperCaseTypEndingOpensAsBinary) {
     TempFolder folder;
     const std::string upper = folder.File("SAMPLE.TYP");
-    std::filesystem::copy_file(std::filesystem::path(MIRVANE_SOURCE_DIR) / "samples" / "sample.typ", upper);
+    fs::copy_file(fs::path(MIRVANE_SOURCE_DIR) / "samples" / "sample.typ", upper);
     ASSERT_TRUE(model.OpenAny(upper));
     EXPECT_FALSE(doc.FromText);
     EXPECT_EQ(doc.PolygonCount(), 16);
@@ -201,10 +203,9 @@ TEST_F(ModelFixture, SaveAsksBeforeOverwritingAndWritesAReadableFile) {
     MIRVANE_REQUIRE_CORPUS();
     TempFolder folder;
     const std::string target = folder.File("copie.typ");
-    Touch(target);
+    std::ofstream(target) << "x";
     ASSERT_TRUE(model.OpenTyp((testing::CorpusDir() / "binary" / "jbm-osm.typ").string()));
-    const int polygons = doc.PolygonCount();
-    const std::string readLog = doc.ReadErrorLog;  // this file's code page is not one of the combo's
+    const Document opened = doc;  // this file's code page is not one of the combo's
     // First answer No to overwriting: the dialog comes again; then Yes.
     prompts.Paths = {target, target};
     prompts.Answers = {false, true};
@@ -213,20 +214,8 @@ TEST_F(ModelFixture, SaveAsksBeforeOverwritingAndWritesAReadableFile) {
     EXPECT_EQ(model.Title(), "Mirvane v0.1.0 - [copie.typ]");
     Document again;
     ASSERT_TRUE(OpenBinaryTyp(again, target));
-    EXPECT_EQ(again.PolygonCount(), polygons);
-    EXPECT_EQ(again.ReadErrorLog, readLog);
-}
-
-TEST(Startup, UpdateCheckComparesWeightedVersions) {
-    EXPECT_EQ(VersionNumber("1.2.3"), 10203);
-    EXPECT_EQ(VersionNumber("0.10.0\r\n"), 1000);
-    EXPECT_FALSE(VersionNumber("1.2").has_value());
-    EXPECT_FALSE(VersionNumber("<html>").has_value());
-    EXPECT_EQ(JudgeUpdate(0, 1, 0, "0.1.1"), UpdateVerdict::NewerAvailable);
-    EXPECT_EQ(JudgeUpdate(0, 1, 0, "0.1.0"), UpdateVerdict::UpToDate);
-    EXPECT_EQ(JudgeUpdate(1, 0, 0, "0.9.9"), UpdateVerdict::UpToDate);
-    EXPECT_EQ(JudgeUpdate(0, 1, 0, "not a version"), UpdateVerdict::UpToDate);
-    EXPECT_EQ(JudgeUpdate(0, 1, 0, ""), UpdateVerdict::ShowUpdateWindow);
+    EXPECT_EQ(again.PolygonCount(), opened.PolygonCount());
+    EXPECT_EQ(again.ReadErrorLog, opened.ReadErrorLog);
 }
 
 }  // namespace

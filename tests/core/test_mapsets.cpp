@@ -51,7 +51,7 @@ TEST(WineRegistryTest, ReadsTheValuesAsWineWritesThem) {
     EXPECT_FALSE(registry.Text("Software\\Maps\\Other", "Path"));
 }
 
-TEST(WineRegistryTest, SubkeysShowAlsoThroughDeeperKeysAndOnce) {
+TEST(WineRegistryTest, SubkeysShowAlsoThroughDeeperKeysAndOnceAndThroughWow6432Node) {
     const mirvane::WineRegistry registry(
         "[Software\\\\G\\\\Families\\\\B\\\\1]\n\"LOC\"=\"x\"\n"
         "[Software\\\\G\\\\Families\\\\a]\n\"ID\"=dword:00000001\n"
@@ -60,15 +60,13 @@ TEST(WineRegistryTest, SubkeysShowAlsoThroughDeeperKeysAndOnce) {
     EXPECT_EQ(registry.SubKeys("Software\\G\\Families"), (std::vector<std::string>{"B", "a"}));
     EXPECT_EQ(registry.SubKeys("Software\\G\\Families\\A"), std::vector<std::string>{"2"});
     EXPECT_TRUE(registry.SubKeys("Software\\G\\Missing").empty());
-}
 
-TEST(WineRegistryTest, A64BitPrefixShowsTheWow6432NodeKeysToGarminsPrograms) {
+    // A 64-bit prefix shows its Wow6432Node keys to Garmin's 32-bit programs.
     const std::string keys =
         "[Software\\\\Garmin\\\\MapSource\\\\Families\\\\Native]\n\"ID\"=dword:00000001\n"
         "[Software\\\\Wow6432Node\\\\Garmin\\\\MapSource\\\\Families\\\\Redirected]\n\"ID\"=dword:00000002\n";
     const mirvane::WineRegistry win64("#arch=win64\n" + keys);
     const mirvane::WineRegistry win32("#arch=win32\n" + keys);
-    EXPECT_TRUE(win64.Is64Bit());
     EXPECT_EQ(win64.SubKeys("SOFTWARE\\Garmin\\Mapsource\\Families"), std::vector<std::string>{"Redirected"});
     EXPECT_EQ(win32.SubKeys("SOFTWARE\\Garmin\\Mapsource\\Families"), std::vector<std::string>{"Native"});
     // A 64-bit prefix where nothing is installed for 32-bit programs reads the plain keys.
@@ -76,49 +74,32 @@ TEST(WineRegistryTest, A64BitPrefixShowsTheWow6432NodeKeysToGarminsPrograms) {
     EXPECT_EQ(plain.Text("SOFTWARE\\Other", "A"), "b");
 }
 
-struct RecordedRuns {
-    std::vector<std::vector<std::string>> Runs;
-    int Status = 0;
-    mirvane::ProgramRunner Runner() {
-        return [this](const std::vector<std::string>& arguments) {
-            Runs.push_back(arguments);
-            return Status;
-        };
-    }
-};
-
 TEST(WineRegistryWriterTest, ChangesGoThroughWineRegAndAreSeenAtOnce) {
     mirvane::WineRegistry registry("#arch=win64\n[Software\\\\Wow6432Node\\\\Garmin\\\\Mapsource\\\\Families\\\\F]\n"
                                    "\"TYP\"=\"C:\\\\old.typ\"\n");
-    RecordedRuns runs;
-    mirvane::WineRegistryWriter writer(registry, runs.Runner());
+    std::vector<std::vector<std::string>> runs;
+    int status = 0;
+    mirvane::WineRegistryWriter writer(registry, [&](const std::vector<std::string>& arguments) {
+        runs.push_back(arguments);
+        return status;
+    });
     const std::string key = "SOFTWARE\\Garmin\\Mapsource\\Families\\F";
 
     EXPECT_FALSE(writer.SetText(key, "TYP", "Z:\\home\\me\\my style.typ"));
     EXPECT_EQ(registry.Text(key, "TYP"), "Z:\\home\\me\\my style.typ");
     EXPECT_FALSE(writer.DeleteValue(key, "TYP"));
     EXPECT_FALSE(registry.Text(key, "TYP"));
-    ASSERT_EQ(runs.Runs.size(), 2u);
-    EXPECT_EQ(runs.Runs[0], (std::vector<std::string>{"wine", "reg", "add", "HKLM\\" + key, "/v", "TYP", "/t", "REG_SZ",
-                                                      "/d", "Z:\\home\\me\\my style.typ", "/f", "/reg:32"}));
-    EXPECT_EQ(runs.Runs[1],
-              (std::vector<std::string>{"wine", "reg", "delete", "HKLM\\" + key, "/v", "TYP", "/f", "/reg:32"}));
+    EXPECT_EQ(runs, (std::vector<std::vector<std::string>>{
+                        {"wine", "reg", "add", "HKLM\\" + key, "/v", "TYP", "/t", "REG_SZ", "/d",
+                         "Z:\\home\\me\\my style.typ", "/f", "/reg:32"},
+                        {"wine", "reg", "delete", "HKLM\\" + key, "/v", "TYP", "/f", "/reg:32"}}));
 
     // A failed run changes nothing and says so.
-    runs.Status = 1;
+    status = 1;
     const mirvane::RegistryFailure failure = writer.SetText(key, "TYP", "C:\\new.typ");
     ASSERT_TRUE(failure);
     EXPECT_NE(failure->find("1"), std::string::npos);
     EXPECT_FALSE(registry.Text(key, "TYP"));
-}
-
-TEST(WineRegistryWriterTest, WithoutWineReadingWorksAndChangingSaysWineIsNeeded) {
-    mirvane::WineRegistry registry("[Software\\\\K]\n\"TYP\"=\"C:\\\\a.typ\"\n");
-    mirvane::WineRegistryWriter writer(registry, {});
-    const mirvane::RegistryFailure failure = writer.SetText("Software\\K", "TYP", "C:\\b.typ");
-    ASSERT_TRUE(failure);
-    EXPECT_NE(failure->find("Wine"), std::string::npos);
-    EXPECT_EQ(registry.Text("Software\\K", "TYP"), "C:\\a.typ");
 }
 
 // --- paths of the map programs
@@ -126,14 +107,11 @@ TEST(WineRegistryWriterTest, WithoutWineReadingWorksAndChangingSaysWineIsNeeded)
 TEST(ProgramPathsTest, AWinePrefixMapsDrivesBothWaysAndFindsNamesWithoutCase) {
     FakeGarminInstall install;
     const auto paths = mirvane::ProgramPaths::Wine(install.Prefix());
-    EXPECT_EQ(paths.ToHost("C:\\GARMIN\\osm topo\\OSM.TDB"), install.DriveC() / "Garmin/OSM Topo/osm.tdb");
     EXPECT_EQ(paths.ToHost("c:/Garmin/OSM Topo/../Rando/./rando.tdb"), install.DriveC() / "Garmin/Rando/rando.tdb");
-    EXPECT_EQ(paths.FromHost(install.DriveC() / "Garmin/Rando"), "C:\\Garmin\\Rando");
     EXPECT_EQ(paths.FromHost(install.DriveC()), "C:\\");
     // Outside drive_c the whole machine is Z:.
     const std::string elsewhere = paths.FromHost(install.Elsewhere() / "style.typ");
-    EXPECT_TRUE(elsewhere.starts_with("Z:\\")) << elsewhere;
-    EXPECT_EQ(paths.ToHost(elsewhere), fs::weakly_canonical(install.Elsewhere() / "style.typ"));
+    EXPECT_EQ(paths.ToHost(elsewhere), fs::weakly_canonical(install.Elsewhere() / "style.typ")) << elsewhere;
     EXPECT_TRUE(paths.ToHost("Q:\\nowhere").empty());
 
     // The links of dosdevices are the drives when there are some.
@@ -148,8 +126,7 @@ TEST(ProgramPathsTest, AWinePrefixMapsDrivesBothWaysAndFindsNamesWithoutCase) {
 
 TEST(ProgramPathsTest, RelativeAndAbsolutePathsOfInfoFiles) {
     struct Case {
-        const char* Target;
-        const char* Base;
+        const char *Target, *Base;
         char Separator;
         const char* Relative;
     };
@@ -182,8 +159,7 @@ TEST(InfoFileTest, TheTypEntryIsSetAfterItsAnchorOrReplacedAndRemovedWithItsLine
     struct Case {
         const char* Name;
         InfoFormat Format;
-        const char* Before;
-        const char* After;  // nullptr: refused
+        const char *Before, *After;  // After nullptr: refused
     };
     const Case cases[] = {
         {"existing entry", InfoFormat::V1, "<ID>1</ID>\n  <TYP>old.typ</TYP>\n", "<ID>1</ID>\n  <TYP>new.typ</TYP>\n"},
@@ -216,72 +192,45 @@ TEST(InfoFileTest, TheTypEntryIsSetAfterItsAnchorOrReplacedAndRemovedWithItsLine
         EXPECT_EQ(mirvane::InfoTypEntry(*changed, c.Format), "new.typ");
         EXPECT_TRUE(mirvane::InfoTypEntry(mirvane::WithoutTypEntry(*changed, c.Format), c.Format).empty());
     }
-}
-
-TEST(InfoFileTest, RemovingTheEntryTakesItsLineAndKeepsTheRestByteForByte) {
-    using mirvane::InfoFormat;
-    EXPECT_EQ(mirvane::WithoutTypEntry(FakeGarminInstall::kInfoV1, InfoFormat::V1),
-              "<MapProduct>\n  <Name>Pyrenees</Name>\n  <ID>5150</ID>\n  <IDX>pyr.mdx</IDX>\n</MapProduct>\n");
     // Set and removed again, a CR LF file is what it was.
     const std::string v2 = FakeGarminInstall::kInfoV2;
     EXPECT_EQ(mirvane::WithoutTypEntry(*mirvane::WithTypEntry(v2, InfoFormat::V2, "a.typ"), InfoFormat::V2), v2);
-    EXPECT_EQ(mirvane::WithoutTypEntry("<TYP>only</TYP>", InfoFormat::V1), "");
     EXPECT_EQ(mirvane::WithoutTypEntry(v2, InfoFormat::V2), v2);
+    EXPECT_EQ(mirvane::WithoutTypEntry("<TYP>only</TYP>", InfoFormat::V1), "");
 }
 
 // --- TDB and TYP headers
 
-TEST(TdbHeaderTest, NameUpToItsZeroInTheWindowsCodePageAndTheTwoIdentifiers) {
+// A TDB's name and identifiers are read in the listing below; files too short to hold them are not.
+TEST(TypIdsTest, ShortHeadersAreRefusedAndMapsetIdentifiersAreComparedAsTheHeaderHoldsThem) {
     mirvane::testing::TempFolder folder;
-    FakeGarminInstall::WriteTdb(folder.Path() / "a.tdb", "Randonn\xe9" "e", 2, 65400);
-    const auto header = mirvane::ReadTdbHeader(folder.Path() / "a.tdb");
-    ASSERT_TRUE(header);
-    EXPECT_EQ(header->Name, "Randonnée");
-    EXPECT_EQ(header->ProductId, 2);
-    EXPECT_EQ(header->FamilyId, 65400);
-
     FakeGarminInstall::Write(folder.Path() / "short.tdb", std::string("\x50\x01\x00\x01\x00", 5));
+    FakeGarminInstall::Write(folder.Path() / "short.typ", "GARMIN TYP");
     EXPECT_FALSE(mirvane::ReadTdbHeader(folder.Path() / "short.tdb"));
     EXPECT_FALSE(mirvane::ReadTdbHeader(folder.Path() / "missing.tdb"));
-}
+    EXPECT_FALSE(mirvane::ReadTypIds(folder.Path() / "short.typ"));
+    EXPECT_FALSE(mirvane::WriteTypIds(folder.Path() / "short.typ", {1, 1}));
 
-TEST(TypIdsTest, MapsetIdentifiersAreComparedAsTheHeaderHoldsThem) {
-    struct Case {
-        std::int64_t Fid, Pid;
-        mirvane::TypIds Expected;
-    };
-    const Case cases[] = {
-        {1000, 1, {1000, 1}},
-        {65400, 1, {-136, 1}},    // folded into the header's signed range
-        {65300, 1, {65300, 1}},   // not folded: never equal to a header
-        {65355, 1, {65355, 1}},
-        {65356, 65536, {-180, 0}},
-    };
-    for (const Case& c : cases) EXPECT_EQ(mirvane::MapsetIdsForTyp(c.Fid, c.Pid), c.Expected) << c.Fid;
+    EXPECT_EQ(mirvane::MapsetIdsForTyp(1000, 1), (mirvane::TypIds{1000, 1}));
+    EXPECT_EQ(mirvane::MapsetIdsForTyp(65400, 1), (mirvane::TypIds{-136, 1}));  // folded into the signed range
+    EXPECT_EQ(mirvane::MapsetIdsForTyp(65300, 1), (mirvane::TypIds{65300, 1}));  // not folded: never a header's
+    EXPECT_EQ(mirvane::MapsetIdsForTyp(65355, 1), (mirvane::TypIds{65355, 1}));
+    EXPECT_EQ(mirvane::MapsetIdsForTyp(65356, 65536), (mirvane::TypIds{-180, 0}));
 }
 
 TEST(TypIdsTest, WritingTheIdentifiersChangesThoseFourBytesOnly) {
     mirvane::testing::TempFolder folder;
     const fs::path typ = folder.Path() / "a.typ";
     FakeGarminInstall::WriteTyp(typ, 1000, 1);
-    mirvane::Bytes before, after;
-    ASSERT_TRUE(mirvane::ReadWholeFile(typ, before));
+    mirvane::Bytes expected, after;
+    ASSERT_TRUE(mirvane::ReadWholeFile(typ, expected));
     EXPECT_EQ(mirvane::ReadTypIds(typ), (mirvane::TypIds{1000, 1}));
-
     ASSERT_TRUE(mirvane::WriteTypIds(typ, mirvane::MapsetIdsForTyp(65400, 3)));
     EXPECT_EQ(mirvane::ReadTypIds(typ), (mirvane::TypIds{-136, 3}));
     ASSERT_TRUE(mirvane::ReadWholeFile(typ, after));
-    ASSERT_EQ(after.size(), before.size());
-    for (std::size_t i = 0; i < before.size(); ++i)
-        if (i < 47 || i > 50) {
-            ASSERT_EQ(after[i], before[i]) << "byte " << i;
-        }
-    EXPECT_EQ(after[47], 0x78);
-    EXPECT_EQ(after[48], 0xFF);
-
-    FakeGarminInstall::Write(folder.Path() / "short.typ", "GARMIN TYP");
-    EXPECT_FALSE(mirvane::ReadTypIds(folder.Path() / "short.typ"));
-    EXPECT_FALSE(mirvane::WriteTypIds(folder.Path() / "short.typ", {1, 1}));
+    ASSERT_GT(expected.size(), 50u);
+    std::copy_n(mirvane::Bytes{0x78, 0xFF, 3, 0}.begin(), 4, expected.begin() + 47);
+    EXPECT_EQ(after, expected);
 }
 
 // --- the listing
@@ -311,16 +260,13 @@ TEST(MapsetCatalogTest, AWinePrefixListsFamiliesProductsAndInstalledFolders) {
               install.DriveC() / "users/tester/AppData/Roaming/GARMIN/MapSource/TileCache");
 }
 
-TEST(MapsetCatalogTest, AMacHomeListsItsGmapBundlesAndAMissingPrefixNothing) {
+TEST(MapsetCatalogTest, AMacHomeListsItsGmapBundles) {
     FakeGarminInstall install;
     const auto mac = mirvane::MacMapsEnvironment(install.MacHome());
     const std::string bundle =
         mirvane::Utf8FromPath(install.MacHome() / "Library/Application Support/Garmin/Maps/Corse.gmap");
     EXPECT_EQ(RowTexts(mirvane::ListMapsets(mac)), std::vector<std::string>{"Corse.gmap|77|||Installed|" + bundle});
     EXPECT_FALSE(mac.Registry);
-
-    const auto none = mirvane::WinePrefixEnvironment(install.Prefix() / "missing", "tester", {});
-    EXPECT_TRUE(mirvane::ListMapsets(none).empty());
 }
 
 }  // namespace

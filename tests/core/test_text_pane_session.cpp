@@ -1,10 +1,13 @@
+// The text pane without widgets: its colours and code page, applying its text,
+// the backups in memory and in Mirvane.save, and the backups window.
 #include <gtest/gtest.h>
-
-#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
 
+#include "corpus.h"
+#include "models/textpane/backups_window_model.h"
+#include "models/textpane/text_backups.h"
 #include "models/textpane/text_pane_session.h"
 #include "scripted_prompts.h"
 #include "temp_folder.h"
@@ -13,38 +16,85 @@
 namespace mirvane {
 namespace {
 
-TEST(PaneColours, ParsesTheColourTableEntries) {
-    EXPECT_EQ(ParseRtfColour("\\red70\\green150\\blue70"), (PaneColour{70, 150, 70}));
+namespace fs = std::filesystem;
+
+TEST(TextPane, ColoursFromTheSettingsOverTheDefaultsAndTheDocumentsCodePage) {
     EXPECT_EQ(ParseRtfColour("\\blue255"), (PaneColour{0, 0, 255}));
     EXPECT_EQ(ParseRtfColour("\\red999\\greenx"), (PaneColour{255, 0, 0}));
     EXPECT_EQ(ParseRtfColour(""), PaneColour{});
-}
-
-TEST(PaneColours, RolesPickTheirEntry) {
-    EXPECT_EQ(PieceColourIndex(PieceRole::Comment), 1);
-    EXPECT_EQ(PieceColourIndex(PieceRole::HeadingComment), 1);
-    EXPECT_EQ(PieceColourIndex(PieceRole::DrawOrderHead), 2);
-    EXPECT_EQ(PieceColourIndex(PieceRole::IdEnd), 2);
-    EXPECT_EQ(PieceColourIndex(PieceRole::Key), 3);
-    EXPECT_EQ(PieceColourIndex(PieceRole::Text), 0);
-}
-
-TEST(PaneColours, SettingsOverrideTheDefaults) {
     MemorySettingsStore settings;
     settings.Set(kSettingsSection, "RtfColour2", "\\red1\\green2\\blue3");
     const auto colours = PaneColours(LoadRtfColours(settings));
+    EXPECT_EQ(colours[1], (PaneColour{70, 150, 70}));  // "\\red70\\green150\\blue70" by default
     EXPECT_EQ(colours[2], (PaneColour{1, 2, 3}));
-    EXPECT_EQ(colours[1], (PaneColour{70, 150, 70}));
-    EXPECT_EQ(colours[3], (PaneColour{255, 0, 0}));
-}
 
-TEST(PaneCodePage, FollowsTheDocumentsCodePageListedOrNot) {
     TypIdentity id;
     EXPECT_EQ(PaneCodePage(id), 1252);
-    id.CodePage = 1251;
-    EXPECT_EQ(PaneCodePage(id), 1251);
-    id.CodePage = 65001;
-    EXPECT_EQ(PaneCodePage(id), 65001);
+    for (int codePage : {1251, 65001}) {
+        id.CodePage = codePage;
+        EXPECT_EQ(PaneCodePage(id), codePage);
+    }
+}
+
+class BackupFolder : public ::testing::Test {
+protected:
+    std::string Folder() const { return folder_.Path().string(); }
+    std::string FileBytes() const { return testing::ReadFileText(folder_.Path() / kBackupFileName); }
+
+    testing::TempFolder folder_;
+};
+
+TEST_F(BackupFolder, EntriesCountEveryBackupAndOverwriteTheLastByteOfTheOneBefore) {
+    const std::string stars(80, '*');
+    EXPECT_EQ(BackupFileEntry("a.typ", 2, "[_id]\r\n"),
+              stars + "\r\na.typ Sauvegarde n°2\r\n" + stars + "\r\n[_id]\r\n\r\r\r");
+
+    TextBackups backups;
+    sauvegardertexte(backups, "zero", false, Folder(), "f.typ");  // counted, not written
+    sauvegardertexte(backups, "one", true, Folder(), "f.typ");
+    sauvegardertexte(backups, "two", true, Folder(), "f.typ");
+    std::string first = BackupFileEntry("f.typ", 2, "one");
+    first.pop_back();  // the last carriage return gives way to the next entry
+    EXPECT_EQ(FileBytes(), first + BackupFileEntry("f.typ", 3, "two"));
+    EXPECT_EQ(backups.Count(), 3u);
+}
+
+TEST_F(BackupFolder, AFailedWriteKeepsTheMemoryBackupAndTheLastSessionsFileGoes) {
+    TextBackups backups;
+    const std::string missing = (folder_.Path() / "no" / "such" / "folder").string();
+    sauvegardertexte(backups, "text", true, missing, "f.typ");
+    EXPECT_EQ(backups.Count(), 1u);
+    EXPECT_FALSE(AppendBackupEntry(missing, "x"));
+
+    ASSERT_TRUE(AppendBackupEntry(Folder(), "old"));
+    RemoveBackupFile(Folder());
+    EXPECT_FALSE(fs::exists(folder_.Path() / kBackupFileName));
+    RemoveBackupFile(Folder());  // none left: no harm
+    ASSERT_TRUE(AppendBackupEntry(Folder(), "new"));
+    EXPECT_EQ(FileBytes(), "new");
+}
+
+TEST(BackupsWindow, OpensOnTheNewestAndStepsInsideTheList) {
+    TextBackups backups;
+    BackupsWindowModel none(backups);
+    EXPECT_EQ(none.Title(), "Sauvegarde au format texte");
+    none.ShowNext();
+    none.ShowPrevious();
+    EXPECT_EQ(none.Text(), "Aucune sauvegarde");
+    EXPECT_FALSE(none.CanShowPrevious() || none.CanShowNext());
+
+    for (const char* text : {"a", "b", "c"}) backups.Add(text);
+    BackupsWindowModel window(backups);
+    EXPECT_EQ(window.Title(), "Dernière sauvegarde au format texte  ( 3/3 )");
+    EXPECT_EQ(window.Text(), "c");
+    EXPECT_TRUE(window.CanShowPrevious() && !window.CanShowNext());
+    for (int i = 0; i < 3; ++i) window.ShowPrevious();  // the third is disabled: stays on the first
+    EXPECT_EQ(window.Title(), "Sauvegarde au format texte  ( 1/3 )");
+    EXPECT_EQ(window.Text(), "a");
+    EXPECT_TRUE(!window.CanShowPrevious() && window.CanShowNext());
+    window.ShowNext();
+    EXPECT_EQ(window.Title(), "Sauvegarde au format texte  ( 2/3 )");
+    EXPECT_TRUE(window.CanShowPrevious() && window.CanShowNext());
 }
 
 class TextPaneSessionTest : public ::testing::Test {
@@ -63,25 +113,34 @@ protected:
     TextPaneSession session_{model_, prompts_};
 };
 
+// The additional POI and the label sections are not in the text and stay.
 TEST_F(TextPaneSessionTest, EmptyWholeTextLeavesAnEmptyDocumentAndMarksIt) {
     ASSERT_EQ(doc_.Polygons.size(), 1u);
+    doc_.Polylines.resize(3);
+    doc_.PolylineCount = 2;
+    doc_.ExtraPolylineCount = 1;
+    doc_.Pois.resize(1);
+    doc_.DrawOrder = {{1, 3, 0}};
+    doc_.ExtraPois.resize(4);
+    doc_.LabelTextBytes = {1, 2};
     session_.Apply("", false);
-    EXPECT_TRUE(doc_.Polygons.empty());
+    EXPECT_TRUE(doc_.Polygons.empty() && doc_.Polylines.empty() && doc_.Pois.empty() && doc_.DrawOrder.empty());
+    EXPECT_EQ(doc_.PolylineCount + doc_.ExtraPolylineCount, 0);
+    EXPECT_EQ(doc_.ExtraPois.size(), 4u);
+    EXPECT_EQ(doc_.LabelTextBytes.size(), 2u);
     EXPECT_FALSE(model_.Selection());
     EXPECT_TRUE(doc_.ModifiedFlag);
     EXPECT_EQ(session_.Backups().Count(), 1u);
-    EXPECT_FALSE(std::filesystem::exists(folder_.Path() / kBackupFileName));
+    EXPECT_FALSE(fs::exists(folder_.Path() / kBackupFileName));
 }
 
 TEST_F(TextPaneSessionTest, BrokenTextOpensTheErrorListOnce) {
     doc_.ReadErrorLog = "old";
     session_.Apply("[_polygon]\r\nType=0x01\r\nXpm=\"0 0 zz 0\"\r\n[end]\r\n", true);
     const auto errors = prompts_.Texts("errors");
-    if (doc_.ReadErrorFlag) {
-        ASSERT_EQ(errors.size(), 1u);
-        EXPECT_EQ(errors[0].find("old"), std::string::npos);
-    }
-    EXPECT_TRUE(std::filesystem::exists(folder_.Path() / kBackupFileName));
+    ASSERT_EQ(errors.size(), 1u);
+    EXPECT_EQ(errors[0].find("old"), std::string::npos);
+    EXPECT_TRUE(fs::exists(folder_.Path() / kBackupFileName));
 }
 
 TEST_F(TextPaneSessionTest, ApplyingOneObjectRebuildsOnlyItAndSelectsItAtItsNewRow) {
@@ -113,14 +172,13 @@ TEST_F(TextPaneSessionTest, LeavingThePaneOffersTheApplyButtonOnlyWhenTheFocusGo
 }
 
 TEST_F(TextPaneSessionTest, SaveTextAsksBeforeReplacingAFile) {
-    const std::string target = (folder_.Path() / "out.txt").string();
-    prompts_.Paths.push_back(target);
+    const std::string target = folder_.File("out.txt");
+    prompts_.Paths = {target, target};
+    prompts_.Answers = {true};
     ASSERT_TRUE(session_.SaveText("a\r\nb"));
-    prompts_.Paths.push_back(target);
-    prompts_.Answers.push_back(true);
     ASSERT_TRUE(session_.SaveText("c"));
     EXPECT_EQ(prompts_.Texts("ask").size(), 1u);
-    EXPECT_EQ(std::filesystem::file_size(target), 1u);
+    EXPECT_EQ(testing::ReadFileText(target), "c");
 }
 
 }  // namespace
