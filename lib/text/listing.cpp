@@ -527,8 +527,8 @@ std::size_t ListingSizeBound(const Document& doc) {
     return 64 * 1024 + 12 * recordBytes;
 }
 
-ListingText ListWholeDocument(Document& doc, const ListingContext& context) {
-    ListingText text;
+ListingText ListWholeDocument(Document& doc, const ListingContext& context, ListingForm form) {
+    ListingText text(form);
     text.Reserve(ListingSizeBound(doc));
     Headings(doc, context, text);
     IdSection(doc, text);
