@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string_view>
 
+#include "base/numbers.h"
 #include "document/bitmap_codec.h"
 #include "document/encoding.h"
 #include "document/object_codec.h"
@@ -24,11 +25,7 @@ T Need(const std::optional<T>& value) {
     return *value;
 }
 
-std::string Hex2(unsigned value) {
-    char buffer[8];
-    std::snprintf(buffer, sizeof buffer, "%02X", value & 0xFF);
-    return buffer;
-}
+std::string Hex2(unsigned value) { return HexDigits(value, 2, HexCase::Upper); }
 
 // "#RRGGBB" of a 0x00BBGGRR colour.
 std::string ColourText(std::uint32_t colour) {
