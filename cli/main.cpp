@@ -1,9 +1,11 @@
 // mirvane-cli: the TYP core from the command line, for scripts and map build pipelines.
 #include <filesystem>
 #include <iostream>
+#include <algorithm>
 #include <map>
 
 #include "commands.h"
+#include "base/working_memory.h"
 #include "lang/lookup.h"
 
 using namespace mirvane::cli;
@@ -38,6 +40,23 @@ void ChooseLanguage(Arguments& args, const std::filesystem::path& programFolder)
     if (name == mirvane::kBuiltInLanguage || mirvane::LanguageExists(name)) mirvane::SetLanguageName(name);
 }
 
+// Memory for a run over the files the command line names (not what follows
+// -o): the input, its records or text, and the output come to about six
+// times the input on the largest shared files.
+void PrepareMemoryForInputs(const Arguments& commandLine) {
+    std::uintmax_t inputBytes = 0;
+    for (std::size_t k = 1; k < commandLine.size(); ++k) {
+        if (commandLine[k] == "-o") {
+            ++k;
+            continue;
+        }
+        std::error_code error;
+        const std::uintmax_t size = std::filesystem::file_size(commandLine[k], error);
+        if (!error) inputBytes += size;
+    }
+    if (inputBytes > 0) mirvane::PrepareWorkingMemory(256 * 1024 + 6 * std::min<std::uintmax_t>(inputBytes, 64 << 20));
+}
+
 // `args` starts with the program's own path.
 int Run(const Arguments& commandLine) {
     Arguments args(commandLine.begin() + 1, commandLine.end());
@@ -70,4 +89,8 @@ int Run(const Arguments& commandLine) {
 
 }  // namespace
 
-int main(int argc, char** argv) { return RunGuarded(Run, Arguments(argv, argv + argc)); }
+int main(int argc, char** argv) {
+    const Arguments commandLine(argv, argv + argc);
+    PrepareMemoryForInputs(commandLine);
+    return RunGuarded(Run, commandLine);
+}

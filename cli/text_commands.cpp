@@ -50,7 +50,7 @@ int DecompileCommand(const Arguments& input) {
     Document doc;
     if (!OpenOrReport(doc, args[0], OpenBinaryTyp) || !CheckFoundTyp(doc, args[0])) return kExitFailure;
     ListingContext context{DateCreationCaption(doc.Header), LocalTime::Now(), !noHeading};
-    std::string text = ListWholeDocument(doc, context).Plain();
+    std::string text = ListWholeDocument(doc, context, ListingForm::PlainOnly).Plain();
     if (utf8) text = "\xEF\xBB\xBF" + DecodeDocumentBytes(text, doc.Identity.CodePage);
     if (toFile) {
         if (!WriteOrReport(output, text)) return kExitFailure;

@@ -14,4 +14,11 @@ std::int64_t LeadingNumber(std::string_view text) {
     return negative ? -value : value;
 }
 
+std::string HexDigits(std::uint32_t value, int digits, HexCase letters) {
+    const char* const alphabet = letters == HexCase::Upper ? "0123456789ABCDEF" : "0123456789abcdef";
+    std::string text(static_cast<std::size_t>(digits > 0 ? digits : 0), '0');
+    for (std::size_t k = text.size(); k > 0 && value != 0; --k, value >>= 4) text[k - 1] = alphabet[value & 0xF];
+    return text;
+}
+
 }  // namespace mirvane

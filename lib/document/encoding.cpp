@@ -1,6 +1,6 @@
 #include "document/encoding.h"
 
-#include <cstdio>
+#include "base/numbers.h"
 
 namespace mirvane {
 
@@ -103,15 +103,8 @@ std::uint32_t LeadingHex(std::string_view text, std::uint32_t limit) {
 
 int HexValue(std::string_view text) { return static_cast<int>(LeadingHex(text, 0x7FFFFFF)); }
 
-static std::string PaddedHex(int value, int digits) {
-    char buffer[16];
-    std::snprintf(buffer, sizeof buffer, "%0*x", digits, static_cast<unsigned>(value));
-    std::string text(buffer);
-    return text.substr(text.size() - digits);
-}
-
-std::string TypeText(int typeNumber) { return PaddedHex(typeNumber, 3); }
-std::string SubTypeText(int subTypeNumber) { return PaddedHex(subTypeNumber, 2); }
+std::string TypeText(int typeNumber) { return HexDigits(static_cast<std::uint32_t>(typeNumber), 3); }
+std::string SubTypeText(int subTypeNumber) { return HexDigits(static_cast<std::uint32_t>(subTypeNumber), 2); }
 
 std::string ListRowText(const std::string& type, const std::string& subType) {
     return "Type=0x" + type + " - SubType=0x" + subType;

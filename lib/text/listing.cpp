@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string_view>
 
+#include "base/numbers.h"
 #include "document/bitmap_codec.h"
 #include "document/encoding.h"
 #include "document/object_codec.h"
@@ -24,11 +25,7 @@ T Need(const std::optional<T>& value) {
     return *value;
 }
 
-std::string Hex2(unsigned value) {
-    char buffer[8];
-    std::snprintf(buffer, sizeof buffer, "%02X", value & 0xFF);
-    return buffer;
-}
+std::string Hex2(unsigned value) { return HexDigits(value, 2, HexCase::Upper); }
 
 // "#RRGGBB" of a 0x00BBGGRR colour.
 std::string ColourText(std::uint32_t colour) {
@@ -527,8 +524,8 @@ std::size_t ListingSizeBound(const Document& doc) {
     return 64 * 1024 + 12 * recordBytes;
 }
 
-ListingText ListWholeDocument(Document& doc, const ListingContext& context) {
-    ListingText text;
+ListingText ListWholeDocument(Document& doc, const ListingContext& context, ListingForm form) {
+    ListingText text(form);
     text.Reserve(ListingSizeBound(doc));
     Headings(doc, context, text);
     IdSection(doc, text);

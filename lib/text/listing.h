@@ -27,7 +27,8 @@ struct ListingContext {
 
 // The whole document, as cmdvoirtxt_Click shows it. Broken objects are
 // logged in doc.ReadErrorLog and left out; the rest is listed.
-ListingText ListWholeDocument(Document& doc, const ListingContext& context);
+ListingText ListWholeDocument(Document& doc, const ListingContext& context,
+                              ListingForm form = ListingForm::Pieces);
 
 // Append the text of one object. An index out of range lists nothing.
 void AffichePolygone(Document& doc, int index, ListingText& text);

@@ -1,8 +1,28 @@
 #include "text/listing_text.h"
 
+#include <utility>
+
 namespace mirvane {
 
+namespace {
+
+// The plain text of a piece: CR LF for line ends, a blank in front of " [End]".
+void AppendPlain(std::string& out, PieceRole role, std::string_view bytes) {
+    switch (role) {
+    case PieceRole::LineBreak:
+    case PieceRole::LabelLineBreak: out += "\r\n"; break;
+    case PieceRole::IdEnd: out += ' '; [[fallthrough]];
+    default: out += bytes; break;
+    }
+}
+
+}  // namespace
+
 void ListingText::Add(PieceRole role, std::string_view bytes) {
+    if (form_ == ListingForm::PlainOnly) {
+        AppendPlain(bytes_, role, bytes);
+        return;
+    }
     const auto offset = static_cast<std::uint32_t>(bytes_.size());
     bytes_.append(bytes);
     // Runs of plain text stay one piece: fewer pieces, same output.
@@ -42,18 +62,17 @@ std::string_view ListingText::BytesOf(const ListingPiece& piece) const {
     return std::string_view(bytes_).substr(piece.Offset, piece.Length);
 }
 
-std::string ListingText::Plain() const {
+std::string ListingText::Plain() const& {
+    if (form_ == ListingForm::PlainOnly) return bytes_;
     std::string out;
     out.reserve(bytes_.size() + pieces_.size() * 2);
-    for (const ListingPiece& piece : pieces_) {
-        switch (piece.Role) {
-        case PieceRole::LineBreak:
-        case PieceRole::LabelLineBreak: out += "\r\n"; break;
-        case PieceRole::IdEnd: out += ' '; [[fallthrough]];
-        default: out += BytesOf(piece); break;
-        }
-    }
+    for (const ListingPiece& piece : pieces_) AppendPlain(out, piece.Role, BytesOf(piece));
     return out;
+}
+
+std::string ListingText::Plain() && {
+    if (form_ == ListingForm::PlainOnly) return std::move(bytes_);
+    return static_cast<const ListingText&>(*this).Plain();
 }
 
 namespace {

@@ -36,8 +36,15 @@ struct RtfColours {
                                          "\\red0\\green0\\blue255", "\\red255\\green0\\blue0"};
 };
 
+// Pieces keep each part's role for the rich form; a plain-only listing
+// (the command line's) writes the plain text straight away and keeps no
+// pieces, a third of the memory.
+enum class ListingForm { Pieces, PlainOnly };
+
 class ListingText {
 public:
+    explicit ListingText(ListingForm form = ListingForm::Pieces) : form_(form) {}
+
     struct Mark {
         std::size_t Pieces = 0;
         std::size_t Bytes = 0;
@@ -47,7 +54,7 @@ public:
     // it grows; room not written to costs nothing.
     void Reserve(std::size_t bytes) {
         bytes_.reserve(bytes);
-        pieces_.reserve(bytes / 4);
+        if (form_ == ListingForm::Pieces) pieces_.reserve(bytes / 4);
     }
     void Add(PieceRole role, std::string_view bytes);
     void Text(std::string_view bytes) { Add(PieceRole::Text, bytes); }
@@ -68,7 +75,8 @@ public:
     std::string_view BytesOf(const ListingPiece& piece) const;
 
     // What the rich text control gives back as text: CR LF line ends, no dress.
-    std::string Plain() const;
+    std::string Plain() const&;
+    std::string Plain() &&;
     // The rich text with its colour table, in one frame.
     std::string Rich(const RtfColours& colours = {}) const;
 
@@ -76,6 +84,7 @@ public:
     std::vector<std::string> Notices;
 
 private:
+    ListingForm form_;
     std::string bytes_;
     std::vector<ListingPiece> pieces_;
 };

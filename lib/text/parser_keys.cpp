@@ -135,13 +135,16 @@ std::string_view XpmHeader::Field(std::size_t k) const {
     return Fields[k];
 }
 
+// Every line of an object is tried against each key it may hold, so the key
+// is compared before any search for the separator.
 std::optional<std::string_view> KeyValue(std::string_view line, std::string_view lowerKey,
                                          std::string_view separators) {
-    const auto separator = line.find_first_of(separators);
-    if (separator == std::string_view::npos) return std::nullopt;
-    const std::string_view key = TrimBlanks(line.substr(0, separator));
-    if (key.size() != lowerKey.size() || !StartsWithNoCase(key, lowerKey)) return std::nullopt;
-    return TrimBlanks(line.substr(separator + 1));
+    std::size_t k = line.find_first_not_of(' ');
+    if (k == std::string_view::npos || !StartsWithNoCase(line.substr(k), lowerKey)) return std::nullopt;
+    k += lowerKey.size();
+    while (k < line.size() && line[k] == ' ') ++k;
+    if (k == line.size() || separators.find(line[k]) == std::string_view::npos) return std::nullopt;
+    return TrimBlanks(line.substr(k + 1));
 }
 
 // Existing texts leave out the closing quote ("Xpm="32 32 2 1") and put
