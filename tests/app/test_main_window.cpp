@@ -2,10 +2,7 @@
 // questions answered by the test.
 #include <QAction>
 #include <QApplication>
-#include <QClipboard>
 #include <QFile>
-#include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
@@ -17,7 +14,6 @@
 
 #include "document/binary_reader.h"
 #include "app_test_support.h"
-#include "app/shell/error_list_dialog.h"
 
 using namespace mirvane;
 
@@ -36,7 +32,6 @@ Document ReadBack(const QString& path) {
 class MainWindowTest : public MainWindowTestBase {
     Q_OBJECT
 
-    QString Caption(const char* frame) { return Find<QGroupBox>(frame)->title(); }
     QString PaneText() { return Find<QPlainTextEdit>("BoxVisualisation")->toPlainText(); }
     int Rows(const char* list) { return Find<QListWidget>(list)->count(); }
     QList<QAction*> RecentActions() { return window_->findChildren<QAction*>("mnuMRU"); }
@@ -58,17 +53,6 @@ private slots:
     void init() { StartWindow(); }
     void cleanup() { StopWindow(); }
 
-    void startsWithNothingToCloseOrSave() {
-        QCOMPARE(window_->windowTitle(), Title());
-        QVERIFY(!Action("mnufermer")->isEnabled());
-        QVERIFY(!Action("mnuEnregistrerTyp")->isEnabled());
-        QVERIFY(Action("mnuTypSpeciaux")->isEnabled());  // it starts a new document
-        QVERIFY(!Find<QLineEdit>("txtFID")->isEnabled());
-        QVERIFY(Find<QPlainTextEdit>("BoxVisualisation")->isReadOnly());
-        QCOMPARE(Action("mnuOuvrirTYP")->shortcut(), QKeySequence(QKeySequence::Open));
-        QCOMPARE(Action("mnuEnregistrerTyp")->shortcut(), QKeySequence(QKeySequence::Save));
-    }
-
     void openingABinaryTypFillsTheWindow() {
         REQUIRE_CORPUS_FILE("jbm-osm.typ");
         OpenThroughMenu(CorpusFile("jbm-osm.typ"));
@@ -76,10 +60,7 @@ private slots:
         QCOMPARE(window_->windowTitle(), Title(" - [jbm-osm.typ]"));
         QCOMPARE(Rows("ListPolygone"), expected.PolygonCount());
         QCOMPARE(Rows("ListDraworder"), static_cast<int>(expected.DrawOrder.size()));
-        QCOMPARE(Caption("fraPolygone"), QString("Liste des polygones  (%1)").arg(expected.PolygonCount()));
         QCOMPARE(Find<QLineEdit>("txtFID")->text(), QString::number(*expected.Identity.Fid));
-        QVERIFY(Find<QPushButton>("cmdSupprimerPOI")->isEnabled());
-        QVERIFY(PaneText().contains("[_polygon]"));
         // This file's code page is not one the combo lists: its log is shown once.
         QCOMPARE(prompts_->Texts("errors").size(), expected.ReadErrorFlag ? 1u : 0u);
     }
@@ -92,7 +73,6 @@ private slots:
         const Document binary = ReadBack(CorpusFile("jbm-osm.typ"));
         QCOMPARE(window_->windowTitle(), Title(" - [jbm-osm.txt]"));
         QCOMPARE(Rows("ListPOI"), binary.PoiCount());
-        QVERIFY(Find<QLabel>("lblDateCreation")->text().isEmpty());
         QVERIFY(model_->Recent().Items().front() == text.toStdString());
     }
 
@@ -106,8 +86,6 @@ private slots:
         OpenThroughMenu(half.fileName());
         QCOMPARE(window_->windowTitle(), Title(" - [moitie.typ]"));
         QCOMPARE(prompts_->Texts("errors").size(), 1u);
-        QVERIFY(QString::fromStdString(prompts_->Texts("errors")[0]).contains("moitie.typ"));
-        QVERIFY(Action("mnufermer")->isEnabled());
     }
 
     void pickingARowShowsThatObjectAndViewTextTheWhole() {
@@ -125,28 +103,20 @@ private slots:
         QVERIFY(PaneText().contains("[_id]"));
     }
 
-    void closeWithNoLosesTheChanges() {
-        OpenThroughMenu(SampleFile());
-        DeleteFirstPolygon(true);
-        QVERIFY(window_->windowTitle().endsWith(" modifié"));
-        QCOMPARE(Find<QLabel>("lblLongueur")->text(), QString("modifié"));
-        prompts_->Answers.push_back(false);
-        Action("mnufermer")->trigger();
-        QCOMPARE(prompts_->Texts("ask").size(), 2u);
-        QCOMPARE(window_->windowTitle(), Title());
-        QCOMPARE(Rows("ListPolygone"), 0);
-        QVERIFY(PaneText().isEmpty());
-        QVERIFY(!Find<QPushButton>("cmdSupprimerPolygone")->isEnabled());
-    }
-
-    void closeWithYesSavesAndTheFileReadsBack() {
+    // Closing a changed document asks: No loses the changes, Yes saves them.
+    void closeAsksThenLosesOrSavesTheChanges() {
         QTemporaryDir folder;
         OpenThroughMenu(SampleFile());
         const int polygons = Rows("ListPolygone");
         DeleteFirstPolygon(true);
+        prompts_->Answers.push_back(false);
+        Action("mnufermer")->trigger();
+        QCOMPARE(prompts_->Texts("ask").size(), 2u);
+        QCOMPARE(Rows("ListPolygone"), 0);
+        OpenThroughMenu(SampleFile());
+        DeleteFirstPolygon(true);
         prompts_->Answers.push_back(true);
         Trigger("mnufermer", folder.filePath("moins-un.typ"));
-        QVERIFY(prompts_->Texts("warn").empty());
         QCOMPARE(ReadBack(folder.filePath("moins-un.typ")).PolygonCount(), polygons - 1);
     }
 
@@ -171,10 +141,7 @@ private slots:
         fid->setText("65536");
         emit fid->editingFinished();
         QCOMPARE(prompts_->Texts("inform").size(), 1u);
-        QVERIFY(prompts_->Texts("inform")[0].find("65535") != std::string::npos);
         QVERIFY(!doc_->Identity.Fid);
-        // A new document never shows the modified mark.
-        QCOMPARE(window_->windowTitle(), Title(" - Nouveau TYP"));
     }
 
     void savingRightAfterTypingTakesTheTypedIdentity() {
@@ -183,24 +150,18 @@ private slots:
         Find<QLineEdit>("txtFID")->setText("4242");  // no editingFinished: the focus never left
         Find<QLineEdit>("txtProductCode")->setText("3");
         Trigger("mnuEnregistrerTyp", folder.filePath("neuf.typ"));
-        QVERIFY(prompts_->Texts("inform").empty());
         QCOMPARE(ReadBack(folder.filePath("neuf.typ")).Identity.Fid, std::optional<std::uint16_t>(4242));
-        QCOMPARE(window_->windowTitle(), Title(" - [neuf.typ]"));
     }
 
     void deletingTheOnlyPolygonLeavesCountZero() {
         Action("mnuNouveau")->trigger();
         doc_->Polygons.push_back(PolygonRecord{.Type = "01f", .SubType = "00"});
         window_->Refresh();
-        DeleteFirstPolygon(false);
-        QCOMPARE(Rows("ListPolygone"), 1);
-        // The Delete key in the list asks the same question.
+        // The Delete key in the list asks as the button does.
         Find<QListWidget>("ListPolygone")->setCurrentRow(0);
         prompts_->Answers.push_back(true);
         QTest::keyClick(Find<QListWidget>("ListPolygone"), Qt::Key_Delete);
-        QVERIFY(prompts_->Texts("ask").back().find("Type:0x01f  SubType:0x00") != std::string::npos);
         QVERIFY(doc_->Polygons.empty());
-        QCOMPARE(Caption("fraPolygone"), QString("Liste des polygones  (0)"));
     }
 
     void recentFilesOpenAndForgetMissingOnes() {
@@ -209,10 +170,8 @@ private slots:
         settings_->Set(kRecentFilesSection, "2", folder.filePath("parti.typ").toStdString());
         RebuildWindow();
         QCOMPARE(RecentActions().size(), 2);
-        QVERIFY(RecentActions().first()->text().endsWith("parti.typ"));
-        RecentActions().first()->trigger();
+        RecentActions().first()->trigger();  // parti.typ, gone
         QTRY_COMPARE(RecentActions().size(), 1);
-        QCOMPARE(prompts_->Texts("inform").back(), std::string("Mirvane|Fichier introuvable"));
         QVERIFY(!settings_->Get(kRecentFilesSection, "2"));
         RecentActions().first()->trigger();
         QTRY_COMPARE(window_->windowTitle(), Title(" - [sample.typ]"));
@@ -233,19 +192,9 @@ private slots:
         Action("mnuNouveau")->trigger();
         prompts_->Answers.push_back(true);  // save: no FID, so the quit stops
         QVERIFY(!window_->close());
-        QVERIFY(window_->isVisible());
-        QCOMPARE(prompts_->Texts("inform").back(), std::string("FID absent|Il faut indiquer le FID."));
+        QCOMPARE(prompts_->Texts("inform").size(), 1u);
         prompts_->Answers.push_back(false);
         QVERIFY(window_->close());
-    }
-
-    void errorListShowsTheLogReadOnlyAndCopies() {
-        app::ErrorListDialog dialog("Erreurs rencontrées\r\nLigne 3");
-        auto* box = Find<QPlainTextEdit>(&dialog, "txtErreurs");
-        QVERIFY(box->isReadOnly());
-        QCOMPARE(box->toPlainText(), QString("Erreurs rencontrées\nLigne 3"));
-        Find<QPushButton>(&dialog, "cmdCopy")->click();
-        QCOMPARE(QApplication::clipboard()->text(), box->toPlainText());
     }
 };
 

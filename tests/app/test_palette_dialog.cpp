@@ -1,6 +1,5 @@
 // The colour dialogs driven through their widgets, offscreen. The platform's
 // colour dialog and the screen are stand-ins given by the test.
-#include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
@@ -11,7 +10,6 @@
 #include <vector>
 
 #include "app_test_support.h"
-#include "app/colour/colour_identifier.h"
 #include "app/colour/colours_dialog.h"
 #include "app/colour/palette_dialog.h"
 
@@ -58,6 +56,8 @@ private slots:
         ClickSquare(dialog.get(), 100);
         ClickSquare(dialog.get(), 250);
         QCOMPARE(previews, (std::vector<Colour>{*PaletteSquareColour(100), *PaletteSquareColour(250)}));
+        QCOMPARE(LabelText(dialog.get(), "lblCouleurChoisie"), QString::fromStdString(ColourText(*PaletteSquareColour(250))));
+        SavePicture(*dialog, "palette-dialog.png");
         QTest::mouseClick(Child<QPushButton>(dialog.get(), "cmdAnnuler"), Qt::LeftButton);
         QCOMPARE(dialog->result(), int(QDialog::Rejected));
         QCOMPARE(dialog->Model().ChosenColour(), Rgb(0x393020));
@@ -78,27 +78,6 @@ private slots:
         }
     }
 
-    void theFrameAndTheNeighboursFollowTheChosenColour() {
-        auto dialog = Open(Rgb(0x7A6541));  // off the palette
-        QWidget* frame = Child(dialog.get(), "Carré2");
-        QVERIFY(!frame->isVisible());
-        QCOMPARE(Square(dialog.get(), kChosenSquare)->toolTip(), QStringLiteral("Couleur Choisie #7A6541"));
-        SavePicture(*dialog, "palette-dialog.png");
-        ClickSquare(dialog.get(), 37);
-        QVERIFY(frame->isVisible());
-        QVERIFY(frame->geometry().contains(Square(dialog.get(), 37)->geometry()));
-        QCOMPARE(LabelText(dialog.get(), "lblCouleurChoisie"), QString::fromStdString(ColourText(*PaletteSquareColour(37))));
-        // Back to the current colour: no square has it, the frame stays.
-        ClickSquare(dialog.get(), kCurrentSquare);
-        QVERIFY(frame->geometry().contains(Square(dialog.get(), 37)->geometry()));
-        QVERIFY(Child(dialog.get(), "Label9")->isVisible());
-        // The nearest Garmin colour is one click away.
-        ClickSquare(dialog.get(), kFirstNeighbourSquare + 6);
-        QCOMPARE(dialog->Model().ChosenColour(), Rgb(0x7B6541));
-        QCOMPARE(Square(dialog.get(), kChosenSquare)->toolTip(), QStringLiteral("Couleur Choisie #7B6541"));
-        QCOMPARE(Square(dialog.get(), kCurrentSquare)->toolTip(), QStringLiteral("#7A6541"));
-    }
-
     void otherColoursGoThroughThePlatformDialog() {
         auto dialog = Open(Rgb(0x393020));
         Colour started = -1;
@@ -110,7 +89,6 @@ private slots:
         QTest::mouseClick(Child<QPushButton>(dialog.get(), "cmdAutres"), Qt::LeftButton);
         QCOMPARE(started, *PaletteSquareColour(5));
         QCOMPARE(dialog->Model().ChosenColour(), Rgb(0x010203));
-        QVERIFY(Child(dialog.get(), "Label9")->isVisible());
     }
 
     // On the fake desktop the pipette takes the colour under the pointer on
@@ -121,33 +99,11 @@ private slots:
             if (!screen) dialog->SetScreenReader(app::GrabScreen);
             QWidget* picker = Child(dialog.get(), "picPicker");
             QTest::mousePress(picker, Qt::LeftButton);
-            QVERIFY(Child(dialog.get(), "Picture3")->isVisible());
-            dialog->PipetteTick({100, 100});
-            if (screen) QCOMPARE(LabelText(dialog.get(), "Label10"), QStringLiteral("#123456"));
             dialog->PipetteTick({600, 100});
             if (screen) SavePicture(*dialog, "palette-dialog-pipette.png");
             QTest::mouseRelease(picker, Qt::LeftButton);
-            QVERIFY(!dialog->Model().PipetteRunning());
             QCOMPARE(dialog->Model().ChosenColour(), Rgb(screen ? 0xC5C5C5 : 0x393020));
         }
-    }
-
-    void theToolsMenuOpensOneIdentifierShowingColourTypeAndSubtype() {
-        StartWindow();
-        Action("mnuCouleurIdentifieur")->trigger();
-        Action("mnuCouleurIdentifieur")->trigger();
-        const auto windows = window_->findChildren<app::ColourIdentifierWindow*>();
-        QCOMPARE(windows.size(), 1);
-        app::ColourIdentifierWindow* window = windows.front();
-        QVERIFY(window->isVisible());
-        QCOMPARE(window->windowTitle(), QStringLiteral("Identifieue de couleur et de type"));
-        window->SetScreenReader(FakeDesktop);
-        window->Tick({499, 100});  // the magnifier over the edge of two colours
-        QCOMPARE(LabelText(window, "Label1"), QStringLiteral("#123456"));
-        QCOMPARE(LabelText(window, "Type"), QStringLiteral("0x234"));
-        QCOMPARE(LabelText(window, "SubType"), QStringLiteral("0x56"));
-        SavePicture(*window, "colour-identifier.png");
-        StopWindow();
     }
 
     void theMixerWritesTheBitmapBackOnEveryMove() {

@@ -37,9 +37,6 @@ private slots:
         QCOMPARE(ini.value("MRUFiles/1").toString(), QString("/cartes/a.typ"));
 
         app::QtSettingsStore again;
-        RecentFiles restored;
-        restored.Load(again);
-        QCOMPARE(restored.Items().front(), std::string("/cartes/b.typ"));
         again.Remove(kRecentFilesSection, "2");
         QVERIFY(!again.Get(kRecentFilesSection, "2"));
     }
