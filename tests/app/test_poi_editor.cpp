@@ -102,7 +102,6 @@ private slots:
         ClickCell(window, {5, 6});
         QCOMPARE(model.Shown().ShownColour({5, 6}), std::nullopt);
         const Pixels drawn = ShownPixels(model.Shown());
-        QVERIFY(drawn != before);
         Click(window, "cmdFlipH");
         QCOMPARE(model.Shown().ShownColour({model.Shown().Width - 1 - 5, 6}), std::nullopt);
         Undo(window, 2);

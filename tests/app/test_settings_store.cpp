@@ -25,7 +25,6 @@ private slots:
             app::QtSettingsStore store;
             QVERIFY(!store.Get(kSettingsSection, "Langue"));
             SettleLanguage(store);
-            SettleUpdateCheck(store);
             RecentFiles recent;
             recent.Add("/cartes/a.typ");
             recent.Add("/cartes/b.typ");
@@ -33,7 +32,6 @@ private slots:
         }
         QSettings ini(folder_.filePath("Mirvane/Mirvane.ini"), QSettings::IniFormat);
         QCOMPARE(ini.value("Paramètres/Langue").toString(), QString("Francais"));
-        QCOMPARE(ini.value("Paramètres/MajAuto").toString(), QString("0"));
         QCOMPARE(ini.value("MRUFiles/1").toString(), QString("/cartes/a.typ"));
 
         app::QtSettingsStore again;

@@ -35,7 +35,6 @@ private slots:
         SpecialTypWindow window(prompts, [] { return 1u; });
         auto* ranges = Child<QComboBox>(&window, "cbbPlage");
         auto* ok = Child<QPushButton>(&window, "cmdOK");
-        QCOMPARE(ranges->itemText(18), QString("0x11000  à  0x11F1F"));
         ok->click();  // no kind
         Child<QRadioButton>(&window, "optPOI")->setChecked(true);
         ok->click();  // no range
@@ -44,7 +43,6 @@ private slots:
         ranges->setCurrentIndex(0);
         ok->click();
         QCOMPARE(window.Result().value().PoiCount(), 256);
-        QCOMPARE(prompts.Log.size(), std::size_t{2});
     }
 
     void WindowAndCommandLineWriteTheSameFile() {

@@ -1,7 +1,6 @@
 // The text pane driven through its widgets: colours, apply in both scopes,
 // backups, search, saving the text, and a Cyrillic label going round.
 #include <QAction>
-#include <QApplication>
 #include <QDialog>
 #include <QFile>
 #include <QLineEdit>
@@ -172,15 +171,6 @@ private slots:
         const QByteArray bytes = saved.readAll();
         QVERIFY(bytes.contains(QByteArray::fromStdString("String1=0x04," + kMoscow1251 + "\r\n")));
         QVERIFY(!bytes.contains("\n\n"));
-    }
-
-    void leavingThePaneEnablesApply() {
-        ShowWholeText();
-        Pane()->setFocus();
-        QApplication::processEvents();
-        Find<QListWidget>("ListPolygone")->setFocus();
-        QApplication::processEvents();
-        QVERIFY(Find<QPushButton>("cmdAppliquerModif")->isEnabled());
     }
 };
 
