@@ -1,10 +1,7 @@
-// Helpers shared by the listing tests: small records and a reader of the
-// rich form that gives back its text as the rich text control would.
+// Small records shared by the listing and codec tests.
 #pragma once
 
-#include <cctype>
 #include <string>
-#include <string_view>
 
 #include "document/document.h"
 #include "document/encoding.h"
@@ -82,38 +79,6 @@ inline Document LoadedDocument() {
     doc.Identity.Fid = 42;
     doc.Identity.ProductCode = 1;
     return doc;
-}
-
-// Text of a rich form: groups and control words go, \par is CR LF, the
-// colour table is skipped. Enough for what the listing writes.
-inline std::string RichToPlain(std::string_view rich) {
-    std::string out;
-    int depth = 0;
-    int tableDepth = -1;  // depth of the \colortbl group while inside it
-    for (std::size_t i = 0; i < rich.size();) {
-        const char c = rich[i];
-        if (c == '{') {
-            ++depth;
-            ++i;
-        } else if (c == '}') {
-            if (depth == tableDepth) tableDepth = -1;
-            --depth;
-            ++i;
-        } else if (c == '\\') {
-            std::size_t j = i + 1;
-            while (j < rich.size() && std::isalpha(static_cast<unsigned char>(rich[j]))) ++j;
-            const std::string_view word = rich.substr(i + 1, j - i - 1);
-            while (j < rich.size() && (std::isdigit(static_cast<unsigned char>(rich[j])) || rich[j] == '-')) ++j;
-            if (j < rich.size() && rich[j] == ' ') ++j;
-            if (word == "colortbl") tableDepth = depth;
-            if (word == "par" && tableDepth < 0) out += "\r\n";
-            i = j;
-        } else {
-            if (tableDepth < 0) out += c;
-            ++i;
-        }
-    }
-    return out;
 }
 
 }  // namespace mirvane::testing

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 #include "document/binary_reader.h"
 #include "document/binary_writer.h"
@@ -26,53 +27,31 @@ inline Document ReadTyp(const Bytes& file, const std::string& path = "test.typ")
     return doc;
 }
 
-inline std::string Describe(const std::string& kind, std::size_t i, const std::string& type,
-                            const std::string& subType) {
-    return kind + " #" + std::to_string(i) + " " + type + "/" + subType;
+// Each record kind's fields as one tuple, so a failure shows them all.
+inline auto Fields(const PolygonRecord& r) {
+    return std::tie(r.Type, r.SubType, r.Flags, r.ColourBytes, r.PatternBytes, r.LabelBytes, r.ExtendedLabelBytes);
 }
 
-inline void ExpectSamePolygon(const PolygonRecord& x, const PolygonRecord& y) {
-    EXPECT_EQ(x.Type, y.Type);
-    EXPECT_EQ(x.SubType, y.SubType);
-    EXPECT_EQ(x.Flags, y.Flags);
-    EXPECT_EQ(x.ColourBytes, y.ColourBytes);
-    EXPECT_EQ(x.PatternBytes, y.PatternBytes);
-    EXPECT_EQ(x.LabelBytes, y.LabelBytes);
-    EXPECT_EQ(x.ExtendedLabelBytes, y.ExtendedLabelBytes);
+inline auto Fields(const PolylineRecord& r) {
+    return std::tie(r.Type, r.SubType, r.Flags1, r.Flags2, r.ColourBytes, r.PatternBytes, r.LabelBytes,
+                    r.ExtendedLabelBytes, r.ExtraIndexBytes);
 }
 
-inline void ExpectSamePolyline(const PolylineRecord& x, const PolylineRecord& y) {
-    EXPECT_EQ(x.Type, y.Type);
-    EXPECT_EQ(x.SubType, y.SubType);
-    EXPECT_EQ(x.Flags1, y.Flags1);
-    EXPECT_EQ(x.Flags2, y.Flags2);
-    EXPECT_EQ(x.ColourBytes, y.ColourBytes);
-    EXPECT_EQ(x.PatternBytes, y.PatternBytes);
-    EXPECT_EQ(x.LabelBytes, y.LabelBytes);
-    EXPECT_EQ(x.ExtendedLabelBytes, y.ExtendedLabelBytes);
-    EXPECT_EQ(x.ExtraIndexBytes, y.ExtraIndexBytes);
+inline auto Fields(const PoiBitmap& b) {
+    return std::tie(b.ColourCount, b.ColourMode, b.PaletteBytes, b.PixelBytes, b.ForcePalette);
 }
 
-inline void ExpectSameBitmap(const PoiBitmap& x, const PoiBitmap& y) {
-    EXPECT_EQ(x.ColourCount, y.ColourCount);
-    EXPECT_EQ(x.ColourMode, y.ColourMode);
-    EXPECT_EQ(x.PaletteBytes, y.PaletteBytes);
-    EXPECT_EQ(x.PixelBytes, y.PixelBytes);
-    EXPECT_EQ(x.ForcePalette, y.ForcePalette);
-}
+inline void ExpectSamePolygon(const PolygonRecord& x, const PolygonRecord& y) { EXPECT_EQ(Fields(x), Fields(y)); }
+inline void ExpectSamePolyline(const PolylineRecord& x, const PolylineRecord& y) { EXPECT_EQ(Fields(x), Fields(y)); }
+inline void ExpectSameBitmap(const PoiBitmap& x, const PoiBitmap& y) { EXPECT_EQ(Fields(x), Fields(y)); }
 
 inline void ExpectSamePoi(const PoiRecord& x, const PoiRecord& y) {
-    EXPECT_EQ(x.Type, y.Type);
-    EXPECT_EQ(x.SubType, y.SubType);
-    EXPECT_EQ(x.Flags, y.Flags);
-    EXPECT_EQ(x.Width, y.Width);
-    EXPECT_EQ(x.Height, y.Height);
+    EXPECT_EQ(std::tie(x.Type, x.SubType, x.Flags, x.Width, x.Height, x.LabelBytes, x.ExtendedLabelBytes),
+              std::tie(y.Type, y.SubType, y.Flags, y.Width, y.Height, y.LabelBytes, y.ExtendedLabelBytes));
     for (int slot = 0; slot < ((x.Flags & 0x02) ? 2 : 1); ++slot) {
         SCOPED_TRACE(slot ? "night" : "day");
         ExpectSameBitmap(x.Bitmaps[slot], y.Bitmaps[slot]);
     }
-    EXPECT_EQ(x.LabelBytes, y.LabelBytes);
-    EXPECT_EQ(x.ExtendedLabelBytes, y.ExtendedLabelBytes);
 }
 
 // Each record of `a` against the one in the same row of `b`.
@@ -81,13 +60,9 @@ void ExpectSameRows(const char* kind, const std::vector<Record>& a, const std::v
                        Compare compare) {
     ASSERT_EQ(a.size(), b.size()) << kind;
     for (std::size_t i = 0; i < a.size(); ++i) {
-        SCOPED_TRACE(Describe(kind, i, a[i].Type, a[i].SubType));
+        SCOPED_TRACE(std::string(kind) + " #" + std::to_string(i) + " " + a[i].Type + "/" + a[i].SubType);
         compare(a[i], b[i]);
     }
-}
-
-inline void ExpectSamePolygons(const Document& a, const Document& b) {
-    ExpectSameRows("polygon", a.Polygons, b.Polygons, ExpectSamePolygon);
 }
 
 inline void ExpectSamePolylines(const Document& a, const Document& b) {
@@ -102,7 +77,7 @@ inline void ExpectSamePois(const Document& a, const Document& b) {
 
 // All three kinds of record.
 inline void ExpectSameRecords(const Document& a, const Document& b) {
-    ExpectSamePolygons(a, b);
+    ExpectSameRows("polygon", a.Polygons, b.Polygons, ExpectSamePolygon);
     ExpectSamePolylines(a, b);
     ExpectSamePois(a, b);
 }
@@ -123,12 +98,10 @@ inline std::vector<DrawOrderEntry> DenseDrawOrder(std::vector<DrawOrderEntry> en
 inline void ExpectSameDocumentContent(const Document& a, const Document& b) {
     ExpectSameRecords(a, b);
     EXPECT_EQ(DenseDrawOrder(a.DrawOrder), DenseDrawOrder(b.DrawOrder));
-    EXPECT_EQ(a.HeaderGapBytes, b.HeaderGapBytes);
-    EXPECT_EQ(a.ExtraPoiDataBytes, b.ExtraPoiDataBytes);
-    EXPECT_EQ(a.ExtraPoiIndexBytes, b.ExtraPoiIndexBytes);
-    EXPECT_EQ(a.LabelTextBytes, b.LabelTextBytes);
-    EXPECT_EQ(a.LabelTable1Bytes, b.LabelTable1Bytes);
-    EXPECT_EQ(a.LabelTable2Bytes, b.LabelTable2Bytes);
+    EXPECT_EQ(std::tie(a.HeaderGapBytes, a.ExtraPoiDataBytes, a.ExtraPoiIndexBytes, a.LabelTextBytes,
+                       a.LabelTable1Bytes, a.LabelTable2Bytes),
+              std::tie(b.HeaderGapBytes, b.ExtraPoiDataBytes, b.ExtraPoiIndexBytes, b.LabelTextBytes,
+                       b.LabelTable1Bytes, b.LabelTable2Bytes));
 }
 
 }  // namespace mirvane::testing

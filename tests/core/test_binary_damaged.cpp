@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "document/encoding.h"
-#include "document/presentation.h"
 #include "document/record_writer.h"
 #include "record_compare.h"
 #include "support/sample_document.h"
@@ -66,9 +65,7 @@ TEST(DamagedInput, WrongSignatureIsReportedAndReadingGoesOn) {
     Bytes file = SampleFile();
     file[2] = 'X';
     const Document doc = ReadTyp(file);
-    EXPECT_NE(doc.ReadErrorLog.find(std::string(150, '-') + "\r\n" +
-                                    "Le fichier semble être corrompu ou ne pas être un fichier TYP valide"),
-              std::string::npos);
+    EXPECT_NE(doc.ReadErrorLog.find("pas être un fichier TYP valide"), std::string::npos);
     EXPECT_EQ(doc.PolygonCount(), 12);
     EXPECT_EQ(doc.PoiCount(), 16);
 }
@@ -132,13 +129,8 @@ TEST(DamagedInput, LastPoiThatRunsOutOfFileIsRetriedSilently) {
     EXPECT_EQ(doc.Pois[0].Bitmaps[0].PixelBytes, source.Pois[0].Bitmaps[0].PixelBytes);
 }
 
-TEST(DamagedInput, HeaderDatesAndUnknownSizes) {
+TEST(DamagedInput, UnknownHeaderSizeIsKept) {
     Bytes file = SampleFile();
-    PutU16(file, 0x0E, 105);
-    file[0x10] = 13;
-    EXPECT_EQ(DateCreationCaption(ReadTyp(file).Header), "    01/12/2005     00:00:00");
-
-    file = SampleFile();
     PutU16(file, 0, 168);  // unknown to the combo, yet reads the eight unknown bytes
     EXPECT_EQ(ReadTyp(file).Identity.HeaderSize, 168);
 }

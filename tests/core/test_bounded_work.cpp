@@ -12,7 +12,6 @@
 #include "base/file_io.h"
 #include "document/encoding.h"
 #include "document/error_log.h"
-#include "document/sorts.h"
 #include "labels/label_block.h"
 #include "record_compare.h"
 #include "text/listing.h"
@@ -48,33 +47,6 @@ TEST(ExchangeSortOrder, EqualsTheLiteralSortOnRandomKeysWithTies) {
         // order must not care about either.
         ASSERT_EQ(ExchangeSortOrder(keys, swapsTies), LiteralExchangeSort(keys, swapsTies))
             << "round " << round << ", " << n << " keys";
-    }
-}
-
-TEST(ExchangeSortOrder, SortsOfTheDocumentMatchTheLiteralSort) {
-    std::mt19937 random(7);
-    for (int round = 0; round < 200; ++round) {
-        std::vector<PolylineRecord> lines;
-        const bool mixTypes = round % 3 == 0;  // one type with both regular and routing lines
-        for (int i = 0; i < 25; ++i) {
-            PolylineRecord r;
-            const int type = 1 + static_cast<int>(random() % 4);
-            r.Type = TypeText(type);
-            r.SubType = "00";
-            const bool routing = mixTypes ? random() % 2 == 0 : type % 2 == 0;
-            r.ExtraIndexBytes = {static_cast<std::uint8_t>(routing ? 1 + random() % 3 : 0), 0};
-            r.Offset = i;
-            lines.push_back(r);
-        }
-        auto literal = lines;
-        for (std::size_t i = 0; i + 1 < literal.size(); ++i)
-            for (std::size_t j = i + 1; j < literal.size(); ++j) {
-                const int ti = HexValue(literal[i].Type), tj = HexValue(literal[j].Type);
-                const int ei = literal[i].ExtraIndexBytes[0] * 256, ej = literal[j].ExtraIndexBytes[0] * 256;
-                if (ti > tj || (ti == tj && (ej < ei || ei == 0))) std::swap(literal[i], literal[j]);
-            }
-        SortPolylinesForWriting(lines);
-        for (std::size_t i = 0; i < lines.size(); ++i) ASSERT_EQ(lines[i].Offset, literal[i].Offset) << round;
     }
 }
 

@@ -15,7 +15,6 @@ using testing::LoadedDocument;
 using testing::PalettePoi;
 using testing::Polygon;
 using testing::Polyline;
-using testing::RichToPlain;
 using testing::TrueColourPoi;
 
 const ListingContext kContext{"    02/01/2024     03:04:05", ListingClock{2025, 8, 9, 10, 11, 12}};
@@ -47,27 +46,7 @@ TEST(Listing, EmptyDocumentHasHeadingsSectionsAndBanners) {
         ";====================== POINTS ==========================";
     EXPECT_EQ(ListWholeDocument(doc, kContext).Plain(), expected);
     EXPECT_FALSE(doc.ReadErrorFlag);
-}
-
-TEST(Listing, HeadingsOnlyForADocumentReadFromABinaryFile) {
-    for (auto [state, fromText] : {std::pair{DocumentState::New, false}, {DocumentState::Loaded, true}}) {
-        Document doc = LoadedDocument();
-        doc.State = state;
-        doc.FromText = fromText;
-        EXPECT_EQ(ListWholeDocument(doc, kContext).Plain().rfind("\r\n\r\n[_id]\r\n", 0), 0u);
-    }
-    Document unnamed = LoadedDocument();
-    unnamed.FileName.clear();
-    EXPECT_EQ(ListWholeDocument(unnamed, kContext).Plain().rfind("; Longueur: 1234 octets\r\n", 0), 0u);
-}
-
-TEST(Listing, IdentitySectionShowsWhatIsNotGivenAsEmpty) {
-    Document doc = LoadedDocument();
-    doc.Identity.CodePage = 65001;
-    doc.Identity.Fid.reset();
-    doc.Identity.ProductCode = 65535;
-    EXPECT_NE(ListWholeDocument(doc, kContext).Plain().find("[_id]\r\nProductCode=65535\r\nFID=\r\nCodePage=65001\r\n [End]"),
-              std::string::npos);
+    EXPECT_TRUE(ListOneObject(doc, ObjectRef{ObjectKind::Polyline, 0}).Pieces().empty());
 }
 
 // The listing of one well-formed object, which must log nothing.
@@ -95,9 +74,6 @@ TEST(Listing, ObjectsOfEveryLayout) {
         std::size_t count = 0;                                      // all lines when not 0
     };
     const Case cases[] = {
-        {"extended type keeps three digits, day and night colours",
-         LinesOf(Polygon("10e", "00", 7, Colours({0xA0B0C0, 1}))),
-         {{1, "Type=0x10e00"}, {3, "Xpm=\"0 0 2 0\""}, {4, "\"1 c #A0B0C0\""}, {5, "\"2 c #000001\""}}},
         {"pattern on a transparent ground prints blanks",
          LinesOf([] {
              PolygonRecord r = Polygon("001", "00", 0x0A, Colours({0xFF0000}));
@@ -107,9 +83,6 @@ TEST(Listing, ObjectsOfEveryLayout) {
          {{3, "Xpm=\"32 32 2 1\""}, {4, "\"! c #FF0000\""}, {5, "\"  c none\""},
           {6, "\"!      !                        \""}, {7, "\"" + blanks + "\""}, {38, ruler}},
          4 + 2 + 32 + 2},  // heads, colours, rows, ruler and [end]
-        {"four colours with a transparent night ground", LinesOf(Polygon("001", "00", 0x0D, Colours({1, 2, 3}))),
-         {{3, "Xpm=\"32 32 4 1\""}, {4, "\"! c #000001\""}, {5, "\"# c #000002\""}, {6, "\"3 c #000003\""},
-          {7, "\"4 c none\""}, {8, "\"" + std::string(32, '#') + "\""}}},
         {"line with a border of half a pixel", LinesOf(Polyline(0, 0, Colours({0x111111, 0x222222}), {2, 5})),
          {{0, "[_line]"}, {1, "Type=0x01"}, {2, "UseOrientation=Y"}, {3, "LineWidth=2"}, {4, "BorderWidth=1.5"},
           {5, "Xpm=\"0 0 2 0\""}, {6, "\"1 c #111111\""}, {7, "\"2 c #222222\""}, {8, "ExtendedLabels=N"},
@@ -117,26 +90,8 @@ TEST(Listing, ObjectsOfEveryLayout) {
         {"POI with transparent pixels and a ruler of 33", LinesOf(PalettePoi(33, 1, 2, 2)),
          {{4, "DayXpm=\"33 1 3 1\"   Colormode=16"}, {7, "\"  \tc none\""}, {8, "\"" + std::string(33, ' ') + "\""},
           {9, ruler}}},
-        {"POI of no size with a night block",
-         LinesOf([] {
-             PoiRecord r = PalettePoi(0, 0, 0, 0);
-             r.Flags = 2;
-             return r;
-         }()),
-         {{4, "DayXpm=\"0 0 0 0\""}, {5, "NightXpm=\"0 0 0 0\""}}},
-        {"night bitmap",
-         LinesOf([] {
-             PoiRecord r = PalettePoi(1, 1, 1, 0);
-             r.Flags = 3;
-             r.Bitmaps[1] = r.Bitmaps[0];
-             r.Bitmaps[1].PaletteBytes = Colours({0x0A0B0C});
-             return r;
-         }()),
-         {{8, "NightXpm=\"1 1 1 1\"   Colormode=16"}, {9, "\"!\tc #0A0B0C\""}}},
         {"true colour, mode 0", LinesOf(TrueColourPoi(0, Colours({0x102030, 0x405060}))),
          {{4, "DayXpm=\"2 1 0 1\"   Colormode=0"}, {5, noPalette}, {6, "\"#102030\""}, {7, "\"#405060\""}, {8, ";12"}}},
-        {"true colour, mode 16", LinesOf(TrueColourPoi(16, Colours({0x405060, 0x102030, 0x405060}))),
-         {{6, "\"#405060\""}, {7, "\"#102030\""}, {8, "\"#405060\""}}},
         // 28 bits a pixel: 0x102030 alpha 0, then 0x405060 alpha 15.
         {"true colour, mode 32", LinesOf(TrueColourPoi(32, {0x30, 0x20, 0x10, 0x00, 0x06, 0x05, 0xF4})),
          {{6, "\"#102030\"  canalalpha=0"}, {7, "\"#405060\"  canalalpha=15"}}},
@@ -149,17 +104,6 @@ TEST(Listing, ObjectsOfEveryLayout) {
             EXPECT_EQ(c.lines[index], text);
         }
     }
-}
-
-TEST(Listing, BadLabelBlockIsLoggedAndTheObjectListed) {
-    Document doc = LoadedDocument();
-    doc.Pois = {PalettePoi(1, 1, 1, 0)};
-    doc.Pois[0].Flags |= 0x04;
-    doc.Pois[0].LabelBytes = {1};
-    const auto lines = ObjectLines(doc, ObjectKind::Poi);
-    EXPECT_EQ(lines[3], "ExtendedLabels=N");
-    EXPECT_EQ(doc.ReadErrorLog, "\r\nProbl\xC3\xA8me de lecture des strings du POI Type=0x02f  SubTypes = 0x0f");
-    EXPECT_TRUE(doc.ReadErrorFlag);
 }
 
 TEST(Listing, BrokenObjectsAreLoggedAndTheListingGoesOn) {
@@ -185,65 +129,6 @@ TEST(Listing, BrokenObjectsAreLoggedAndTheListingGoesOn) {
               "\r\nProbl\xC3\xA8me avec la polyligne Type=0x001   SubType=0x00"
               "\\par Probl\xC3\xA8me avec le POI  Type=0x02f   SubType=0x0f"
               "\\par Probl\xC3\xA8me avec le POI  Type=0x02f   SubType=0x0f");
-}
-
-TEST(Listing, LineWithFlags2ShowsItsMessageAndGoesOn) {
-    Document doc = LoadedDocument();
-    doc.Polylines = {Polyline(2, 0, Colours({1}), {1})};
-    EXPECT_EQ(ListOneObject(doc, ObjectRef{ObjectKind::Polyline, 0}).Notices, std::vector<std::string>{"1er octet d'en-t\xC3\xAAte : 0x02 !!!"});
-}
-
-Document RichSample() {
-    Document doc = LoadedDocument();
-    PolygonRecord polygon = Polygon("10e", "01", 0x19, Colours({1, 2, 3, 4}));
-    polygon.LabelBytes = EncodeLabelBlock({{0, "ab"}});
-    doc.Polygons = {polygon};
-    doc.Polylines = {Polyline(1 << 3, 0x05, Colours({1, 2}), Bytes(4, 0x0F))};
-    doc.Polylines[0].LabelBytes = EncodeLabelBlock({{2, "x"}});
-    doc.Polylines[0].ExtendedLabelBytes = {0x0B, 1, 2, 3};
-    doc.PolylineCount = 1;
-    PoiRecord mode32 = PalettePoi(1, 1, 1, 0);
-    mode32.Bitmaps[0].ColourMode = 32;
-    mode32.Bitmaps[0].PaletteBytes = {0x30, 0x20, 0x10, 0x07};  // 0x102030, alpha 7
-    doc.Pois = {PalettePoi(3, 2, 3, 1), TrueColourPoi(0, Colours({1, 2})), mode32};
-    doc.DrawOrder = {{1, 3, 0}, {1, 0x10e, 1}, {3, 5, 7}};
-    const std::string comment = "one\r\ntwo\nthree";  // both line ends come out as CR LF
-    doc.HeaderGapBytes.assign(comment.begin(), comment.end());
-    return doc;
-}
-
-// The rich form reads back as the plain one, dressed in the colours given.
-TEST(Listing, RichFormDressesThePlainForm) {
-    Document doc = RichSample();
-    const ListingText text = ListWholeDocument(doc, kContext);
-    EXPECT_EQ(RichToPlain(text.Rich()), text.Plain());
-    for (ObjectKind kind : kObjectKinds) {
-        const ListingText listing = ListOneObject(doc, ObjectRef{kind, 0});
-        EXPECT_EQ(RichToPlain(listing.Rich()), listing.Plain());
-    }
-    RtfColours colours;
-    colours.Colour[1] = "\\red1\\green2\\blue3";
-    const std::string rich = text.Rich(colours);
-    EXPECT_EQ(rich.rfind("{{\\colortbl \\red0\\green0\\blue0;\\red1\\green2\\blue3;\\red0\\green0\\blue255;"
-                         "\\red255\\green0\\blue0;}{\\cf0{\\cf1; test.typ}\\par {\\cf1; Longueur: 1234 octets}",
-                         0),
-              0u);
-    for (const char* dress : {"\\par \\par {\\fs20 \\cf2 [_id]}\\par {\\cf3 ProductCode=}1\\par ",
-                              "\\par { \\cf2 [End]}", "{\\cf2[_drawOrder]}\\par Type=0x003,1\\par Type=0x10e01,1\\par Type=0x00507,3",
-                              "{\\cf2 [_comments]}\\par one\\par two\\par three\\par {\\cf2 [End]}",
-                              "{\\cf3 Type=0x}10e01\\par{\\cf3 String1=}0x00,ab\\par {\\cf3 ExtendedLabels=}N",
-                              "{\\cf3 Xpm=}\"32 32 4 1\"", "{\\cf1 ;12345678901234567890123456789012}",
-                              "{\\cf3 DaycustomColor:}#030201", "{\\cf3 DayXpm=}\"3 2 3 1\"   {\\cf3 Colormode=}16",
-                              "{\\cf1 ;Couleurs 24 bits : pas de palette }", "\"!\tc #102030\"  {\\cf3 canalalpha=}7",
-                              "{\\cf2 [end]}}}"})
-        EXPECT_NE(rich.find(dress), std::string::npos) << dress;
-}
-
-TEST(Listing, SingleObjectIsFramedAlone) {
-    Document doc = RichSample();
-    const std::string rich = ListOneObject(doc, ObjectRef{ObjectKind::Polyline, 0}).Rich();
-    EXPECT_NE(rich.find("}{\\cf0{\\cf2 [_line]}\\par {\\cf3 Type=0x}01"), std::string::npos);
-    EXPECT_TRUE(ListOneObject(doc, ObjectRef{ObjectKind::Polyline, 5}).Pieces().empty());
 }
 
 }  // namespace
