@@ -2,17 +2,10 @@
 // value 0, '1' is 1, and so on up the character table.
 #pragma once
 
-#include <ostream>
 #include <string>
 #include <vector>
 
 #include "graphics/pixel_grid.h"
-
-namespace mirvane {
-
-inline void PrintTo(const Cell& cell, std::ostream* out) { *out << "(" << cell.x << "," << cell.y << ")"; }
-
-}  // namespace mirvane
 
 namespace mirvane::testing {
 

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <tuple>
 
 #include "graphics/pixel_grid.h"
+#include "graphics/transforms.h"
 #include "grid_text.h"
 
 using namespace mirvane;
@@ -20,10 +22,16 @@ TEST(PixelGrid, CellsOutsideTheGridAreRefused) {
     EXPECT_EQ(grid, IndexGrid(3, 2));
 }
 
-TEST(PixelGrid, ResizeKeepsTheTopLeftAndFillsTheRest) {
-    IndexGrid grid = GridOf({"123", "456"});
-    grid.Resize(4, 3, 9);
-    EXPECT_EQ(RowsOf(grid), (GridRows{"1239", "4569", "9999"}));
-    grid.Resize(2, 1);
-    EXPECT_EQ(RowsOf(grid), (GridRows{"12"}));
+TEST(Transforms, TurnKeepingSizeClipsToTheBuffer) {
+    // A pattern 4 wide and 2 high turns inside a 4 x 4 square and is cut back to 4 x 2.
+    for (const auto& [turn, after, square] :
+         {std::tuple{Turn::Clockwise, GridRows{"0051", "0062"}, GridRows{"31", "42"}},
+          std::tuple{Turn::CounterClockwise, GridRows{"4800", "3700"}, GridRows{"24", "13"}}}) {
+        IndexGrid grid = GridOf({"1234", "5678"});
+        RotateKeepingSize(grid, turn, std::uint8_t{0});
+        EXPECT_EQ(RowsOf(grid), after);
+        IndexGrid small = GridOf({"12", "34"});
+        RotateKeepingSize(small, turn, std::uint8_t{0});
+        EXPECT_EQ(RowsOf(small), square);
+    }
 }
