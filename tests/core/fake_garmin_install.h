@@ -1,9 +1,7 @@
-// Garmin installations built in a temporary folder: a 64-bit Wine prefix
-// whose registry holds families, a family with an escaped name and a product,
-// with their TDB files; installed folders with info_v2.xml, info.xml and
-// none; tile caches holding files, a subfolder and links to a folder outside,
-// whose files must survive every clearing. And a macOS home with a .gmap
-// bundle and BaseCamp's caches.
+// Garmin installations in a temporary folder: a 64-bit Wine prefix with
+// families, an escaped family name, a product and installed folders; tile
+// caches with links to a folder outside whose files must survive every
+// clearing. And a macOS home with a .gmap bundle.
 #pragma once
 
 #include <algorithm>
@@ -51,8 +49,6 @@ public:
 
         const fs::path macMaps = MacHome() / "Library/Application Support/Garmin/Maps";
         Write(macMaps / "Corse.gmap/Info.xml", kMacInfo);
-        Write(MacHome() / "Library/Application Support/Garmin/BaseCamp/TileCache/d.tile", "d");
-        Write(MacHome() / "Library/Caches/com.garmin.BaseCamp/e.tile", "e");
 
         WriteTyp(Elsewhere() / "style.typ", 1000, 1);
     }
@@ -129,11 +125,9 @@ private:
         "[Software\\\\Garmin\\\\MapSource\\\\Families\\\\Only64] 1700000000\n"
         "\"ID\"=dword:00000001\n\n"
         "[Software\\\\Wow6432Node\\\\Garmin\\\\MapSource\\\\Families\\\\OSM Topo] 1700000000\n"
-        "#time=1d9a1b2c3d4e5f6\n"
         "\"ID\"=hex:e8,03\n"
         "\"TYP\"=\"C:\\\\Garmin\\\\OSM Topo\\\\osm.typ\"\n\n"
         "[Software\\\\Wow6432Node\\\\Garmin\\\\MapSource\\\\Families\\\\OSM Topo\\\\1] 1700000000\n"
-        "\"BMAP\"=\"C:\\\\Garmin\\\\OSM Topo\\\\basemap.img\"\n"
         "\"LOC\"=\"C:\\\\Garmin\\\\OSM Topo\"\n"
         "\"TDB\"=\"C:\\\\garmin\\\\osm topo\\\\osm.tdb\"\n\n"
         "[Software\\\\Wow6432Node\\\\Garmin\\\\MapSource\\\\Families\\\\OSM Topo\\\\2] 1700000000\n"

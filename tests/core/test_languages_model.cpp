@@ -45,9 +45,6 @@ TEST_F(LanguagesModelTest, TheChoiceIsStoredAndFrenchAgainAsksForARestartInTheLa
         {"English", "English", LanguageChange::Unchanged, std::nullopt, {}},
         {kBuiltInLanguage, "Deutsch", LanguageChange::Translated, "Deutsch", {}},
         {"English", kFrenchRow, LanguageChange::BackToFrench, "Francais", {"Mirvane|Please restart"}},
-        // A language file without the message gives the English default.
-        {"Deutsch", kFrenchRow, LanguageChange::BackToFrench, "Francais",
-         {"Mirvane|Restart Mirvane to apply changes to Main Window"}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.Current) + " -> " + c.Chosen);
@@ -64,18 +61,6 @@ TEST_F(LanguagesModelTest, TheChoiceIsStoredAndFrenchAgainAsksForARestartInTheLa
         EXPECT_EQ(settings.Get("Paramètres", "Langue"), c.Stored);
         EXPECT_EQ(prompts.Texts("inform"), c.Informed);
     }
-}
-
-TEST_F(LanguagesModelTest, AStrayFrancaisFileChangesMessagesButNotCaptions) {
-    WriteLanguage("Francais", "[Langues]\nfrmLangues=Langues\ncmdOK=D'accord\n");
-    SetLanguageName(kBuiltInLanguage);
-    EXPECT_EQ(FormCaption("Langues", "Langues disponibles", "frmLangues"), "Langues disponibles");
-    EXPECT_EQ(FormCaption("Langues", "OK", "cmdOK"), "OK");
-    EXPECT_EQ(LookupText("Langues", "OK", "cmdOK"), "D'accord");
-
-    SetLanguageName("English");
-    WriteLanguage("English", "[Langues]\nfrmLangues=Available languages\n");
-    EXPECT_EQ(FormCaption("Langues", "Langues disponibles", "frmLangues"), "Available languages");
 }
 
 TEST_F(LanguagesModelTest, AMissingFolderListsOnlyFrench) {
