@@ -1,8 +1,9 @@
 #include "colour/palette.h"
 
+#include "base/numbers.h"
+
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 
 namespace mirvane {
@@ -149,9 +150,7 @@ std::int32_t RgbNumber(Colour c) {
 }
 
 std::string ColourText(Colour c) {
-    char text[8];
-    std::snprintf(text, sizeof text, "#%06X", static_cast<unsigned>(RgbNumber(c)) & 0xFFFFFFu);
-    return text;
+    return "#" + HexDigits(static_cast<std::uint32_t>(RgbNumber(c)), 6, HexCase::Upper);
 }
 
 Hsl RgbToHsl(std::uint8_t r8, std::uint8_t g8, std::uint8_t b8) {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/numbers.h"
+#include "colour/palette.h"
 #include "document/bitmap_codec.h"
 #include "document/encoding.h"
 #include "document/object_codec.h"
@@ -25,12 +26,8 @@ T Need(const std::optional<T>& value) {
     return *value;
 }
 
-std::string Hex2(unsigned value) { return HexDigits(value, 2, HexCase::Upper); }
-
-// "#RRGGBB" of a 0x00BBGGRR colour.
-std::string ColourText(std::uint32_t colour) {
-    return "#" + Hex2(colour & 0xFF) + Hex2((colour >> 8) & 0xFF) + Hex2((colour >> 16) & 0xFF);
-}
+// "#RRGGBB" of a decoded colour; what lies above its 24 bits is not listed.
+std::string ListedColour(std::uint32_t colour) { return ColourText(static_cast<Colour>(colour & 0xFFFFFFu)); }
 
 std::string Quoted(std::string_view inner) {
     std::string line;
@@ -57,7 +54,7 @@ void TypeLine(ListingText& text, const std::string& type, const std::string& sub
 }
 
 void ColourLine(ListingText& text, std::string_view code, std::uint32_t colour) {
-    text.TextLine(Quoted(std::string(code) + " c " + ColourText(colour)));
+    text.TextLine(Quoted(std::string(code) + " c " + ListedColour(colour)));
 }
 
 // "! c", "# c" or "  c none", and with night colours "3 c", "4 c" or "4 c
@@ -233,10 +230,10 @@ void TrueColourBitmap(const DecodedBitmap& bitmap, int width, int height, std::s
     text.Comment(";Couleurs 24 bits : pas de palette ");
     if (bitmap.Status == DecodeStatus::UnknownColourMode) return;
     if (bitmap.Status != DecodeStatus::Ok) throw ListingFault();
-    if (bitmap.ColourMode == 16) text.TextLine(Quoted(ColourText(bitmap.KeyColour)));
+    if (bitmap.ColourMode == 16) text.TextLine(Quoted(ListedColour(bitmap.KeyColour)));
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            std::string line = Quoted(ColourText(bitmap.Colours.At({x, y})));
+            std::string line = Quoted(ListedColour(bitmap.Colours.At({x, y})));
             if (bitmap.ColourMode == 32) line += "  canalalpha=" + std::to_string(bitmap.Alpha.At({x, y}));
             text.TextLine(line);
         }
@@ -262,7 +259,7 @@ void PaletteBitmap(const DecodedBitmap& bitmap, int width, int height, std::stri
     for (std::size_t k = 0; k < count; ++k) {
         std::string line = "\"";
         AppendCode(line, static_cast<unsigned>(k), twoCharacters);
-        line += "\tc " + ColourText(bitmap.Palette[k].Colour) + "\"";
+        line += "\tc " + ListedColour(bitmap.Palette[k].Colour) + "\"";
         if (bitmap.ColourMode == 32) {
             text.TextLine(line + "  ");
             text.Key("canalalpha=");
@@ -487,7 +484,7 @@ void lecture_Labels(ListingText& text, const Bytes& labelBytes, Document& doc, i
     for (const LabelText& label : *labels) {
         text.LabelBreak();
         text.Key("String" + std::to_string(++n) + "=");
-        text.Text("0x" + Hex2(label.LanguageCode) + "," + label.Text);
+        text.Text("0x" + HexDigits(label.LanguageCode, 2, HexCase::Upper) + "," + label.Text);
     }
 }
 
@@ -495,8 +492,8 @@ void lecture_ExtendedLabels(const Bytes& extendedLabelBytes, ListingText& text) 
     const ExtendedLabelStyle style = Need(DecodeExtendedLabelBlock(extendedLabelBytes));
     text.KeyLine("FontStyle=", FontStyleText(style.FontStyle));
     text.KeyLine("CustomColor=", CustomColorText(style.CustomColor));
-    if (style.CustomColor & 1) text.KeyLine("DaycustomColor:", ColourText(style.DayColour));
-    if (style.CustomColor & 2) text.KeyLine("NightcustomColor:", ColourText(style.NightColour));
+    if (style.CustomColor & 1) text.KeyLine("DaycustomColor:", ListedColour(style.DayColour));
+    if (style.CustomColor & 2) text.KeyLine("NightcustomColor:", ListedColour(style.NightColour));
 }
 
 void AffichePolygone(Document& doc, int index, ListingText& text) {
